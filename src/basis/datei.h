@@ -1,0 +1,150 @@
+// Files: existence, block-wise reading, and the replacement of a file as one commit.
+//
+// Reading never trusts a length that stands in a file: whatever is asked for is bounded by the file's real size.
+// Writing a user's file goes through Dateiersatz: the new content takes the place of the old one in one rename or not
+// at all. The bodies stand in plattform/, one per system; nothing here throws.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace liedwerk {
+
+// What a look at a file tells. Times are seconds since 1970 UTC.
+struct Dateistand {
+    std::uint64_t Größe = 0;
+    std::int64_t Änderungszeit = 0;
+    std::uint64_t Gerät = 0;
+    std::uint64_t Inode = 0;
+    bool IstOrdner = false;
+    bool IstDatei = false;  // a regular file, after following links
+    bool operator==(const Dateistand&) const = default;
+};
+
+// A failed operation of the system: its number and its text for the person.
+struct Dateifehler {
+    int Nummer = 0;
+    std::string Text;
+    explicit operator bool() const { return Nummer != 0; }
+};
+
+// What stands under the path, links followed; nothing when it cannot be asked.
+std::optional<Dateistand> DateistandLesen(std::string_view Pfad);
+
+// True for an existing file of any kind but a folder. An empty path and one that ends in ":", "\" or "/" are false.
+bool DateiExistiert(std::string_view Pfad);
+// True for an existing folder.
+bool OrdnerExistiert(std::string_view Pfad);
+// True when the file is there and can be opened for writing now (nothing is changed).
+bool DateiBeschreibbar(std::string_view Pfad);
+
+// Removes a file; write protection of the file itself does not hinder it. A file that is not there is an error.
+Dateifehler DateiLöschen(std::string_view Pfad);
+// Renames within one file system; an existing target is replaced. The folder is flushed.
+Dateifehler DateiUmbenennen(std::string_view Alt, std::string_view Neu);
+// Creates the folder and those above it.
+Dateifehler OrdnerAnlegen(std::string_view Pfad);
+// Copies a file completely or not at all, through "<Ziel>~" and a rename, modification time kept.
+Dateifehler DateiKopieren(std::string_view Quelle, std::string_view Ziel);
+
+// An open file for reading. Movable, closes itself.
+class Lesedatei {
+  public:
+    Lesedatei() = default;
+    // Opens a regular file; other kinds (pipes, devices, folders) are refused with an error and never block.
+    static Lesedatei Öffnen(std::string_view Pfad, Dateifehler* Fehler = nullptr);
+    Lesedatei(Lesedatei&& Andere) noexcept;
+    Lesedatei& operator=(Lesedatei&& Andere) noexcept;
+    Lesedatei(const Lesedatei&) = delete;
+    Lesedatei& operator=(const Lesedatei&) = delete;
+    ~Lesedatei();
+
+    bool Offen() const { return Griff >= 0; }
+    // State at the time of opening.
+    const Dateistand& Stand() const { return Zustand; }
+    std::uint64_t Größe() const { return Zustand.Größe; }
+    // Reads up to Länge bytes at the 0-based offset Stelle into Ziel; gives the number read, less only at the end of
+    // the file or on an error.
+    std::size_t Lesen(char* Ziel, std::uint64_t Stelle, std::size_t Länge) const;
+    // The same as a string; never longer than the file.
+    std::string Lesen(std::uint64_t Stelle, std::uint64_t Länge) const;
+
+  private:
+    int Griff = -1;
+    Dateistand Zustand;
+};
+
+// The whole content of a file up to Höchstens bytes; nothing on failure or when it is longer.
+std::optional<std::string> DateiLesen(std::string_view Pfad, std::uint64_t Höchstens = UINT64_MAX);
+
+// Replaces a file by new content: the commit object of the house. Content goes to a temporary name in the folder of
+// the target, which is opened without following links and without truncation and is locked; only then it is emptied
+// and written. Übernehmen flushes it, gives it mode, owner (where possible) and extended attributes of the old file,
+// renames it over the target and flushes the folder. The destructor without Übernehmen removes the temporary file and
+// leaves the target as it was.
+class Dateiersatz {
+  public:
+    enum class Öffnung {
+        Bereit,
+        Gesperrt,  // another process is writing under this temporary name
+        Fehler,
+    };
+
+    Dateiersatz() = default;
+    Dateiersatz(const Dateiersatz&) = delete;
+    Dateiersatz& operator=(const Dateiersatz&) = delete;
+    ~Dateiersatz();
+
+    // Prepares the replacement of Ziel through Temporär (same folder). An unlocked file of ours that lies there is
+    // taken over and emptied; a link, a folder or another kind of file is an error.
+    Öffnung Öffnen(std::string Ziel, std::string Temporär);
+    // Appends bytes; large pieces go straight to the system, small ones are collected. False after the first error.
+    bool Schreiben(std::string_view Bytes);
+    // Makes the new content the target. False on failure: then the target is the old one, whole. With BehalteTemporär
+    // a failed rename leaves the temporary file in place.
+    bool Übernehmen(bool BehalteTemporär = false);
+    // Gives up: the temporary file goes.
+    void Verwerfen();
+    // The first error; empty while all went well.
+    const Dateifehler& Fehler() const { return ErsterFehler; }
+    // State of the new file after Übernehmen.
+    const Dateistand& Stand() const { return Zustand; }
+
+  private:
+    bool Leeren();
+    std::string Zielpfad;
+    std::string Temporärpfad;
+    std::string Puffer;
+    int Griff = -1;
+    Dateifehler ErsterFehler;
+    Dateistand Zustand;
+};
+
+// The state of a "~" file that lies beside a target.
+enum class Sperrzustand {
+    Keine,     // no such file
+    Frei,      // it lies there, nobody holds it: left behind by a crash
+    Gehalten,  // a process holds it locked: a save is running
+};
+Sperrzustand SperreLesen(std::string_view Temporär);
+
+// A window onto the beginning of a file that grows by need: parsers ask for the bytes that they look at, and only
+// those are read. Offsets are 0-based.
+class Dateianfang {
+  public:
+    explicit Dateianfang(const Lesedatei& Quelle) : Datei(Quelle) {}
+    // The first Länge bytes of the file, or all of them when it is shorter. Valid until the next call.
+    std::string_view Bis(std::uint64_t Länge);
+    std::uint64_t Dateigröße() const { return Datei.Größe(); }
+    const Lesedatei& Quelle() const { return Datei; }
+
+  private:
+    const Lesedatei& Datei;
+    std::string Puffer;
+    std::size_t Gültig = 0;
+};
+
+}  // namespace liedwerk

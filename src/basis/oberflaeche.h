@@ -1,0 +1,67 @@
+// The port to the person: messages, questions, progress, and one turn of the event loop.
+//
+// All texts are German and final; an implementation shows them and adds nothing but its own frame. The window's and
+// the command line's implementations stand in ui/, the scripted one of the tests in plattform/speicher.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace liedwerk {
+
+// The program's title as it stands in messages and in names of places.
+inline constexpr std::string_view Programmtitel = "Liedwerk";
+
+enum class Symbol { Information, Ausrufezeichen, Kritisch, Frage };
+enum class Knöpfe { JaNein, JaNeinAbbrechen };
+enum class Antwort { Ja, Nein, Abbrechen };
+
+// Answer of the dialog about an absent medium, with the numbers of its buttons.
+enum class Verfügbarkeitsantwort { Verfügbar = 0, Überspringen = 1, Abbrechen = 2, AlleÜberspringen = 3 };
+
+// What the dialog about an absent medium needs: its text and the look that its timer repeats every second.
+struct Verfügbarkeitsfrage {
+    std::string Text;
+    // Looks at the drive anew; puts the current medium into Aktuell and gives true when the file is at hand.
+    std::function<bool(std::string& Aktuell)> Nachsehen;
+};
+
+class Oberfläche {
+  public:
+    virtual ~Oberfläche() = default;
+
+    // A message box with the program's title and one button.
+    virtual void Melden(Symbol Zeichen, std::string_view Text) = 0;
+    // A question; Vorgabe is the preset button.
+    virtual Antwort Fragen(Symbol Zeichen, std::string_view Text, Knöpfe Auswahl, Antwort Vorgabe) = 0;
+    Antwort JaNein(Symbol Zeichen, std::string_view Text, Antwort Vorgabe = Antwort::Ja) {
+        return Fragen(Zeichen, Text, Knöpfe::JaNein, Vorgabe);
+    }
+    // The text of the status line; it goes after Dauer milliseconds when that is above 0.
+    virtual void StatusZeigen(std::string_view Text, int Dauer = 0) = 0;
+    // frmDateiNichtVerfügbar, modal.
+    virtual Verfügbarkeitsantwort DateiNichtVerfügbarZeigen(const Verfügbarkeitsfrage& Frage) = 0;
+
+    // Fortschritt, the one modal progress window. Starting while it is open changes its title and bound. Höchstens is
+    // ignored without percentage. The window appears after 300 ms at the earliest.
+    virtual void FortschrittStarten(std::string_view Titel, bool MitProzent, std::int64_t Höchstens) = 0;
+    // Sets text (an empty one keeps the old) and position, gives the event loop a turn, and is false when the person
+    // has cancelled. True as well when no progress is open. Cheap enough for every record: it throttles itself.
+    virtual bool FortschrittZeigen(std::string_view Text, std::int64_t Position) = 0;
+    virtual void FortschrittSchließen() = 0;
+    virtual bool FortschrittOffen() const = 0;
+
+    // One turn of the event loop.
+    virtual void EreignisseVerarbeiten() = 0;
+};
+
+// The hint behind messages about files, its lines joined by line feeds.
+inline constexpr std::string_view ZugriffsHinweis =
+    "Stellen Sie sicher, dass...\n"
+    " \xE2\x80\xA2 diese nicht in einem Programm (z.B. Download, Audioplayer) geöffnet ist.\n"
+    " \xE2\x80\xA2 der Zugriff möglich ist (z.B. schreibgeschütze(s) Datei/Laufwerk).\n"
+    " \xE2\x80\xA2 Sie die nötigen Datei-/Ordner-Berechtigungen besitzen";
+
+}  // namespace liedwerk

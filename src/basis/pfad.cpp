@@ -1,0 +1,1 @@
+#include "basis/pfad.h"

@@ -1,0 +1,1 @@
+#include "basis/text.h"

@@ -1,0 +1,1 @@
+#include "basis/zahl.h"
