@@ -1,0 +1,90 @@
+// Who owns what while the program runs.
+//
+// core/ is where start, modes, periodic work and the end of the system stand, and the flows that span
+// folders. Main (start.h) walks the stages of the start, StandardDateiLaden (laden.h) fetches the data,
+// SucheAktualisieren (suchlauf.h) and the adding runs (hinzufuegelauf.h) connect index, search and list,
+// FensterSchließen (beenden.h) ends. Anwendung is the plain sum of what lives during a run; it does nothing
+// itself, and nobody takes it to reach three of its members. The windows hang on the port Hauptfenster; the
+// command line program has one that shows nothing.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "basis/einstellungen.h"
+#include "basis/oberflaeche.h"
+#include "basis/uhr.h"
+#include "core/einstellungsspeicher.h"
+#include "core/hauptfenster.h"
+#include "core/protokolldatei.h"
+#include "dateien/hinzufuegen.h"
+#include "dateien/medium.h"
+#include "index/katalog.h"
+#include "index/leser.h"
+#include "medien/medienlesen.h"
+#include "plattform/laufwerke.h"
+#include "plattform/medienauskunft.h"
+#include "plattform/ordnerleser.h"
+#include "suche/abfrage.h"
+#include "suche/liste.h"
+#include "suche/suchpuffer.h"
+
+namespace liedwerk {
+
+// The ports of a run, owned by main of the program in question.
+struct Dienste {
+    Oberfläche& Person;
+    Hauptfenster& Fenster;
+    const Uhr& Zeit;
+    const Laufwerke& Drives;
+    const Ordnerleser& Ordner;
+    const Medienauskunft* Auskunft = nullptr;
+    Wertspeicher& Nutzerwerte;
+    Wertspeicher* Rechnerwerte = nullptr;  // machine-wide seed, read-only
+    std::string Programmordner;
+};
+
+struct Anwendung {
+    explicit Anwendung(const Dienste& Ports) : Dienst(Ports), Log(Ports.Programmordner) {}
+
+    Dienste Dienst;
+    Protokolldatei Log;
+    Einstellungen Werte;
+    Katalog Index;
+    Suchabfragen Abfragen;
+    Suchpuffer Puffer;
+    Liste Ansicht;
+    Mediumspeicher Medium;
+    Pfadverzeichnis Pfade;
+
+    std::string Kommandozeile;          // as it was given, for messages
+    bool NameVonKommandozeile = false;  // IndexDateiname is not written back to the settings
+    bool TagLesenNurLauf = false;       // Mp3TagLesen was set for the run only; TagLesenGemerkt goes back
+    std::string TagLesenGemerkt;
+    bool Startet = false;
+    bool ErsterStart = false;
+    bool BeendenErbeten = false;  // the start ends the system by itself
+    bool LaufAktiv = false;       // a long run is active: timers return at once
+    Zeitpunkt StartZeit;
+    Zeitpunkt LetzteSpeicherung;
+};
+
+// The surroundings that the folders below core ask for, made from the parts of a run.
+Medienumgebung MedienumgebungVon(const Anwendung& Programm);
+MedienLeser MedienleserVon(const Anwendung& Programm);
+Mediumumgebung MediumumgebungVon(const Anwendung& Programm);
+Indexumgebung IndexumgebungVon(Anwendung& Programm);
+Hinzufügeumgebung HinzufügeumgebungVon(Anwendung& Programm);
+
+// Program version as its three parts; Versionszahl is the number formed by major and minor (100 for 1.00).
+struct Programmversion {
+    std::string Haupt;
+    std::string Neben;
+    std::string Revision;
+};
+const Programmversion& Version();
+std::int16_t Versionszahl();
+// "Liedwerk 1.0".
+std::string ProgrammnameMitVersion();
+
+}  // namespace liedwerk

@@ -1,0 +1,20 @@
+// The end of the system, and the periodic saving.
+#pragma once
+
+#include "core/anwendung.h"
+
+namespace liedwerk {
+
+// Why the window closes, with the numbers of UnloadMode.
+enum class Schließgrund { Person = 0, Programm = 1, Betriebssystem = 2, TaskManager = 3 };
+
+// Form_QueryUnload: false keeps the system running (cancelled, minimised, gone to the tray). True: the index
+// is saved as wanted and the settings are written; the process may end.
+bool FensterSchließen(Anwendung& Programm, Schließgrund Grund);
+// The end that the program starts by itself: without the question what closing shall do.
+void SofortBeenden(Anwendung& Programm);
+
+// One tick's look at RegelmäßigSpeichernAlle.
+void RegelmäßigSpeichern(Anwendung& Programm);
+
+}  // namespace liedwerk

@@ -1,0 +1,14 @@
+// Main: the stages of the start.
+#pragma once
+
+#include "core/anwendung.h"
+#include "core/startauftrag.h"
+
+namespace liedwerk {
+
+// Runs all stages in their order. A failing stage is reported and logged, and the next one runs. Afterwards
+// Programm.BeendenErbeten says that the system shall end at once (nothing to show, or the TAG editor is
+// done).
+void Main(Anwendung& Programm, const Startauftrag& Auftrag);
+
+}  // namespace liedwerk

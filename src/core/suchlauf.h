@@ -1,0 +1,19 @@
+// The refresh: search row into the query set, search, list.
+#pragma once
+
+#include "core/anwendung.h"
+
+namespace liedwerk {
+
+// What tmrListe runs at its expiry. With MitVorschlägen suggestions are made whatever the setting says.
+void SucheAktualisieren(Anwendung& Programm, bool MitVorschlägen = false);
+// cmdSucheLöschen: empty row, empty set, whole index.
+void SucheLöschen(Anwendung& Programm);
+// Columns of the list from the index's layout string.
+void SpaltenAusIndex(Anwendung& Programm);
+// The window's columns into the layout string; marks the index as changed when they differ.
+void SpaltenInIndex(Anwendung& Programm);
+// Saves the index as the person asks for it; status text on success. False when it was not saved.
+bool IndexSpeichern(Anwendung& Programm);
+
+}  // namespace liedwerk

@@ -1,0 +1,59 @@
+// The identity of removable media: questions to drives, the cached current medium, and what happens when a
+// file is not at hand.
+//
+// dateien/ brings files into the index and keeps it true. Mediumspeicher remembers the medium read last, so
+// that an operation over many files asks the drive once; DateiNichtVerfügbarPrüfen stands in front of every
+// operation on a file of the index. Drives come through the port plattform/laufwerke.h; folders through
+// plattform/ordnerleser.h.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "basis/einstellungen.h"
+#include "basis/oberflaeche.h"
+#include "basis/protokoll.h"
+#include "index/katalog.h"
+#include "plattform/laufwerke.h"
+
+namespace liedwerk {
+
+// The current medium cache and the run's answers.
+struct Mediumspeicher {
+    std::string AktuellesLaufwerk;       // the drive read last; empty: nothing is cached
+    std::string AktuellesWechselmedium;  // its medium text
+    std::string AktuelleCDID;            // disc id of the audio CD in it, else empty
+    std::string GefragtesLaufwerk;       // last drive type question
+    bool GefragtWechsel = false;         // and its answer
+    bool AlleÜberspringen = false;       // "&Alle überspringen" was chosen; holds until a caller clears it
+};
+
+// What these procedures take from their surroundings.
+struct Mediumumgebung {
+    const Laufwerke& Drives;
+    const Einstellungen& Werte;
+    Protokoll& Log;
+    // Disc id of an audio CD; missing: no disc can be read.
+    std::function<std::string(std::string_view Laufwerk)> DiskId;
+};
+
+void MediumVergessen(Mediumspeicher& Speicher);
+bool LaufwerkExistiert(const Mediumumgebung& Umgebung, std::string_view Laufwerk);
+bool LaufwerkIstAudioCD(const Mediumumgebung& Umgebung, std::string_view Pfad);
+bool LaufwerkIstWechsellaufwerk(Mediumspeicher& Speicher, const Mediumumgebung& Umgebung,
+                                std::string_view Laufwerk);
+std::string WechselmediumLesen(Mediumspeicher& Speicher, const Mediumumgebung& Umgebung,
+                               std::string_view Laufwerk, bool MitCDID);
+void WechselmediumVergleichenStarten(Mediumspeicher& Speicher, const Mediumumgebung& Umgebung,
+                                     std::string_view Laufwerk);
+// True when the medium now in the drive equals the stored text exactly; Aktuell receives the current one.
+bool WechselmediumVergleichen(Mediumspeicher& Speicher, const Mediumumgebung& Umgebung,
+                              std::string_view Laufwerk, std::string_view Gespeichert, std::string& Aktuell);
+
+enum class Verfügbarkeit { Weiter = 0, Überspringen = 1, Abbrechen = 2 };
+// Asks for the medium of a record's file when it is not at hand, and watches for it.
+Verfügbarkeit DateiNichtVerfügbarPrüfen(const Katalog& Index, Satznummer Nummer, Mediumspeicher& Speicher,
+                                        const Mediumumgebung& Umgebung, Oberfläche& Person,
+                                        bool NichtLaufwerkÜberspringen);
+
+}  // namespace liedwerk

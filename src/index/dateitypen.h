@@ -1,0 +1,28 @@
+// The file-type table of an index: which extensions are managed and what kind of media they are.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace liedwerk {
+
+// Entry "<extension>=<1 managed, 0 not>", "*=..." for all other formats; Flags three times "1" or "0": MPEG
+// audio with ID3 tags, media file for the player, picture for the built-in viewer.
+struct Dateityp {
+    std::string Eintrag;
+    std::string Schalter;
+    bool operator==(const Dateityp&) const = default;
+};
+
+// The default table, in its order.
+const std::vector<Dateityp>& DateitypenVorgabe();
+
+// The file-type test. The first entry whose extension equals the path's (without regard to case) decides.
+bool DateiTypErlaubt(const std::vector<Dateityp>& Dateitypen, std::string_view Pfad, bool NurMpeg,
+                     bool NurBilder, bool NurAudio, bool NurVerwaltete);
+
+// The extension of an entry: the part before "=".
+std::string_view EintragsEndung(std::string_view Eintrag);
+
+}  // namespace liedwerk

@@ -1,0 +1,27 @@
+// The port to a media player's knowledge of a file: duration and three texts, for Windows Media files and for
+// Wave files whose header does not tell enough.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace liedwerk {
+
+struct Medienangaben {
+    double Dauer = 0;  // seconds
+    std::string Titel;
+    std::string Interpret;
+    std::string Kommentar;
+};
+
+class Medienauskunft {
+  public:
+    virtual ~Medienauskunft() = default;
+    // What the player control tells of the file; nothing when it cannot open it within 10 seconds. May be
+    // called from several threads.
+    virtual std::optional<Medienangaben> Lesen(std::string_view Pfad) const = 0;
+};
+
+}  // namespace liedwerk

@@ -1,0 +1,51 @@
+// FeldWert: the one place where a record of the index is turned into text.
+//
+// suche/ holds queries and the search, field values, the list's rows and columns as plain data. A
+// Suchabfragen set says what is wanted (abfrage.h), SucheAusführen marks the records that pass
+// (suchmaschine.h) with the help of folded field texts kept in a Suchpuffer (suchpuffer.h), ListeErstellen
+// turns the marks into rows (liste.h), and every cell, key and test reads its text here.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "index/katalog.h"
+
+namespace liedwerk {
+
+enum class Feldtyp : std::int16_t { Text = 0, Zahl = 1, Datum = 2, DatumZeit = 3, Dauer = 4 };
+enum class Wertform : std::int16_t { Sortieren = 0, Anzeigen = 1 };
+
+// A field name resolved once, so that loops over records compare no names.
+enum class Feldkennung : std::uint8_t;
+inline constexpr std::string_view Standardsuche = "(Standardsuche)";
+
+struct Feldwahl {
+    Feldkennung Kennung{};
+    bool Bekannt = false;
+    std::string Vorlage;  // for names that begin with "%"
+};
+// Looks a field name up: exact, case-sensitive.
+Feldwahl FeldFinden(std::string_view Feld);
+
+// Text of a field. Wert is emptied on entry, Typ starts at Text. False for an unknown field name, and for a
+// stored date that is none; callers treat both as an empty field. AndererTag allows the fall-back to the
+// other tag.
+bool FeldWert(const Katalog& Index, Satznummer Nummer, std::string_view Feld, Wertform Modus, bool AndererTag,
+              std::string& Wert, Feldtyp& Typ);
+bool FeldWert(const Katalog& Index, Satznummer Nummer, const Feldwahl& Feld, Wertform Modus, bool AndererTag,
+              std::string& Wert, Feldtyp& Typ);
+
+// Expands a template: each %name% becomes the sort form of that field (names without regard to case); a value
+// is not expanded again, a lone "%" stays. Unknown names and a number below 1 insert nothing.
+std::string BenutzerFormatAnwenden(const Katalog& Index, Satznummer Nummer, std::string_view Vorlage,
+                                   bool BeideTags);
+
+// "mm:ss" with the hours in front when there are any or when OhneNullStunden is false.
+std::string DauerFormatieren(std::int64_t Sekunden, bool OhneNullStunden);
+// A stored play date: as "dd.mm.yyyy hh:nn:ss", or as it stands when Formatiert is false; UngültigesDatum for
+// no date.
+std::string ZeitFormatieren(std::string_view Text, bool Formatiert);
+
+}  // namespace liedwerk
