@@ -1,8 +1,8 @@
 // Files: existence, block-wise reading, and the replacement of a file as one commit.
 //
-// Reading never trusts a length that stands in a file: whatever is asked for is bounded by the file's real size.
-// Writing a user's file goes through Dateiersatz: the new content takes the place of the old one in one rename or not
-// at all. The bodies stand in plattform/, one per system; nothing here throws.
+// Reading never trusts a length that stands in a file: whatever is asked for is bounded by the file's real
+// size. Writing a user's file goes through Dateiersatz: the new content takes the place of the old one in one
+// rename or not at all. The bodies stand in plattform/, one per system; nothing here throws.
 #pragma once
 
 #include <cstdint>
@@ -34,14 +34,16 @@ struct Dateifehler {
 // What stands under the path, links followed; nothing when it cannot be asked.
 std::optional<Dateistand> DateistandLesen(std::string_view Pfad);
 
-// True for an existing file of any kind but a folder. An empty path and one that ends in ":", "\" or "/" are false.
+// True for an existing file of any kind but a folder. An empty path and one that ends in ":", "\" or "/" are
+// false.
 bool DateiExistiert(std::string_view Pfad);
 // True for an existing folder.
 bool OrdnerExistiert(std::string_view Pfad);
 // True when the file is there and can be opened for writing now (nothing is changed).
 bool DateiBeschreibbar(std::string_view Pfad);
 
-// Removes a file; write protection of the file itself does not hinder it. A file that is not there is an error.
+// Removes a file; write protection of the file itself does not hinder it. A file that is not there is an
+// error.
 Dateifehler DateiLöschen(std::string_view Pfad);
 // Renames within one file system; an existing target is replaced. The folder is flushed.
 Dateifehler DateiUmbenennen(std::string_view Alt, std::string_view Neu);
@@ -66,13 +68,14 @@ class Lesedatei {
     // State at the time of opening.
     const Dateistand& Stand() const { return Zustand; }
     std::uint64_t Größe() const { return Zustand.Größe; }
-    // Reads up to Länge bytes at the 0-based offset Stelle into Ziel; gives the number read, less only at the end of
-    // the file or on an error.
+    // Reads up to Länge bytes at the 0-based offset Stelle into Ziel; gives the number read, less only at the
+    // end of the file or on an error.
     std::size_t Lesen(char* Ziel, std::uint64_t Stelle, std::size_t Länge) const;
     // The same as a string; never longer than the file.
     std::string Lesen(std::uint64_t Stelle, std::uint64_t Länge) const;
 
   private:
+    friend class Dateiersatz;
     int Griff = -1;
     Dateistand Zustand;
 };
@@ -80,11 +83,12 @@ class Lesedatei {
 // The whole content of a file up to Höchstens bytes; nothing on failure or when it is longer.
 std::optional<std::string> DateiLesen(std::string_view Pfad, std::uint64_t Höchstens = UINT64_MAX);
 
-// Replaces a file by new content: the commit object of the house. Content goes to a temporary name in the folder of
-// the target, which is opened without following links and without truncation and is locked; only then it is emptied
-// and written. Übernehmen flushes it, gives it mode, owner (where possible) and extended attributes of the old file,
-// renames it over the target and flushes the folder. The destructor without Übernehmen removes the temporary file and
-// leaves the target as it was.
+// Replaces a file by new content: the commit object of the house. Content goes to a temporary name in the
+// folder of the target, which is opened without following links and without truncation and is locked; only
+// then it is emptied and written. Where the target is a symbolic link, the file at its end is replaced and
+// the link stays; the temporary file then lies beside that file. Übernehmen flushes it, gives it mode, owner
+// (where possible) and extended attributes of the old file, renames it over the target and flushes the
+// folder. The destructor without Übernehmen removes the temporary file and leaves the target as it was.
 class Dateiersatz {
   public:
     enum class Öffnung {
@@ -98,13 +102,17 @@ class Dateiersatz {
     Dateiersatz& operator=(const Dateiersatz&) = delete;
     ~Dateiersatz();
 
-    // Prepares the replacement of Ziel through Temporär (same folder). An unlocked file of ours that lies there is
-    // taken over and emptied; a link, a folder or another kind of file is an error.
+    // Prepares the replacement of Ziel through Temporär (same folder). An unlocked file of ours that lies
+    // there is taken over and emptied; a link, a folder or another kind of file is an error.
     Öffnung Öffnen(std::string Ziel, std::string Temporär);
-    // Appends bytes; large pieces go straight to the system, small ones are collected. False after the first error.
+    // Appends bytes; large pieces go straight to the system, small ones are collected. False after the first
+    // error.
     bool Schreiben(std::string_view Bytes);
-    // Makes the new content the target. False on failure: then the target is the old one, whole. With BehalteTemporär
-    // a failed rename leaves the temporary file in place.
+    // Appends the whole of an open file, and gives the new file its modification time. False after the first
+    // error.
+    bool Kopieren(const Lesedatei& Quelle);
+    // Makes the new content the target. False on failure: then the target is the old one, whole. With
+    // BehalteTemporär a failed rename leaves the temporary file in place.
     bool Übernehmen(bool BehalteTemporär = false);
     // Gives up: the temporary file goes.
     void Verwerfen();
@@ -115,10 +123,14 @@ class Dateiersatz {
 
   private:
     bool Leeren();
+    void Schließen();
     std::string Zielpfad;
     std::string Temporärpfad;
     std::string Puffer;
     int Griff = -1;
+    bool ZeitBehalten = false;
+    std::int64_t ZeitSekunden = 0;
+    std::int64_t ZeitNanosekunden = 0;
     Dateifehler ErsterFehler;
     Dateistand Zustand;
 };
@@ -131,8 +143,8 @@ enum class Sperrzustand {
 };
 Sperrzustand SperreLesen(std::string_view Temporär);
 
-// A window onto the beginning of a file that grows by need: parsers ask for the bytes that they look at, and only
-// those are read. Offsets are 0-based.
+// A window onto the beginning of a file that grows by need: parsers ask for the bytes that they look at, and
+// only those are read. Offsets are 0-based.
 class Dateianfang {
   public:
     explicit Dateianfang(const Lesedatei& Quelle) : Datei(Quelle) {}

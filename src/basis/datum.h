@@ -1,4 +1,5 @@
-// Dates: a calendar point as plain numbers, its text forms, and calendar arithmetic. Nothing here asks a clock.
+// Dates: a calendar point as plain numbers, its text forms, and calendar arithmetic. Nothing here asks a
+// clock.
 #pragma once
 
 #include <cstdint>
@@ -22,8 +23,9 @@ struct Zeitpunkt {
 // What every text that is no date stands for where dates are compared or shown.
 inline constexpr std::string_view UngültigesDatum = "01.01.1900 00:00:00";
 
-// The date test: d.m.yy or d.m.yyyy (two digits: 0 to 29 is 2000 on, 30 to 99 is 1900 on), also yyyy-mm-dd, each
-// with an optional time h:n or h:n:s behind a blank (or a "T" in the ISO form). Only real calendar dates count.
+// The date test: d.m.yy or d.m.yyyy (two digits: 0 to 29 is 2000 on, 30 to 99 is 1900 on), also yyyy-mm-dd,
+// each with an optional time h:n or h:n:s behind blanks (or a "T" in the ISO form); blanks may stand around
+// it. Only real calendar dates of the years 1 to 9999 count.
 std::optional<Zeitpunkt> DatumLesen(std::string_view Text);
 
 std::string DatumText(const Zeitpunkt& Punkt);         // "dd.mm.yyyy"
@@ -35,10 +37,11 @@ std::string ZeitSortierText(const Zeitpunkt& Punkt);   // "yyyymmddhhnnss"
 // Seconds and days of the calendar since 01.01.1970, without regard to zones and leap seconds.
 std::int64_t Kalendersekunden(const Zeitpunkt& Punkt);
 std::int64_t Kalendertage(const Zeitpunkt& Punkt);
+// Seconds outside of the years 1 to 9999 give the first or the last second of these.
 Zeitpunkt AusKalendersekunden(std::int64_t Sekunden);
 
-// Number of unit boundaries (days, hours, minutes of the calendar) crossed between two points; negative when Bis
-// lies before Von.
+// Number of unit boundaries (days, hours, minutes of the calendar) crossed between two points; negative when
+// Bis lies before Von.
 std::int64_t TageZwischen(const Zeitpunkt& Von, const Zeitpunkt& Bis);
 std::int64_t StundenZwischen(const Zeitpunkt& Von, const Zeitpunkt& Bis);
 std::int64_t MinutenZwischen(const Zeitpunkt& Von, const Zeitpunkt& Bis);

@@ -1,0 +1,239 @@
+// Looking at files, reading them, and the small changes of names. POSIX.
+#include "basis/datei.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <fcntl.h>
+#include <limits>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+#include "plattform/linux/griff.h"
+#include "plattform/linux/systemfehler.h"
+
+namespace liedwerk {
+namespace {
+
+// Reading: a pipe or a device must never hold us up, and no program that we start may inherit the descriptor.
+constexpr int ZumLesen = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+
+std::optional<struct stat> AngabenLesen(std::string_view Pfad) {
+    const auto Name = Systempfad(Pfad);
+    struct stat Angaben {};
+    if (!Name || ::stat(Name->c_str(), &Angaben) != 0) return std::nullopt;
+    return Angaben;
+}
+
+}  // namespace
+
+std::optional<std::string> Systempfad(std::string_view Pfad) {
+    if (Pfad.find('\0') != std::string_view::npos) {
+        errno = EINVAL;
+        return std::nullopt;
+    }
+    return std::string(Pfad);
+}
+
+Griffhalter::~Griffhalter() {
+    if (Griff >= 0) ::close(Griff);
+}
+
+int Griffhalter::Lösen() {
+    return std::exchange(Griff, -1);
+}
+
+Dateistand StandVon(const struct stat& Angaben) {
+    Dateistand Stand;
+    Stand.Größe = static_cast<std::uint64_t>(std::max<off_t>(Angaben.st_size, 0));
+    Stand.Änderungszeit = Angaben.st_mtime;
+    Stand.Gerät = Angaben.st_dev;
+    Stand.Inode = Angaben.st_ino;
+    Stand.IstOrdner = S_ISDIR(Angaben.st_mode);
+    Stand.IstDatei = S_ISREG(Angaben.st_mode);
+    return Stand;
+}
+
+bool DieselbeDatei(const struct stat& A, const struct stat& B) {
+    return A.st_dev == B.st_dev && A.st_ino == B.st_ino;
+}
+
+std::string OrdnerVon(const std::string& Pfad) {
+    const std::size_t Stelle = Pfad.rfind('/');
+    if (Stelle == std::string::npos) return ".";
+    return Pfad.substr(0, std::max<std::size_t>(Stelle, 1));
+}
+
+void OrdnerFestschreiben(const std::string& Ordner) {
+    const Griffhalter Griff(::open(Ordner.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (Griff) Beharrlich([&] { return ::fsync(Griff.Wert()); });
+}
+
+std::optional<Dateistand> DateistandLesen(std::string_view Pfad) {
+    const auto Angaben = AngabenLesen(Pfad);
+    if (!Angaben) return std::nullopt;
+    return StandVon(*Angaben);
+}
+
+bool DateiExistiert(std::string_view Pfad) {
+    if (Pfad.empty() || Pfad.back() == ':' || Pfad.back() == '\\' || Pfad.back() == '/') return false;
+    const auto Stand = DateistandLesen(Pfad);
+    return Stand && !Stand->IstOrdner;
+}
+
+bool OrdnerExistiert(std::string_view Pfad) {
+    const auto Stand = DateistandLesen(Pfad);
+    return Stand && Stand->IstOrdner;
+}
+
+bool DateiBeschreibbar(std::string_view Pfad) {
+    if (!DateiExistiert(Pfad)) return false;
+    const Griffhalter Griff(::open(Systempfad(Pfad)->c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    return static_cast<bool>(Griff);
+}
+
+Dateifehler DateiLöschen(std::string_view Pfad) {
+    const auto Name = Systempfad(Pfad);
+    if (!Name || ::unlink(Name->c_str()) != 0) return LetzterSystemfehler();
+    return {};
+}
+
+Dateifehler DateiUmbenennen(std::string_view Alt, std::string_view Neu) {
+    const auto AlterName = Systempfad(Alt);
+    const auto NeuerName = Systempfad(Neu);
+    if (!AlterName || !NeuerName || std::rename(AlterName->c_str(), NeuerName->c_str()) != 0) {
+        return LetzterSystemfehler();
+    }
+    const std::string Ordner = OrdnerVon(*NeuerName);
+    OrdnerFestschreiben(Ordner);
+    if (OrdnerVon(*AlterName) != Ordner) OrdnerFestschreiben(OrdnerVon(*AlterName));
+    return {};
+}
+
+Dateifehler OrdnerAnlegen(std::string_view Pfad) {
+    const auto Ganz = Systempfad(Pfad);
+    if (!Ganz || Ganz->empty()) return Systemfehler(Ganz ? ENOENT : EINVAL);
+    for (std::size_t Ende = 0; Ende < Ganz->size();) {
+        Ende = std::min(Ganz->find('/', Ende + 1), Ganz->size());
+        const std::string Teil = Ganz->substr(0, Ende);
+        // What exists need not be writable, and mkdir asks about that first on some file systems.
+        if (OrdnerExistiert(Teil)) continue;
+        if (::mkdir(Teil.c_str(), 0777) == 0) continue;
+        const auto Fehler = LetzterSystemfehler();
+        // Another program may have made it meanwhile.
+        if (!OrdnerExistiert(Teil)) return Fehler;
+    }
+    return {};
+}
+
+Dateifehler DateiKopieren(std::string_view Quelle, std::string_view Ziel) {
+    Dateifehler Fehler;
+    const Lesedatei Von = Lesedatei::Öffnen(Quelle, &Fehler);
+    if (!Von.Offen()) return Fehler;
+    Dateiersatz Nach;
+    switch (Nach.Öffnen(std::string(Ziel), std::string(Ziel) + "~")) {
+        case Dateiersatz::Öffnung::Gesperrt:
+            return Systemfehler(EAGAIN);
+        case Dateiersatz::Öffnung::Fehler:
+            return Nach.Fehler();
+        case Dateiersatz::Öffnung::Bereit:
+            break;
+    }
+    if (!Nach.Kopieren(Von) || !Nach.Übernehmen()) return Nach.Fehler();
+    return {};
+}
+
+Lesedatei Lesedatei::Öffnen(std::string_view Pfad, Dateifehler* Fehler) {
+    const auto Scheitern = [&](Dateifehler Grund) {
+        if (Fehler != nullptr) *Fehler = std::move(Grund);
+        return Lesedatei();
+    };
+    const auto Name = Systempfad(Pfad);
+    if (!Name) return Scheitern(LetzterSystemfehler());
+    Griffhalter Neu(Beharrlich([&] { return ::open(Name->c_str(), ZumLesen); }));
+    struct stat Angaben {};
+    if (!Neu || ::fstat(Neu.Wert(), &Angaben) != 0) return Scheitern(LetzterSystemfehler());
+    if (S_ISDIR(Angaben.st_mode)) return Scheitern(Systemfehler(EISDIR));
+    if (!S_ISREG(Angaben.st_mode)) {
+        return Scheitern(
+            Systemfehler(EINVAL, "Das ist keine gewöhnliche Datei, sondern ein Gerät oder Ähnliches"));
+    }
+    Lesedatei Datei;
+    Datei.Griff = Neu.Lösen();
+    Datei.Zustand = StandVon(Angaben);
+    return Datei;
+}
+
+Lesedatei::Lesedatei(Lesedatei&& Andere) noexcept
+    : Griff(std::exchange(Andere.Griff, -1)), Zustand(std::exchange(Andere.Zustand, {})) {}
+
+Lesedatei& Lesedatei::operator=(Lesedatei&& Andere) noexcept {
+    std::swap(Griff, Andere.Griff);
+    std::swap(Zustand, Andere.Zustand);
+    return *this;
+}
+
+Lesedatei::~Lesedatei() {
+    if (Griff >= 0) ::close(Griff);
+}
+
+std::size_t Lesedatei::Lesen(char* Ziel, std::uint64_t Stelle, std::size_t Länge) const {
+    constexpr auto LetzteStelle = static_cast<std::uint64_t>(std::numeric_limits<off_t>::max());
+    std::size_t Gelesen = 0;
+    while (Gelesen < Länge && Stelle <= LetzteStelle - Gelesen) {
+        const auto Anzahl = Beharrlich([&] {
+            return ::pread(Griff, Ziel + Gelesen, Länge - Gelesen, static_cast<off_t>(Stelle + Gelesen));
+        });
+        if (Anzahl <= 0) break;
+        Gelesen += static_cast<std::size_t>(Anzahl);
+    }
+    return Gelesen;
+}
+
+std::string Lesedatei::Lesen(std::uint64_t Stelle, std::uint64_t Länge) const {
+    if (Stelle >= Größe()) return {};
+    std::string Bytes(std::min(Länge, Größe() - Stelle), '\0');
+    Bytes.resize(Lesen(Bytes.data(), Stelle, Bytes.size()));
+    return Bytes;
+}
+
+std::optional<std::string> DateiLesen(std::string_view Pfad, std::uint64_t Höchstens) {
+    const Lesedatei Datei = Lesedatei::Öffnen(Pfad);
+    if (!Datei.Offen() || Datei.Größe() > Höchstens) return std::nullopt;
+    std::string Inhalt = Datei.Lesen(0, Datei.Größe());
+    // A part of a file must not pass for the whole.
+    if (Inhalt.size() != Datei.Größe()) return std::nullopt;
+    return Inhalt;
+}
+
+Sperrzustand SperreLesen(std::string_view Temporär) {
+    const auto Name = Systempfad(Temporär);
+    if (!Name) return Sperrzustand::Keine;
+    const Griffhalter Griff(Beharrlich([&] { return ::open(Name->c_str(), ZumLesen | O_NOFOLLOW); }));
+    // What cannot be judged, and what is none of our files, counts as held, so that nobody deletes it.
+    if (!Griff) return errno == ENOENT || errno == ENOTDIR ? Sperrzustand::Keine : Sperrzustand::Gehalten;
+    struct stat Offen {};
+    if (::fstat(Griff.Wert(), &Offen) != 0 || !S_ISREG(Offen.st_mode)) return Sperrzustand::Gehalten;
+    if (Beharrlich([&] { return ::flock(Griff.Wert(), LOCK_SH | LOCK_NB); }) != 0)
+        return Sperrzustand::Gehalten;
+    // The save may have come to its end in between: then the name is gone, or it is a new save's.
+    struct stat Jetzt {};
+    if (::lstat(Name->c_str(), &Jetzt) != 0) {
+        return errno == ENOENT ? Sperrzustand::Keine : Sperrzustand::Gehalten;
+    }
+    return DieselbeDatei(Offen, Jetzt) ? Sperrzustand::Frei : Sperrzustand::Gehalten;
+}
+
+std::string_view Dateianfang::Bis(std::uint64_t Länge) {
+    constexpr std::uint64_t ErsterSchritt = 4096;
+    const std::uint64_t Gewünscht = std::min(Länge, Datei.Größe());
+    if (Gewünscht > Gültig) {
+        const std::uint64_t Wachstum = std::max({ErsterSchritt, Gewünscht, std::uint64_t{2} * Gültig});
+        Puffer.resize(std::min(Wachstum, Datei.Größe()));
+        Gültig += Datei.Lesen(Puffer.data() + Gültig, Gültig, Puffer.size() - Gültig);
+    }
+    return std::string_view(Puffer).substr(0, std::min<std::uint64_t>(Gewünscht, Gültig));
+}
+
+}  // namespace liedwerk
