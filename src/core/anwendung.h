@@ -9,6 +9,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "basis/einstellungen.h"
@@ -42,6 +43,7 @@ struct Dienste {
     Wertspeicher& Nutzerwerte;
     Wertspeicher* Rechnerwerte = nullptr;  // machine-wide seed, read-only
     std::string Programmordner;
+    std::string Betriebssystem{};  // text of the system's name and version, for the head of the log
 };
 
 struct Anwendung {
@@ -65,18 +67,38 @@ struct Anwendung {
     bool ErsterStart = false;
     bool BeendenErbeten = false;  // the start ends the system by itself
     bool LaufAktiv = false;       // a long run is active: timers return at once
+    bool LageGesetzt = false;     // the window stands where the settings say; the end may take its place over
     Zeitpunkt StartZeit;
     Zeitpunkt LetzteSpeicherung;
+    // TerminePrüfen, run once at the start and by tmrEreignisse; empty: no reminders are looked at.
+    std::function<void()> TerminePrüfen;
 };
 
-// The surroundings that the folders below core ask for, made from the parts of a run.
-Medienumgebung MedienumgebungVon(const Anwendung& Programm);
-MedienLeser MedienleserVon(const Anwendung& Programm);
-Mediumumgebung MediumumgebungVon(const Anwendung& Programm);
+// Marks a long run for its lifetime, so that the timers leave it alone; runs may stand in one another.
+class Laufsperre {
+  public:
+    explicit Laufsperre(Anwendung& Programm) : Aktiv(Programm.LaufAktiv), Vorher(Programm.LaufAktiv) {
+        Aktiv = true;
+    }
+    Laufsperre(const Laufsperre&) = delete;
+    Laufsperre& operator=(const Laufsperre&) = delete;
+    ~Laufsperre() { Aktiv = Vorher; }
+
+  private:
+    bool& Aktiv;
+    bool Vorher;
+};
+
+// The surroundings that the folders below core ask for, made from the parts of a run. They refer to Programm,
+// which must outlive them; the reader may be called from several threads.
+Medienumgebung MedienumgebungVon(Anwendung& Programm);
+MedienLeser MedienleserVon(Anwendung& Programm);
+Mediumumgebung MediumumgebungVon(Anwendung& Programm);
 Indexumgebung IndexumgebungVon(Anwendung& Programm);
 Hinzufügeumgebung HinzufügeumgebungVon(Anwendung& Programm);
 
-// Program version as its three parts; Versionszahl is the number formed by major and minor (100 for 1.00).
+// Program version as its three parts; Versionszahl is the number formed by the texts of major and minor
+// (100).
 struct Programmversion {
     std::string Haupt;
     std::string Neben;
@@ -84,7 +106,7 @@ struct Programmversion {
 };
 const Programmversion& Version();
 std::int16_t Versionszahl();
-// "Liedwerk 1.0".
+// "Liedwerk 1.00".
 std::string ProgrammnameMitVersion();
 
 }  // namespace liedwerk

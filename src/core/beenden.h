@@ -11,10 +11,15 @@ enum class Schließgrund { Person = 0, Programm = 1, Betriebssystem = 2, TaskMan
 // Form_QueryUnload: false keeps the system running (cancelled, minimised, gone to the tray). True: the index
 // is saved as wanted and the settings are written; the process may end.
 bool FensterSchließen(Anwendung& Programm, Schließgrund Grund);
-// The end that the program starts by itself: without the question what closing shall do.
-void SofortBeenden(Anwendung& Programm);
+// The end that the program starts by itself: without the question what closing shall do. False as above.
+bool SofortBeenden(Anwendung& Programm);
 
-// One tick's look at RegelmäßigSpeichernAlle.
+// What shall become of a changed index before it goes: saved by itself or after the question, as
+// DateiAutomatischSpeichern says.
+enum class Speicherwunsch { Speichern, NichtSpeichern, Abbrechen };
+Speicherwunsch SpeicherfrageStellen(Anwendung& Programm);
+
+// One tick's look at RegelmäßigSpeichernAlle; never during a long run.
 void RegelmäßigSpeichern(Anwendung& Programm);
 
 }  // namespace liedwerk

@@ -1,6 +1,7 @@
 // The action log as a file: "log.txt" in the program folder, on only when "log.me" lies there at the start.
 #pragma once
 
+#include <mutex>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,8 @@ namespace liedwerk {
 class Protokolldatei final : public Protokoll {
   public:
     explicit Protokolldatei(std::string Programmordner);
+    // May be called from several threads; the file is opened and closed for each line, so that the log
+    // survives a crash. A line is Windows-1252, or its own bytes when that cannot hold it.
     void Schreiben(std::string_view Zeile) override;
     bool Aktiv() const override { return LogDatei > 0; }
 
@@ -21,6 +24,7 @@ class Protokolldatei final : public Protokoll {
 
   private:
     std::string Ordner;
+    std::mutex Sperre;
 };
 
 // ProtokollSchreiben: appends a line; Neu starts the log afresh. False (and a message) when the old file

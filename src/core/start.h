@@ -7,8 +7,8 @@
 namespace liedwerk {
 
 // Runs all stages in their order. A failing stage is reported and logged, and the next one runs. Afterwards
-// Programm.BeendenErbeten says that the system shall end at once (nothing to show, or the TAG editor is
-// done).
+// Programm.BeendenErbeten says that the end has run already (nothing to show, or the TAG editor is done): the
+// process may go without an event loop.
 void Main(Anwendung& Programm, const Startauftrag& Auftrag);
 
 }  // namespace liedwerk

@@ -27,4 +27,8 @@ Startauftrag StartauftragLesen(std::string_view Kommandozeile);
 // Cuts a list of quoted names; a text without a quote in front is one name.
 std::vector<std::string> NamenTeilen(std::string_view Text);
 
+// A name as a full path: relative ones begin at Arbeitsordner, "." and ".." are resolved as the system would
+// (".." behind a link stays), a folder loses the separator at its end. Windows paths stay as they are.
+std::string VollerPfad(std::string_view Name, std::string_view Arbeitsordner);
+
 }  // namespace liedwerk
