@@ -29,6 +29,7 @@ std::optional<unsigned char> AnsiByte(char32_t Zeichen) {
 }
 
 std::string AnsiNachUtf8(std::string_view Bytes) {
+    if (IstAscii(Bytes)) return std::string(Bytes);
     std::string Text;
     Text.reserve(Bytes.size());
     for (const char Byte : Bytes) {
@@ -42,6 +43,7 @@ std::string AnsiNachUtf8(std::string_view Bytes) {
 }
 
 std::optional<std::string> Utf8NachAnsi(std::string_view Text) {
+    if (IstAscii(Text)) return std::string(Text);
     std::string Bytes;
     Bytes.reserve(Text.size());
     for (std::size_t Stelle = 0; Stelle < Text.size();) {

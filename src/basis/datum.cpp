@@ -1,8 +1,8 @@
 #include "basis/datum.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
-#include <cstdlib>
 
 #include "basis/text.h"
 
@@ -67,8 +67,27 @@ std::int64_t Abgerundet(std::int64_t Wert, std::int64_t Teiler) {
     return Wert / Teiler - (Wert % Teiler < 0 ? 1 : 0);
 }
 
-std::string Stellen(std::int32_t Wert, std::size_t Breite) {
-    return NullenVoran(std::to_string(Wert), Breite);
+// Appends a number of the calendar (not negative) with leading zeros.
+void Anhängen(std::string& Text, std::int32_t Wert, std::size_t Breite) {
+    std::array<char, 10> Ziffern;
+    std::size_t Anfang = Ziffern.size();
+    while (Anfang > 0 && (Wert > 0 || Ziffern.size() - Anfang < Breite)) {
+        Ziffern[--Anfang] = static_cast<char>('0' + Wert % 10);
+        Wert /= 10;
+    }
+    Text.append(Ziffern.data() + Anfang, Ziffern.size() - Anfang);
+}
+
+// Three numbers with a mark between them.
+std::string Dreiteilig(std::int32_t A, std::size_t BreiteA, std::int32_t B, std::int32_t C,
+                       std::size_t BreiteC, std::string_view Zeichen) {
+    std::string Text;
+    Anhängen(Text, A, BreiteA);
+    Text += Zeichen;
+    Anhängen(Text, B, 2);
+    Text += Zeichen;
+    Anhängen(Text, C, BreiteC);
+    return Text;
 }
 
 }  // namespace
@@ -89,20 +108,24 @@ std::optional<Zeitpunkt> DatumLesen(std::string_view Text) {
 }
 
 std::string DatumText(const Zeitpunkt& Punkt) {
-    return Stellen(Punkt.Tag, 2) + "." + Stellen(Punkt.Monat, 2) + "." + Stellen(Punkt.Jahr, 4);
+    return Dreiteilig(Punkt.Tag, 2, Punkt.Monat, Punkt.Jahr, 4, ".");
 }
 std::string ZeitText(const Zeitpunkt& Punkt) {
-    return Stellen(Punkt.Stunde, 2) + ":" + Stellen(Punkt.Minute, 2) + ":" + Stellen(Punkt.Sekunde, 2);
+    return Dreiteilig(Punkt.Stunde, 2, Punkt.Minute, Punkt.Sekunde, 2, ":");
 }
 std::string DatumZeitText(const Zeitpunkt& Punkt) {
-    return DatumText(Punkt) + " " + ZeitText(Punkt);
+    std::string Text = DatumText(Punkt);
+    Text += ' ';
+    Text += ZeitText(Punkt);
+    return Text;
 }
 std::string DatumSortierText(const Zeitpunkt& Punkt) {
-    return Stellen(Punkt.Jahr, 4) + Stellen(Punkt.Monat, 2) + Stellen(Punkt.Tag, 2);
+    return Dreiteilig(Punkt.Jahr, 4, Punkt.Monat, Punkt.Tag, 2, "");
 }
 std::string ZeitSortierText(const Zeitpunkt& Punkt) {
-    return DatumSortierText(Punkt) + Stellen(Punkt.Stunde, 2) + Stellen(Punkt.Minute, 2) +
-           Stellen(Punkt.Sekunde, 2);
+    std::string Text = DatumSortierText(Punkt);
+    Text += Dreiteilig(Punkt.Stunde, 2, Punkt.Minute, Punkt.Sekunde, 2, "");
+    return Text;
 }
 
 std::int64_t Kalendertage(const Zeitpunkt& Punkt) {

@@ -131,8 +131,32 @@ constexpr char32_t FaltungSuchen(char32_t Zeichen) {
 
 // The three mappings as flat tables for the letters that nearly every text consists of.
 constexpr char32_t FlachBis = 0x05FF;
-// Behind it lies no letter of the table.
-constexpr char32_t LetzterBuchstabe = 0xFF5A;
+// False for the large scripts without case, which need no search behind the flat part.
+constexpr bool VielleichtBuchstabe(char32_t Zeichen) {
+    return (Zeichen >= 0x1C80 && Zeichen <= 0x2C7F) || (Zeichen >= 0xA640 && Zeichen <= 0xAB53) ||
+           (Zeichen >= 0xFF21 && Zeichen <= 0xFF5A);
+}
+static_assert(
+    [] {
+        const auto Erfasst = [](std::int32_t Wert) {
+            const auto Zeichen = static_cast<char32_t>(Wert);
+            return Zeichen <= FlachBis || VielleichtBuchstabe(Zeichen);
+        };
+        for (const auto& Reihe : Reihen) {
+            if (!Erfasst(Reihe.Erster) || !Erfasst(Reihe.Letzter)) return false;
+            if (!Erfasst(Reihe.Erster + Reihe.Abstand) || !Erfasst(Reihe.Letzter + Reihe.Abstand))
+                return false;
+        }
+        for (const auto& Paar : NurKlein) {
+            if (!Erfasst(Paar.Von)) return false;
+        }
+        for (const auto& Paar : NurGroß) {
+            if (!Erfasst(Paar.Von)) return false;
+        }
+        return true;
+    }(),
+    "a letter of the tables would be passed over");
+
 using Tafel = std::array<char16_t, FlachBis + 1>;
 
 struct Tafeln {
@@ -169,26 +193,26 @@ constexpr Tafeln TafelnBauen() {
 }
 constexpr Tafeln Flach = TafelnBauen();
 
-// The directions of mapping: code point, and the range of ASCII letters that move by Versatz.
+// The directions of mapping: of a code point, and the first of the 26 ASCII letters that change.
 struct Faltend {
     static constexpr unsigned char ErsterBuchstabe = 'A';
     static char32_t Abbilden(char32_t Zeichen) {
         if (Zeichen <= FlachBis) return Flach.Faltung[Zeichen];
-        return Zeichen <= LetzterBuchstabe ? FaltungSuchen(Zeichen) : Zeichen;
+        return VielleichtBuchstabe(Zeichen) ? FaltungSuchen(Zeichen) : Zeichen;
     }
 };
 struct Verkleinernd {
     static constexpr unsigned char ErsterBuchstabe = 'A';
     static char32_t Abbilden(char32_t Zeichen) {
         if (Zeichen <= FlachBis) return Flach.Klein[Zeichen];
-        return Zeichen <= LetzterBuchstabe ? KleinSuchen(Zeichen) : Zeichen;
+        return VielleichtBuchstabe(Zeichen) ? KleinSuchen(Zeichen) : Zeichen;
     }
 };
 struct Vergrößernd {
     static constexpr unsigned char ErsterBuchstabe = 'a';
     static char32_t Abbilden(char32_t Zeichen) {
         if (Zeichen <= FlachBis) return Flach.Groß[Zeichen];
-        return Zeichen <= LetzterBuchstabe ? GroßSuchen(Zeichen) : Zeichen;
+        return VielleichtBuchstabe(Zeichen) ? GroßSuchen(Zeichen) : Zeichen;
     }
 };
 

@@ -106,6 +106,10 @@ bool IstUtf8(std::string_view Text) {
     return true;
 }
 
+bool IstAscii(std::string_view Text) {
+    return HinterAscii(Text, 0) == Text.size();
+}
+
 std::size_t ZeichenAnzahl(std::string_view Text) {
     std::size_t Anzahl = 0;
     std::size_t Stelle = 0;

@@ -21,6 +21,9 @@ void ZeichenAnhängen(std::string& Text, char32_t Zeichen);
 // True when the whole text is valid UTF-8 (no overlong forms, no surrogates, at most U+10FFFF).
 bool IstUtf8(std::string_view Text);
 
+// True when every byte is below 80 hex: such a text is the same in UTF-8 and in every code page.
+bool IstAscii(std::string_view Text);
+
 // Number of characters of a text; a broken byte counts as one.
 std::size_t ZeichenAnzahl(std::string_view Text);
 

@@ -39,18 +39,17 @@ bool GanzzahlteilNehmen(std::string_view& Rest, std::string& Ziffern) {
     return true;
 }
 
-// True when a number that is too large or too small for a double is too small: its first significant digit
-// stands behind the decimal point. Form is as ZahlformBilden makes it.
+// True when a number that a double cannot hold is too small for it, not too large: its first significant
+// digit stands behind the decimal point. Form is as ZahlformBilden makes it.
 bool IstWinzig(std::string_view Form) {
-    const std::size_t Punkt = Form.find('.');
-    const std::size_t Exponent = Form.find('e');
+    const std::size_t Zeichen = Form.find('e');
     const std::size_t Erste = Form.find_first_of("123456789");
-    if (Erste == std::string_view::npos || Erste >= Exponent) return true;
-    const bool NegativerExponent = Form[Exponent + 1] == '-';
-    // A text long enough to outweigh its exponent is no number that anybody writes; then the exponent
-    // decides.
-    if (Form.find_first_not_of('0', Exponent + 2) == std::string_view::npos) return Erste > Punkt;
-    return NegativerExponent;
+    const auto Stelle = static_cast<std::int64_t>(Form.find('.')) - static_cast<std::int64_t>(Erste);
+    const bool Negativ = Form[Zeichen + 1] == '-';
+    std::int64_t Exponent = 0;
+    const auto Ergebnis = std::from_chars(Form.data() + Zeichen + 2, Form.data() + Form.size(), Exponent);
+    if (Ergebnis.ec != std::errc()) return Negativ;  // far beyond the length of any text
+    return Stelle + (Negativ ? -Exponent : Exponent) < 0;
 }
 
 // The number in the form of the C locale, "digits.digits" and an exponent with its sign; empty for any other
@@ -58,7 +57,7 @@ bool IstWinzig(std::string_view Form) {
 std::string ZahlformBilden(std::string_view Rest) {
     std::string Form;
     if (ZeichenNehmen(Rest, "-")) {
-        Form = "-";
+        Form += '-';
     } else {
         ZeichenNehmen(Rest, "+");
     }

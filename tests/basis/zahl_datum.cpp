@@ -39,6 +39,7 @@ TEST(Zahl, Wahrheitstafel) {
         EXPECT_EQ(Zahl(Fall.Text), Fall.Wert) << "'" << Fall.Text << "'";
     EXPECT_EQ(Zahl(std::string(400, '9')), std::nullopt);
     EXPECT_EQ(Zahl("0," + std::string(400, '0') + "1"), 0.0);
+    EXPECT_EQ(Zahl("-0," + std::string(900, '0') + "1e100"), 0.0);
 }
 
 TEST(Zahl, RundetZumGeradenNachbarnUndHältDieGrenzen) {

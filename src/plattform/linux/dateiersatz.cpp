@@ -207,6 +207,7 @@ Dateiersatz::Öffnung Dateiersatz::Öffnen(std::string Ziel, std::string Tempor�
         ErsterFehler = std::move(Grund);
         return Öffnung::Fehler;
     };
+    if (Ziel.empty() || Temporär.empty()) return Scheitern(Systemfehler(ENOENT));
     if (!Systempfad(Ziel) || !Systempfad(Temporär)) return Scheitern(LetzterSystemfehler());
     const auto Letztes = LetztesZiel(Ziel);
     if (!Letztes) return Scheitern(LetzterSystemfehler());
@@ -261,6 +262,7 @@ bool Dateiersatz::Schreiben(std::string_view Bytes) {
 }
 
 bool Dateiersatz::Kopieren(const Lesedatei& Quelle) {
+    if (!Quelle.Offen() && !ErsterFehler) ErsterFehler = Systemfehler(EBADF, "Die Quelle ist nicht geöffnet");
     std::string Block(static_cast<std::size_t>(std::min<std::uint64_t>(Quelle.Größe(), Puffergröße)), '\0');
     for (std::uint64_t Stelle = 0; Stelle < Quelle.Größe();) {
         const auto Gewünscht =
