@@ -21,7 +21,8 @@ struct Liste {
     bool ListeMarkierungenVerwerfen = false;  // the next rebuild keeps no selection
 };
 
-// Rows from the marks of the index; the selection survives for records that are still shown.
+// Rows from the marks of the index; the selection survives for records that are still shown, as far as it
+// stood in record order. Lowers ListeMarkierungenVerwerfen.
 void ListeErstellen(Liste& Ziel, const Katalog& Index, Protokoll& Log, const Uhr& Zeit);
 // Rows from the given record numbers in their order; no selection kept.
 void ListeVollständigErstellen(Liste& Ziel, const std::vector<Satznummer>& Datensätze, Protokoll& Log,
@@ -38,8 +39,8 @@ std::string StatusText(const Liste& Quelle, const Katalog& Index);
 // then).
 std::string AuswahlText(std::size_t AuswahlAnzahl, const Katalog& Index);
 
-// The path of the entry for the parent folder in the Dateimanager-Modus is known by the index's folder; 1
-// when the first record is that entry, else 0.
+// The record of the entry for the parent folder in the Dateimanager-Modus, known by its path: the folder that
+// holds the index's folder. 0 when there is none.
 Satznummer ElternEintrag(const Katalog& Index);
 
 }  // namespace liedwerk

@@ -16,17 +16,23 @@ struct Listenspalte {
     bool operator==(const Listenspalte&) const = default;
 };
 
+// A layout string is entries joined by ",", each three numbers joined by "=": column (1 to 32), width in
+// twips (0: not shown), position among the shown columns (from 1; 0 for not shown ones). An entry of two
+// numbers stands at the position of its own order in the string.
+
 // The default layout string, made from SpaltenNamen.
 std::string SpaltenformatVorgabe();
-// The shown columns of a layout string in their order; unreadable strings give the default, missing entries
-// are filled from it, bad entries are skipped.
+// The shown columns of a layout string in their order. A string without any readable entry ("0") gives the
+// default; columns that a string does not name are filled from it; an entry whose numbers are out of range is
+// skipped. Of two entries for one column the later holds, of two columns at one position the later stands
+// behind.
 std::vector<Listenspalte> SpaltenEinrichten(std::string_view Spaltenformat);
-// The layout string of the shown columns; Alt gives the order of the entries.
+// The layout string of the shown columns: three numbers for each of the 32 columns, in the order in which Alt
+// names them, the others behind in the order of their numbers.
 std::string SpaltenSpeichern(const std::vector<Listenspalte>& Gezeigt, std::string_view Alt);
 
 // The field name that a column gives to FeldWert, and its title: the user-defined column's title is its
-// format without
-// "%".
+// format without "%". Both empty for a number that is no column's.
 std::string_view Spaltenfeld(const Listenspalte& Spalte);
 std::string Spaltentitel(const Listenspalte& Spalte, std::string_view Nutzerformat);
 
