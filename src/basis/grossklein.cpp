@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstring>
 
 #include "basis/text.h"
 
@@ -261,8 +260,7 @@ std::size_t Abbilden(std::string_view Text, char* Ziel, bool& LängenGleich) {
             const char32_t Zeichen = Richtung::Abbilden(ZeichenLesen(Text, Stelle));
             Einzeln.clear();
             ZeichenAnhängen(Einzeln, Zeichen);
-            std::memcpy(Ziel, Einzeln.data(), Einzeln.size());
-            Ziel += Einzeln.size();
+            Ziel = std::copy(Einzeln.begin(), Einzeln.end(), Ziel);
             LängenGleich = LängenGleich && Einzeln.size() == Stelle - Vorher;
         }
     }

@@ -120,7 +120,7 @@ Dateifehler OrdnerAnlegen(std::string_view Pfad) {
         // What exists need not be writable, and mkdir asks about that first on some file systems.
         if (OrdnerExistiert(Teil)) continue;
         if (::mkdir(Teil.c_str(), 0777) == 0) continue;
-        const auto Fehler = LetzterSystemfehler();
+        auto Fehler = LetzterSystemfehler();
         // Another program may have made it meanwhile.
         if (!OrdnerExistiert(Teil)) return Fehler;
     }

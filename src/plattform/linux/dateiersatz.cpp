@@ -37,7 +37,8 @@ std::optional<std::string> LetztesZiel(std::string Pfad) {
         const auto Länge = ::readlink(Pfad.c_str(), Verweis.data(), Verweis.size());
         if (Länge <= 0) return std::nullopt;
         Verweis.resize(static_cast<std::size_t>(Länge));
-        Pfad = Verweis.front() == '/' ? Verweis : OrdnerVon(Pfad) + "/" + Verweis;
+        if (Verweis.front() != '/') Verweis.insert(0, OrdnerVon(Pfad) + "/");
+        Pfad = std::move(Verweis);
     }
     errno = ELOOP;
     return std::nullopt;
@@ -209,10 +210,11 @@ Dateiersatz::Öffnung Dateiersatz::Öffnen(std::string Ziel, std::string Tempor�
     };
     if (Ziel.empty() || Temporär.empty()) return Scheitern(Systemfehler(ENOENT));
     if (!Systempfad(Ziel) || !Systempfad(Temporär)) return Scheitern(LetzterSystemfehler());
-    const auto Letztes = LetztesZiel(Ziel);
+    const std::string Ordner = OrdnerVon(Ziel);
+    const auto Letztes = LetztesZiel(std::move(Ziel));
     if (!Letztes) return Scheitern(LetzterSystemfehler());
     // Only within one folder a rename is sure to be one step.
-    if (OrdnerVon(*Letztes) != OrdnerVon(Ziel)) {
+    if (OrdnerVon(*Letztes) != Ordner) {
         Temporär = OrdnerVon(*Letztes) + "/" + Temporär.substr(Temporär.rfind('/') + 1);
     }
     // The content of a file that others may not read must not be readable meanwhile either.
