@@ -1,0 +1,106 @@
+#include "plattform/linux/orte.h"
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include "basis/datei.h"
+#include "basis/pfad.h"
+
+namespace liedwerk {
+namespace {
+
+constexpr std::string_view Unterordner = "liedwerk";
+constexpr std::string_view Einstellungsname = "einstellungen.ini";
+
+std::string Umgebungswert(const char* Name) {
+    const char* Wert = std::getenv(Name);
+    return Wert == nullptr ? std::string() : std::string(Wert);
+}
+
+std::string Heimatordner() {
+    std::string Ordner = Umgebungswert("HOME");
+    if (!Ordner.empty()) return Ordner;
+    const passwd* Eintrag = ::getpwuid(::geteuid());
+    return Eintrag == nullptr || Eintrag->pw_dir == nullptr ? std::string("/") : std::string(Eintrag->pw_dir);
+}
+
+// A folder of the XDG base directory rules; a relative value counts as not set there.
+std::string GrundOrdner(const char* Variable, std::string_view Sonst) {
+    std::string Ordner = Umgebungswert(Variable);
+    if (!IstPosixPfad(Ordner)) Ordner = PfadVerbinden(Heimatordner(), Sonst);
+    return PfadVerbinden(Ordner, Unterordner);
+}
+
+std::string OhneTrenner(std::string Ordner) {
+    while (Ordner.size() > 1 && Ordner.back() == '/')
+        Ordner.pop_back();
+    return Ordner;
+}
+
+// The folder of the running program; empty when the system does not tell.
+std::string EigenerOrdner() {
+    std::string Pfad(4096, '\0');
+    const auto Länge = ::readlink("/proc/self/exe", Pfad.data(), Pfad.size());
+    if (Länge <= 0) return {};
+    Pfad.resize(static_cast<std::size_t>(Länge));
+    return std::string(PfadVon(Pfad));
+}
+
+std::string GewählterOrdner() {
+    const std::string Gesetzt = Umgebungswert("LIEDWERK_ORDNER");
+    if (!Gesetzt.empty()) return OhneTrenner(Gesetzt);
+    const std::string Eigener = EigenerOrdner();
+    const bool ImSystem = MitTrenner(Eigener).starts_with("/usr/");
+    if (!Eigener.empty() && !ImSystem && ::faccessat(AT_FDCWD, Eigener.c_str(), W_OK, AT_EACCESS) == 0) {
+        return Eigener;
+    }
+    return GrundOrdner("XDG_DATA_HOME", ".local/share");
+}
+
+// Binds a name that the system gives up with the process: of the folder's identity, in no file system.
+int NameBelegen(const std::string& Ordner) {
+    const auto Stand = DateistandLesen(Ordner);
+    if (!Stand) return -1;
+    const std::string Name = "liedwerk-tmp-" + std::to_string(::geteuid()) + "-" +
+                             std::to_string(Stand->Gerät) + "-" + std::to_string(Stand->Inode);
+    sockaddr_un Adresse{};
+    Adresse.sun_family = AF_UNIX;
+    // A NUL in front makes the name an abstract one.
+    Name.copy(Adresse.sun_path + 1, sizeof(Adresse.sun_path) - 1);
+    Griffhalter Sockel(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    const auto Länge = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + Name.size());
+    if (!Sockel || ::bind(Sockel.Wert(), reinterpret_cast<const sockaddr*>(&Adresse), Länge) != 0) return -1;
+    return Sockel.Lösen();
+}
+
+}  // namespace
+
+std::string Programmordner() {
+    std::string Ordner = GewählterOrdner();
+    static_cast<void>(OrdnerAnlegen(Ordner));
+    return Ordner;
+}
+
+std::string Einstellungsdatei() {
+    return PfadVerbinden(GrundOrdner("XDG_CONFIG_HOME", ".config"), Einstellungsname);
+}
+
+std::string Rechnereinstellungsdatei() {
+    return PfadVerbinden(PfadVerbinden("/etc/xdg", Unterordner), Einstellungsname);
+}
+
+Temporärindex::Temporärindex(std::string_view Programmordner)
+    : Anspruch(NameBelegen(std::string(Programmordner))),
+      Name(PfadVerbinden(Programmordner,
+                         Anspruch ? "tmp.lwi" : "tmp-" + std::to_string(::getpid()) + ".lwi")) {}
+
+Temporärindex::~Temporärindex() {
+    if (!Anspruch) static_cast<void>(DateiLöschen(Name));
+}
+
+}  // namespace liedwerk

@@ -1,0 +1,38 @@
+// The drives of the real system: mount table, disk service, folders of removable media.
+#pragma once
+
+#include <chrono>
+#include <map>
+#include <mutex>
+
+#include "plattform/laufwerke.h"
+#include "plattform/linux/einhaengungstabelle.h"
+
+namespace liedwerk {
+
+// May be used from several threads. Drives of Windows paths ("D:\") are known by name only: their kind is
+// Unbekannt and they are never there.
+class Systemlaufwerke final : public Laufwerke {
+  public:
+    // Links on the way are followed, so that a folder linked into the home folder lies on the stick it is on.
+    std::string LaufwerkVon(std::string_view Pfad) const override;
+    Laufwerksart Art(std::string_view Laufwerk) const override;
+    // A network drive's "label" is its server and share.
+    std::string Datenträgername(std::string_view Laufwerk) const override;
+    bool Vorhanden(std::string_view Laufwerk) const override;
+
+  private:
+    std::string Aufgelöst(std::string_view Pfad) const;
+
+    mutable std::mutex Riegel;
+    mutable Einhängungstabelle Tabelle;
+    // The folder resolved last: an operation over many files asks for neighbours.
+    mutable std::string Ordner;
+    mutable std::string OrdnerOhneLinks;
+    mutable std::chrono::steady_clock::time_point OrdnerZeit;
+    // Kinds that had to be asked for, valid for one state of the table.
+    mutable std::map<std::string, Laufwerksart, std::less<>> Arten;
+    mutable unsigned ArtenStand = 0;
+};
+
+}  // namespace liedwerk
