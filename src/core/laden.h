@@ -19,4 +19,7 @@ bool StandardDateiLaden(Anwendung& Programm, std::int16_t Modus, bool StillErste
 // the person cancelled or the load failed.
 bool AndereDateiLaden(Anwendung& Programm, std::string_view Dateiname);
 
+// The index that stands for an empty name: lwStamm.lwi in the program folder.
+std::string Standardindex(const Anwendung& Programm);
+
 }  // namespace liedwerk

@@ -1,0 +1,100 @@
+#include "core/anwendung.h"
+
+#include <memory>
+#include <mutex>
+
+#include "basis/text.h"
+#include "basis/zahl.h"
+
+namespace liedwerk {
+namespace {
+
+// The medium text of a path's drive for readers that run in several threads: a cache of its own behind a
+// lock, since the run's cache belongs to the one thread of the interface.
+class Mediumfrage {
+  public:
+    explicit Mediumfrage(Anwendung& Programm)
+        : Drives(Programm.Dienst.Drives), Umgebung(MediumumgebungVon(Programm)) {}
+    std::string operator()(std::string_view Pfad) {
+        const std::lock_guard Halten(Sperre);
+        const std::string Laufwerk = Drives.LaufwerkVon(Pfad);
+        if (!Bekannt || Laufwerk != Zuletzt) {
+            Text = WechselmediumLesen(Speicher, Umgebung, Laufwerk, true);
+            Zuletzt = Laufwerk;
+            Bekannt = true;
+        }
+        return Text;
+    }
+
+  private:
+    std::mutex Sperre;
+    const Laufwerke& Drives;
+    Mediumumgebung Umgebung;
+    Mediumspeicher Speicher;
+    bool Bekannt = false;
+    std::string Zuletzt;
+    std::string Text;
+};
+
+}  // namespace
+
+Mediumumgebung MediumumgebungVon(Anwendung& Programm) {
+    return {Programm.Dienst.Drives, Programm.Werte, Programm.Log, {}};
+}
+
+Medienumgebung MedienumgebungVon(Anwendung& Programm) {
+    Medienumgebung Umgebung;
+    Umgebung.Dateitypen = &Programm.Index.Optionen.Dateitypen;
+    Umgebung.TAGsBytesSuchen = Programm.Werte.TAGsBytesSuchen;
+    Umgebung.Zeit = &Programm.Dienst.Zeit;
+    Umgebung.Auskunft = Programm.Dienst.Auskunft;
+    Umgebung.Log = &Programm.Log;
+    Umgebung.Wechselmedium = [Frage = std::make_shared<Mediumfrage>(Programm)](std::string_view Pfad) {
+        return (*Frage)(Pfad);
+    };
+    return Umgebung;
+}
+
+MedienLeser MedienleserVon(Anwendung& Programm) {
+    return [Umgebung = MedienumgebungVon(Programm)](std::string_view Pfad, const Datensatz& Vorgabe,
+                                                    const Leseauftrag& Auftrag) {
+        return MedienDatenLesen(Umgebung, Pfad, Vorgabe, Auftrag);
+    };
+}
+
+Indexumgebung IndexumgebungVon(Anwendung& Programm) {
+    auto Prüfen = [&Programm](Katalog& Index, Satznummer Nummer) {
+        return static_cast<int>(DateiNichtVerfügbarPrüfen(
+            Index, Nummer, Programm.Medium, MediumumgebungVon(Programm), Programm.Dienst.Person, false));
+    };
+    return {Programm.Dienst.Person,
+            Programm.Log,
+            Programm.Dienst.Zeit,
+            Programm.Dienst.Ordner,
+            Programm.Dienst.Programmordner,
+            MedienleserVon(Programm),
+            std::move(Prüfen)};
+}
+
+Hinzufügeumgebung HinzufügeumgebungVon(Anwendung& Programm) {
+    return {Programm.Index,          Programm.Werte,  Programm.Dienst.Person,      Programm.Log,
+            Programm.Dienst.Ordner,  Programm.Medium, MediumumgebungVon(Programm), Programm.Pfade,
+            MedienleserVon(Programm)};
+}
+
+const Programmversion& Version() {
+    // The minor version has two digits, so that the number formed of both grows with every version.
+    static const Programmversion Nummern{LIEDWERK_VERSION_HAUPT, NullenVoran(LIEDWERK_VERSION_NEBEN, 2),
+                                         LIEDWERK_VERSION_REVISION};
+    return Nummern;
+}
+
+std::int16_t Versionszahl() {
+    return GanzzahlLesen<std::int16_t>(Version().Haupt + Version().Neben).value_or(0);
+}
+
+std::string ProgrammnameMitVersion() {
+    return std::string(Programmtitel) + " " + Version().Haupt + "." + Version().Neben;
+}
+
+}  // namespace liedwerk

@@ -1,0 +1,117 @@
+#include "core/hinzufuegelauf.h"
+
+#include <algorithm>
+
+#include "basis/datei.h"
+#include "basis/text.h"
+#include "core/suchlauf.h"
+
+namespace liedwerk {
+namespace {
+
+bool WirdGesucht(const Anwendung& Programm) {
+    const Suchzeile Zeile = Programm.Dienst.Fenster.SuchzeileLesen();
+    return !Zeile.Begriff.empty() || Programm.Abfragen.SucheAnzahl() > 1;
+}
+
+// Search or list after Anzahl records were appended from Erster on.
+void ListeNachführen(Anwendung& Programm, Satznummer Erster) {
+    if (WirdGesucht(Programm)) {
+        SucheAktualisieren(Programm);
+        return;
+    }
+    ListeAnhängen(Programm.Ansicht, Programm.Index, Erster);
+    Programm.Dienst.Fenster.ListeZeigen();
+}
+
+void NeueMarkieren(Anwendung& Programm, Satznummer Anzahl) {
+    const auto& Zeilen = Programm.Ansicht.Zeilen;
+    const auto Letzte = std::min(static_cast<std::size_t>(Anzahl), Zeilen.size());
+    Programm.Ansicht.Auswahl.assign(Zeilen.end() - static_cast<std::ptrdiff_t>(Letzte), Zeilen.end());
+    Programm.Dienst.Fenster.ZeilenAuswählen(Letzte);
+}
+
+// Names that no index can hold are told, so that nobody believes them added.
+void AusgelasseneMelden(Oberfläche& Person, const std::vector<std::string>& Ausgelassen) {
+    if (Ausgelassen.empty()) return;
+    std::string Text =
+        std::to_string(Ausgelassen.size()) +
+        " Datei(en) wurden nicht hinzugefügt, da ihr Name ein Zeilenende enthält. Benennen Sie diese um "
+        "und fügen Sie sie erneut hinzu:\n";
+    constexpr std::size_t Höchstens = 10;
+    for (std::size_t i = 0; i < std::min(Ausgelassen.size(), Höchstens); ++i) {
+        Text += '\n';
+        Text += Ersetzen(Ersetzen(Ausgelassen[i], "\r", " "), "\n", " ");
+    }
+    if (Ausgelassen.size() > Höchstens) Text += "\n...";
+    Person.Melden(Symbol::Ausrufezeichen, Text);
+}
+
+// Everything behind a run: list or search, selection, counts. -1 when the run was cancelled or failed.
+Satznummer Abschließen(Anwendung& Programm, const Hinzufügeergebnis& Ergebnis,
+                       const Hinzufügefolgen& Folgen) {
+    // After a cancel the list follows only when it shows the whole index; a search stays as it was.
+    const bool Nachführen = Ergebnis.Gelungen || !WirdGesucht(Programm);
+    if (Folgen.ListeAktualisieren && Ergebnis.Anzahl > 0 && Nachführen)
+        ListeNachführen(Programm, Ergebnis.ErsterNeuer);
+    if (Ergebnis.Gelungen && Folgen.NeueDateienMarkieren && Ergebnis.Anzahl > 0)
+        NeueMarkieren(Programm, Ergebnis.Anzahl);
+    Programm.Dienst.Fenster.AuswahlZeigen();
+    AusgelasseneMelden(Programm.Dienst.Person, Ergebnis.Ausgelassen);
+    return Ergebnis.Gelungen ? Ergebnis.Anzahl : -1;
+}
+
+bool IstPlayliste(std::string_view Pfad) {
+    return Pfad.ends_with(".pls") || Pfad.ends_with(".m3u");
+}
+
+}  // namespace
+
+Satznummer OrdnerHinzufügenLauf(Anwendung& Programm, const Ordnerauftrag& Auftrag,
+                                const Hinzufügefolgen& Folgen) {
+    const Laufsperre Sperre(Programm);
+    return Abschließen(Programm, EinfachOrdnerHinzufügen(HinzufügeumgebungVon(Programm), Auftrag), Folgen);
+}
+
+Satznummer DateienHinzufügenLauf(Anwendung& Programm, const std::vector<std::string>& Dateien,
+                                 const Hinzufügefolgen& Folgen, bool StatusMelden) {
+    const Laufsperre Sperre(Programm);
+    return Abschließen(Programm,
+                       EinfachDateiHinzufügen(HinzufügeumgebungVon(Programm), Dateien, StatusMelden), Folgen);
+}
+
+Satznummer PfadeHinzufügenLauf(Anwendung& Programm, const std::vector<std::string>& Pfade) {
+    const Laufsperre Sperre(Programm);
+    const Satznummer Vorher = Programm.Index.IndexAnzahl();
+    const Hinzufügefolgen Keine{false, false};
+    bool Gelungen = true;
+    std::vector<std::string> Dateien;
+    for (const auto& Pfad : Pfade) {
+        if (IstPlayliste(Pfad)) {
+            Programm.Dienst.Person.Melden(
+                Symbol::Ausrufezeichen,
+                "Die Playliste '" + Pfad +
+                    "' wurde ausgelassen, da diese Version Playlisten noch nicht lesen kann.\n"
+                    "Fügen Sie die Dateien selbst oder deren Ordner hinzu.");
+        } else if (OrdnerExistiert(Pfad)) {
+            Ordnerauftrag Auftrag;
+            Auftrag.Ordner = Pfad;
+            Auftrag.Unterordner = Programm.Werte.HinzufügenUnterordner == 1;
+            Auftrag.DateimanagerAnsicht = Programm.Index.Programmmodus == ModusDateimanager;
+            Gelungen = OrdnerHinzufügenLauf(Programm, Auftrag, Keine) >= 0;
+            // A cancel means the whole drop.
+            if (!Gelungen) break;
+        } else if (DateiExistiert(Pfad)) {
+            Dateien.push_back(Pfad);
+        }
+    }
+    if (Gelungen && !Dateien.empty()) Gelungen = DateienHinzufügenLauf(Programm, Dateien, Keine, true) >= 0;
+
+    Hinzufügeergebnis Summe;
+    Summe.Gelungen = Gelungen;
+    Summe.Anzahl = Programm.Index.IndexAnzahl() - Vorher;
+    Summe.ErsterNeuer = Summe.Anzahl > 0 ? Vorher + 1 : 0;
+    return Abschließen(Programm, Summe, {});
+}
+
+}  // namespace liedwerk

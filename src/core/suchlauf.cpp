@@ -1,0 +1,60 @@
+#include "core/suchlauf.h"
+
+#include "index/schreiber.h"
+#include "suche/spaltenlayout.h"
+#include "suche/suchmaschine.h"
+
+namespace liedwerk {
+
+void SucheAktualisieren(Anwendung& Programm, bool MitVorschlägen) {
+    Oberfläche& Person = Programm.Dienst.Person;
+    const Suchzeile Zeile = Programm.Dienst.Fenster.SuchzeileLesen();
+    const std::string Fehler = SuchzeileÜbernehmen(Programm.Abfragen, Zeile.Begriff, Zeile.Feld, Zeile.Aktiv,
+                                                   Programm.Werte.SucheAlsWortStandard == 1);
+    if (!Fehler.empty()) Person.Melden(Symbol::Ausrufezeichen, Fehler);
+
+    const auto Ergebnis = IndexDurchsuchen(Programm.Index, Programm.Puffer, Programm.Abfragen,
+                                           MitVorschlägen || Programm.Werte.SucheVorschlägeErstellen == 1);
+    if (!Ergebnis.Gelungen)
+        Person.Melden(Symbol::Ausrufezeichen,
+                      "Die Suche konnte aufgrund eines Fehlers nicht durchgeführt werden.");
+
+    ListeErstellen(Programm.Ansicht, Programm.Index, Programm.Log, Programm.Dienst.Zeit);
+    Programm.Dienst.Fenster.ListeZeigen();
+    Programm.Dienst.Fenster.AuswahlZeigen();
+    Programm.Dienst.Fenster.VorschlägeZeigen(Programm.Index.ErsterTreffer > 0, Ergebnis.Vorschläge);
+}
+
+void SucheLöschen(Anwendung& Programm) {
+    Programm.Dienst.Fenster.SuchzeileLeeren();
+    SucheZurücksetzen(Programm.Abfragen);
+    SucheAktualisieren(Programm);
+}
+
+void SpaltenAusIndex(Anwendung& Programm) {
+    Programm.Ansicht.Spalten = SpaltenEinrichten(Programm.Index.Optionen.Spalten);
+    Programm.Dienst.Fenster.SpaltenZeigen();
+}
+
+void SpaltenInIndex(Anwendung& Programm) {
+    if (Programm.Index.Programmmodus == ModusNichtsGeladen) return;
+    Programm.Dienst.Fenster.SpaltenÜbernehmen();
+    std::string& Alt = Programm.Index.Optionen.Spalten;
+    // Two strings may tell the same arrangement (the unset one, entries of two parts): only a real change is
+    // worth a save.
+    if (Programm.Ansicht.Spalten == SpaltenEinrichten(Alt)) return;
+    Alt = SpaltenSpeichern(Programm.Ansicht.Spalten, Alt);
+    Programm.Index.IndexGeändert = true;
+}
+
+bool IndexSpeichern(Anwendung& Programm) {
+    const Laufsperre Sperre(Programm);
+    const auto Ergebnis =
+        DateiSpeichern(Programm.Index, Programm.Werte, IndexumgebungVon(Programm),
+                       Programm.Index.IndexDateiname, FortschrittBeimSpeichern(Programm.Werte));
+    if (Ergebnis != Speicherergebnis::Gespeichert) return false;
+    Programm.Dienst.Person.StatusZeigen("Die Indexdatei wurde gespeichert");
+    return true;
+}
+
+}  // namespace liedwerk
