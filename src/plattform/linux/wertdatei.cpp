@@ -104,19 +104,19 @@ std::optional<std::string> TextLesen(std::string_view Roh) {
     return Text;
 }
 
-std::optional<Wert> WertAusText(std::string_view Roh) {
+std::optional<Speicherwert> WertAusText(std::string_view Roh) {
     if (Roh.size() >= 2 && Roh.front() == '"' && Roh.back() == '"') {
         auto Text = TextLesen(Roh.substr(1, Roh.size() - 2));
-        return Text ? std::optional<Wert>(std::move(*Text)) : std::nullopt;
+        return Text ? std::optional<Speicherwert>(std::move(*Text)) : std::nullopt;
     }
     std::int32_t Zahl = 0;
     const char* Ende = Roh.data() + Roh.size();
     const auto [Bis, Fehler] = std::from_chars(Roh.data(), Ende, Zahl);
     if (Roh.empty() || Fehler != std::errc() || Bis != Ende) return std::nullopt;
-    return Wert(Zahl);
+    return Speicherwert(Zahl);
 }
 
-std::string WertZeile(std::string_view Name, const Wert& Inhalt) {
+std::string WertZeile(std::string_view Name, const Speicherwert& Inhalt) {
     std::string Zeile(Name);
     Zeile += '=';
     if (const auto* Text = std::get_if<std::string>(&Inhalt)) return Zeile + TextSchreiben(*Text);
@@ -124,7 +124,7 @@ std::string WertZeile(std::string_view Name, const Wert& Inhalt) {
 }
 
 // The name of a line and its value; nothing for a line that is none of ours.
-std::optional<std::pair<std::string_view, Wert>> ZeileLesen(std::string_view Zeile) {
+std::optional<std::pair<std::string_view, Speicherwert>> ZeileLesen(std::string_view Zeile) {
     if (!Zeile.empty() && Zeile.back() == '\r') Zeile.remove_suffix(1);
     const std::size_t Gleich = Zeile.find('=');
     if (Gleich == std::string_view::npos) return std::nullopt;
@@ -165,7 +165,7 @@ Inhalt DateiZeilenLesen(const std::string& Pfad) {
 
 // Puts the changes into the lines: in place of the line that counts, else at the end.
 void Einarbeiten(std::vector<std::string>& Zeilen,
-                 const std::map<std::string, std::optional<Wert>, std::less<>>& Änderungen) {
+                 const std::map<std::string, std::optional<Speicherwert>, std::less<>>& Änderungen) {
     std::map<std::string, std::size_t, std::less<>> Geltende;
     std::vector<bool> Entfällt(Zeilen.size(), false);
     for (std::size_t Nummer = 0; Nummer < Zeilen.size(); ++Nummer) {
@@ -216,12 +216,12 @@ Wertdatei::Wertdatei(std::string Pfad) : Datei(std::move(Pfad)) {
     }
 }
 
-std::optional<Wert> Wertdatei::Lesen(std::string_view Name) const {
+std::optional<Speicherwert> Wertdatei::Lesen(std::string_view Name) const {
     const auto Fund = Bekannt.find(Name);
-    return Fund == Bekannt.end() ? std::nullopt : std::optional<Wert>(Fund->second);
+    return Fund == Bekannt.end() ? std::nullopt : std::optional<Speicherwert>(Fund->second);
 }
 
-void Wertdatei::Schreiben(std::string_view Name, const Wert& Neu) {
+void Wertdatei::Schreiben(std::string_view Name, const Speicherwert& Neu) {
     if (IstName(Name)) Ändern(Name, Neu);
 }
 
@@ -229,7 +229,7 @@ void Wertdatei::Löschen(std::string_view Name) {
     Ändern(Name, std::nullopt);
 }
 
-void Wertdatei::Ändern(std::string_view Name, std::optional<Wert> Neu) {
+void Wertdatei::Ändern(std::string_view Name, std::optional<Speicherwert> Neu) {
     // What stays as it was read here is no change of ours, though another program may have changed it since.
     if (Lesen(Name) == Neu) return;
     const std::string Schlüssel(Name);

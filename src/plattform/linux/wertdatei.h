@@ -20,10 +20,10 @@ class Wertdatei final : public Wertspeicher {
   public:
     // A missing file is an empty one.
     explicit Wertdatei(std::string Pfad);
-    std::optional<Wert> Lesen(std::string_view Name) const override;
+    std::optional<Speicherwert> Lesen(std::string_view Name) const override;
     // A name is not empty, holds no "=" and no control character, begins with none of # ; [ and with no
     // blank; another one is ignored.
-    void Schreiben(std::string_view Name, const Wert& Neu) override;
+    void Schreiben(std::string_view Name, const Speicherwert& Neu) override;
     void Löschen(std::string_view Name) override;
     std::string Sichern() override;
 
@@ -32,11 +32,11 @@ class Wertdatei final : public Wertspeicher {
     const std::string& Lesefehler() const { return Ladefehler; }
 
   private:
-    void Ändern(std::string_view Name, std::optional<Wert> Neu);
+    void Ändern(std::string_view Name, std::optional<Speicherwert> Neu);
     std::string Datei;
     std::string Ladefehler;
-    std::map<std::string, Wert, std::less<>> Bekannt;                    // as read, and as changed here
-    std::map<std::string, std::optional<Wert>, std::less<>> Änderungen;  // nothing: deleted
+    std::map<std::string, Speicherwert, std::less<>> Bekannt;  // as read, and as changed here
+    std::map<std::string, std::optional<Speicherwert>, std::less<>> Änderungen;  // nothing: deleted
 };
 
 }  // namespace liedwerk

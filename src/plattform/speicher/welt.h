@@ -61,13 +61,15 @@ class Laufwerksliste final : public Laufwerke {
 
 class Werte final : public Wertspeicher {
   public:
-    std::map<std::string, Wert, std::less<>> Inhalt;
+    std::map<std::string, Speicherwert, std::less<>> Inhalt;
     std::string Sicherungsfehler;  // what Sichern answers
-    std::optional<Wert> Lesen(std::string_view Name) const override {
+    std::optional<Speicherwert> Lesen(std::string_view Name) const override {
         const auto Fund = Inhalt.find(Name);
-        return Fund == Inhalt.end() ? std::nullopt : std::optional<Wert>(Fund->second);
+        return Fund == Inhalt.end() ? std::nullopt : std::optional<Speicherwert>(Fund->second);
     }
-    void Schreiben(std::string_view Name, const Wert& Neu) override { Inhalt[std::string(Name)] = Neu; }
+    void Schreiben(std::string_view Name, const Speicherwert& Neu) override {
+        Inhalt[std::string(Name)] = Neu;
+    }
     void Löschen(std::string_view Name) override {
         const auto Fund = Inhalt.find(Name);
         if (Fund != Inhalt.end()) Inhalt.erase(Fund);
