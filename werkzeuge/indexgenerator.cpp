@@ -33,6 +33,7 @@ struct Albumdaten {
     std::string Name;
     std::string Ordner;
     std::string Medium;  // label of the removable medium, else empty
+    std::string Verlag;
     int Jahr = 0;
     Genrewahl Genre{};
     bool MitV2 = true;
@@ -100,6 +101,7 @@ Albumdaten AlbumBeginnen(Zufall& Würfel, const std::string& Künstler) {
     Album.Genre = GenreWählen(Würfel);
     Album.MitV2 = Würfel.Trifft(70);
     Album.Titelanzahl = Würfel.Zahl(8, 16);
+    Album.Verlag = VerlagBilden(Würfel);
     if (Würfel.Trifft(5)) Album.Medium = "MUSIK_" + Zweistellig(Würfel.Zahl(1, 40));
     Album.Ordner =
         (Album.Medium.empty() ? std::string("/home/anna/Musik/") : "/media/anna/" + Album.Medium + '/') +
@@ -137,9 +139,13 @@ void ErweitertSetzen(Zeilenwerte& Werte, Zufall& Würfel, const Albumdaten& Albu
     Werte.Setzen(FeldV2Genre, Album.Genre.Name);
     Werte.Setzen(FeldV2Jahr, Album.Jahr);
     Werte.Setzen(FeldV2Titelnummer, Nummer);
-    if (Würfel.Trifft(30)) Werte.Setzen(FeldV2Kommentar, KommentarBilden(Würfel));
+    if (Würfel.Trifft(50)) Werte.Setzen(FeldV2Kommentar, KommentarBilden(Würfel));
     if (Würfel.Trifft(20)) Werte.Setzen(FeldV2Songschreiber, KünstlerBilden(Würfel));
     if (Würfel.Trifft(10)) Werte.Setzen(FeldV2Länge, std::int64_t{Würfel.Zahl(95, 420)} * 1000);
+    if (Würfel.Trifft(70)) Werte.Setzen(FeldV2Herausgeber, Album.Verlag);
+    if (Würfel.Trifft(60)) Werte.Setzen(FeldV2Copyright, std::to_string(Album.Jahr) + ' ' + Album.Verlag);
+    if (Würfel.Trifft(40)) Werte.Setzen(FeldV2EncodiertVon, "annas Rechner");
+    if (Würfel.Trifft(20)) Werte.Setzen(FeldV2Link, "https://tontraeger.invalid/katalog");
     Werte.Setzen(FeldV2Software, "LAME 3.100");
     Werte.Setzen(FeldId3v2Größe, std::int64_t{Würfel.Zahl(1, 16)} * 1024 + 10);
     Werte.Setzen(FeldId3v2Version, "2.3.0");

@@ -108,13 +108,17 @@ std::string TitelBilden(Zufall& Würfel) {
     std::string Name;
     if (Würfel.Trifft(60)) Name = Großgeschrieben(Würfel.Aus(Eigenschaften)) + ' ';
     Name += Würfel.Aus(Dinge);
-    if (Würfel.Trifft(40)) Anhängen(Name, "", Würfel.Aus(Orte));
+    if (Würfel.Trifft(60)) Anhängen(Name, "", Würfel.Aus(Orte));
     if (Würfel.Trifft(8)) Name += Würfel.Aus(Zusätze);
     return Name;
 }
 
 std::string KommentarBilden(Zufall& Würfel) {
     return std::string(Würfel.Aus(Kommentare));
+}
+
+std::string VerlagBilden(Zufall& Würfel) {
+    return std::string(Würfel.Aus(Nachnamen)) + " Tonträger";
 }
 
 Genrewahl GenreWählen(Zufall& Würfel) {

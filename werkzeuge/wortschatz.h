@@ -13,6 +13,7 @@ std::string KünstlerBilden(Zufall& Würfel);
 std::string AlbumBilden(Zufall& Würfel);
 std::string TitelBilden(Zufall& Würfel);
 std::string KommentarBilden(Zufall& Würfel);
+std::string VerlagBilden(Zufall& Würfel);
 
 // A genre of ID3v1 with its number.
 struct Genrewahl {

@@ -1,0 +1,236 @@
+// liedwerk-vergleich: the bare bounds against which benchmarks/messen.sh holds the program's figures.
+//
+// Each subcommand does the least that a job needs, without this project's code, and prints "name=value"
+// lines; times are milliseconds. TagLib's reading of tags and audio properties is the peer for media files.
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <functional>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <sys/stat.h>
+#include <taglib/audioproperties.h>
+#include <taglib/fileref.h>
+#include <taglib/tag.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+using Stoppuhr = std::chrono::steady_clock;
+
+double MillisekundenSeit(Stoppuhr::time_point Anfang) {
+    return std::chrono::duration<double, std::milli>(Stoppuhr::now() - Anfang).count();
+}
+
+struct Inhalt {
+    std::unique_ptr<char[]> Bytes;  // not initialised: fresh memory is a part of the bound
+    std::size_t Länge = 0;
+};
+
+// One file by as few read() calls as the system takes.
+Inhalt Lesen(const char* Pfad) {
+    Inhalt Ergebnis;
+    const int Griff = open(Pfad, O_RDONLY | O_CLOEXEC);
+    struct stat Stand {};
+    if (Griff < 0 || fstat(Griff, &Stand) != 0) {
+        std::perror(Pfad);
+        std::exit(1);
+    }
+    const auto Größe = static_cast<std::size_t>(Stand.st_size);
+    Ergebnis.Bytes = std::make_unique_for_overwrite<char[]>(Größe);
+    while (Ergebnis.Länge < Größe) {
+        const ssize_t Gelesen = read(Griff, Ergebnis.Bytes.get() + Ergebnis.Länge, Größe - Ergebnis.Länge);
+        if (Gelesen <= 0) break;
+        Ergebnis.Länge += static_cast<std::size_t>(Gelesen);
+    }
+    close(Griff);
+    return Ergebnis;
+}
+
+// Reading an index: one read() plus memchr of the line ends.
+int Zeilen(const std::vector<const char*>& Argumente) {
+    const auto Anfang = Stoppuhr::now();
+    const Inhalt Datei = Lesen(Argumente[0]);
+    std::size_t Anzahl = 0;
+    const char* Stelle = Datei.Bytes.get();
+    const char* const Ende = Stelle + Datei.Länge;
+    while (const void* Fund = std::memchr(Stelle, '\n', static_cast<std::size_t>(Ende - Stelle))) {
+        ++Anzahl;
+        Stelle = static_cast<const char*>(Fund) + 1;
+    }
+    std::cout << "ms=" << MillisekundenSeit(Anfang) << "\nzeilen=" << Anzahl << '\n';
+    return 0;
+}
+
+// Searching: memmem over the folded text (one line a record), each line counted once; median of five.
+int Memmem(const std::vector<const char*>& Argumente) {
+    const Inhalt Datei = Lesen(Argumente[0]);
+    const std::string_view Wort = Argumente[1];
+    std::array<double, 5> Zeiten{};
+    std::size_t Treffer = 0;
+    for (double& Zeit : Zeiten) {
+        Treffer = 0;
+        const auto Anfang = Stoppuhr::now();
+        const char* Stelle = Datei.Bytes.get();
+        const char* const Ende = Stelle + Datei.Länge;
+        while (const void* Fund =
+                   memmem(Stelle, static_cast<std::size_t>(Ende - Stelle), Wort.data(), Wort.size())) {
+            ++Treffer;
+            const auto* Ort = static_cast<const char*>(Fund);
+            const void* Zeilenende = std::memchr(Ort, '\n', static_cast<std::size_t>(Ende - Ort));
+            if (Zeilenende == nullptr) break;
+            Stelle = static_cast<const char*>(Zeilenende) + 1;
+        }
+        Zeit = MillisekundenSeit(Anfang);
+    }
+    std::ranges::sort(Zeiten);
+    std::cout << "ms=" << Zeiten[2] << "\ntreffer=" << Treffer << "\nbytes=" << Datei.Länge << '\n';
+    return 0;
+}
+
+// Saving: a sequential write of the same bytes to a new file, with fsync.
+int Schreiben(const std::vector<const char*>& Argumente) {
+    const Inhalt Datei = Lesen(Argumente[0]);
+    unlink(Argumente[1]);
+    const auto Anfang = Stoppuhr::now();
+    const int Griff = open(Argumente[1], O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
+    std::size_t Geschrieben = 0;
+    while (Griff >= 0 && Geschrieben < Datei.Länge) {
+        const ssize_t Stück = write(Griff, Datei.Bytes.get() + Geschrieben, Datei.Länge - Geschrieben);
+        if (Stück <= 0) break;
+        Geschrieben += static_cast<std::size_t>(Stück);
+    }
+    const bool Gelungen = Griff >= 0 && Geschrieben == Datei.Länge && fsync(Griff) == 0 && close(Griff) == 0;
+    const double Zeit = MillisekundenSeit(Anfang);
+    unlink(Argumente[1]);
+    if (!Gelungen) {
+        std::perror(Argumente[1]);
+        return 1;
+    }
+    std::cout << "ms=" << Zeit << '\n';
+    return 0;
+}
+
+std::vector<std::string> DateienUnter(const char* Ordner) {
+    std::vector<std::string> Dateien;
+    for (const auto& Eintrag : std::filesystem::recursive_directory_iterator(Ordner)) {
+        if (Eintrag.is_regular_file()) Dateien.push_back(Eintrag.path().string());
+    }
+    std::ranges::sort(Dateien);
+    return Dateien;
+}
+
+std::size_t Teil(int Griff, std::vector<char>& Puffer, std::size_t Länge, off_t Stelle) {
+    if (Puffer.size() < Länge) Puffer.resize(Länge);
+    const ssize_t Gelesen = pread(Griff, Puffer.data(), Länge, Stelle);
+    return Gelesen < 0 ? 0 : static_cast<std::size_t>(Gelesen);
+}
+
+// Position of the first frame header: a byte 255 followed by one with its three top bits set.
+std::size_t Rahmenkopf(const char* Bytes, std::size_t Länge) {
+    const char* Stelle = Bytes;
+    while (const void* Fund = std::memchr(Stelle, 0xFF, Länge - static_cast<std::size_t>(Stelle - Bytes))) {
+        Stelle = static_cast<const char*>(Fund);
+        const auto Ort = static_cast<std::size_t>(Stelle - Bytes);
+        if (Ort + 1 >= Länge) break;
+        if ((static_cast<unsigned char>(Stelle[1]) & 0xE0U) == 0xE0U) return Ort;
+        ++Stelle;
+    }
+    return Länge;
+}
+
+// The bytes of one MP3 file that have to be looked at: a tag in front with the frame header behind it or,
+// without a tag, what the search for one covers; and the tags at the end.
+std::size_t Ansehen(const char* Pfad, std::vector<char>& Puffer) {
+    constexpr std::size_t ErstesStück = 4096;
+    constexpr std::size_t Suchweite = 102400;
+    constexpr std::size_t Endstück = 160;
+    const int Griff = open(Pfad, O_RDONLY | O_CLOEXEC);
+    struct stat Stand {};
+    if (Griff < 0 || fstat(Griff, &Stand) != 0) return 0;
+    std::size_t Länge = Teil(Griff, Puffer, ErstesStück, 0);
+    std::size_t Gesehen = 0;
+    if (Länge >= 10 && std::memcmp(Puffer.data(), "ID3", 3) == 0) {
+        std::size_t Taggröße = 10;
+        for (std::size_t i = 6; i < 10; ++i) {
+            Taggröße += static_cast<std::size_t>(Puffer[i] & 0x7F) << (7 * (9 - i));
+        }
+        Taggröße = std::min(Taggröße, Suchweite);
+        if (Taggröße + 64 > Länge) Länge = Teil(Griff, Puffer, Taggröße + 64, 0);
+    } else if (static_cast<std::size_t>(Stand.st_size) > Länge) {
+        Länge = Teil(Griff, Puffer, Suchweite, 0);
+        if (memmem(Puffer.data(), Länge, "ID3", 3) != nullptr) ++Gesehen;
+    }
+    Gesehen += Rahmenkopf(Puffer.data(), Länge);
+    Gesehen +=
+        Teil(Griff, Puffer, Endstück, std::max<off_t>(0, Stand.st_size - static_cast<off_t>(Endstück)));
+    close(Griff);
+    return Gesehen;
+}
+
+int Schleife(const std::vector<const char*>& Argumente) {
+    const std::vector<std::string> Dateien = DateienUnter(Argumente[0]);
+    std::vector<char> Puffer;
+    std::size_t Gesehen = 0;
+    const auto Anfang = Stoppuhr::now();
+    for (const std::string& Datei : Dateien)
+        Gesehen += Ansehen(Datei.c_str(), Puffer);
+    std::cout << "ms=" << MillisekundenSeit(Anfang) << "\ndateien=" << Dateien.size() << "\nbytes=" << Gesehen
+              << '\n';
+    return 0;
+}
+
+int Taglib(const std::vector<const char*>& Argumente) {
+    const std::vector<std::string> Dateien = DateienUnter(Argumente[0]);
+    std::size_t Zeichen = 0;
+    const auto Anfang = Stoppuhr::now();
+    for (const std::string& Datei : Dateien) {
+        const TagLib::FileRef Fund(Datei.c_str(), true, TagLib::AudioProperties::Average);
+        if (Fund.isNull() || Fund.tag() == nullptr) continue;
+        const TagLib::Tag& Tag = *Fund.tag();
+        Zeichen += Tag.title().size() + Tag.artist().size() + Tag.album().size() + Tag.comment().size();
+        if (Fund.audioProperties() != nullptr) {
+            Zeichen += static_cast<std::size_t>(Fund.audioProperties()->lengthInSeconds());
+        }
+    }
+    std::cout << "ms=" << MillisekundenSeit(Anfang) << "\ndateien=" << Dateien.size()
+              << "\nzeichen=" << Zeichen << '\n';
+    return 0;
+}
+
+struct Befehl {
+    std::string_view Name;
+    std::size_t Argumente;
+    std::string_view Aufruf;
+    int (*Ausführen)(const std::vector<const char*>&);
+};
+
+constexpr std::array<Befehl, 5> Befehle = {{
+    {"zeilen", 1, "DATEI", Zeilen},
+    {"memmem", 2, "TEXT WORT", Memmem},
+    {"schreiben", 2, "DATEI ZIEL", Schreiben},
+    {"schleife", 1, "ORDNER", Schleife},
+    {"taglib", 1, "ORDNER", Taglib},
+}};
+
+}  // namespace
+
+int main(int Anzahl, char** Argumente) {
+    for (const Befehl& Eintrag : Befehle) {
+        if (Anzahl < 2 || Eintrag.Name != Argumente[1]) continue;
+        if (static_cast<std::size_t>(Anzahl) != Eintrag.Argumente + 2) break;
+        return Eintrag.Ausführen({Argumente + 2, Argumente + Anzahl});
+    }
+    for (const Befehl& Eintrag : Befehle) {
+        std::cerr << "liedwerk-vergleich " << Eintrag.Name << ' ' << Eintrag.Aufruf << '\n';
+    }
+    return 2;
+}
