@@ -4,22 +4,22 @@
 // with albums with tracks, seven in ten with ID3v2 fields, some on a removable medium, some played. Nothing
 // in it asks for a repair at load. It writes the format by itself, so that it can judge the index's own
 // writer.
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdint>
-#include <cstdio>
 #include <fstream>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "basis/zahl.h"
 #include "index/dateitypen.h"
 #include "index/felder.h"
 #include "index/indexformat.h"
 #include "index/wert.h"
-#include "wortschatz.h"
-#include "zufall.h"
+#include "werkzeuge/wortschatz.h"
+#include "werkzeuge/zufall.h"
 
 namespace liedwerk::werkzeug {
 namespace {
@@ -215,27 +215,20 @@ bool Erzeugen(std::ofstream& Datei, std::int64_t Anzahl, std::uint64_t Saat) {
     return static_cast<bool>(Datei.flush());
 }
 
-template <typename Zahl>
-bool ZahlLesen(std::string_view Text, Zahl& Wert) {
-    const auto [Ende, Fehler] = std::from_chars(Text.data(), Text.data() + Text.size(), Wert);
-    return Fehler == std::errc() && Ende == Text.data() + Text.size();
-}
-
 }  // namespace
 }  // namespace liedwerk::werkzeug
 
-int main(int Anzahl, char** Argumente) {
-    using namespace liedwerk::werkzeug;
-    std::int64_t Sätze = 0;
-    std::uint64_t Saat = 1;
-    if (Anzahl < 3 || Anzahl > 4 || !ZahlLesen(Argumente[2], Sätze) || Sätze < 0 ||
-        (Anzahl == 4 && !ZahlLesen(Argumente[3], Saat))) {
+int main(int Wortzahl, char** Worte) {
+    using namespace liedwerk;
+    const auto Anzahl = Wortzahl >= 3 ? GanzzahlLesen<std::int64_t>(Worte[2]) : std::nullopt;
+    const auto Saat = Wortzahl == 4 ? GanzzahlLesen<std::int64_t>(Worte[3]) : 1;
+    if (Wortzahl > 4 || !Anzahl || *Anzahl < 0 || !Saat) {
         std::cerr << "Aufruf: liedwerk-indexgenerator ZIEL ANZAHL [SAAT]\n";
         return 2;
     }
-    std::ofstream Datei(Argumente[1], std::ios::binary | std::ios::trunc);
-    if (!Datei || !Erzeugen(Datei, Sätze, Saat)) {
-        std::cerr << "Die Indexdatei '" << Argumente[1] << "' konnte nicht geschrieben werden.\n";
+    std::ofstream Datei(Worte[1], std::ios::binary | std::ios::trunc);
+    if (!Datei || !werkzeug::Erzeugen(Datei, *Anzahl, static_cast<std::uint64_t>(*Saat))) {
+        std::cerr << "Die Indexdatei '" << Worte[1] << "' konnte nicht geschrieben werden.\n";
         return 1;
     }
     return 0;

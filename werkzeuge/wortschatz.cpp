@@ -1,4 +1,4 @@
-#include "wortschatz.h"
+#include "werkzeuge/wortschatz.h"
 
 #include <array>
 

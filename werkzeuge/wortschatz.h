@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "zufall.h"
+#include "werkzeuge/zufall.h"
 
 namespace liedwerk::werkzeug {
 
