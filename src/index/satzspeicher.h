@@ -34,24 +34,27 @@ class Satzsicht {
 class Satzspeicher {
   public:
     Satzspeicher();
-    Satzspeicher(Satzspeicher&&) noexcept;
-    Satzspeicher& operator=(Satzspeicher&&) noexcept;
+    Satzspeicher(Satzspeicher&& Andere) noexcept;
+    // The generation rises above both, so that a cache of the old content sees it.
+    Satzspeicher& operator=(Satzspeicher&& Andere) noexcept;
     ~Satzspeicher();
 
     Satznummer Anzahl() const { return static_cast<Satznummer>(Plätze.size()); }
 
-    // Text values, UTF-8 (a POSIX path: its bytes).
+    // Text values, UTF-8 (a POSIX path: its bytes). A number or date gives the text that the line holds.
     std::string Pfad(Satznummer Nummer) const;
     std::string Text(Satznummer Nummer, int Feld) const;
-    // The number of a number field, the start value when it holds none (-1 for Größe, 0 else).
+    // The number of a number field, of a flag (0 or 1), of the genre and of the rating byte; the start value
+    // when it holds none (-1 for Größe, KeinGenre, KeineV2Qualität, 0 else).
     std::int64_t Zahl(Satznummer Nummer, int Feld) const;
     // The bytes of a field as the file holds them.
     std::string_view Roh(Satznummer Nummer, int Feld) const;
     Satzsicht Sicht(Satznummer Nummer) const;
-    std::uint8_t HatId3v1(Satznummer Nummer) const;
-    std::uint8_t HatId3v2(Satznummer Nummer) const;
+    std::uint8_t HatId3v1(Satznummer Nummer) const { return PlatzVon(Nummer).Id3v1; }
+    std::uint8_t HatId3v2(Satznummer Nummer) const { return PlatzVon(Nummer).Id3v2; }
 
-    // The whole record, and its replacement; path and data.
+    // The whole record, and its replacement; path and data. Members without a field number are not kept, but
+    // for the three marks; everything else comes back as it was set, also what a save would leave out or cut.
     Datensatz Lesen(Satznummer Nummer) const;
     void Setzen(Satznummer Nummer, std::string_view Pfad, const Datensatz& Daten);
     void PfadSetzen(Satznummer Nummer, std::string_view Pfad);
@@ -81,11 +84,16 @@ class Satzspeicher {
         bool Speicherform : 1 = false;
     };
     void BlockÜbernehmen(std::unique_ptr<char[]> Block, std::size_t Länge);
+    // Stores a record's line without giving it a slot yet.
+    Platz Ablegen(std::string_view Pfad, const Datensatz& Daten);
+    // Replaces all slots; their lines lie in blocks taken over or were put down by Ablegen.
     void PlätzeÜbernehmen(std::vector<Platz> Neue);
     const Platz& PlatzVon(Satznummer Nummer) const { return Plätze[static_cast<std::size_t>(Nummer - 1)]; }
 
   private:
     struct Blöcke;
+    void Ersetzen(Satznummer Nummer, const Platz& Neu);
+    void Neuordnen();
     void Vermerken(Satznummer Nummer);
     void Verdichten();
     std::vector<Platz> Plätze;
