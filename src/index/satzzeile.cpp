@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "basis/text.h"
 #include "index/indexformat.h"
 #include "index/wert.h"
 
@@ -14,10 +15,6 @@ constexpr std::size_t HöchsteSpeicherlänge = 64U << 20;
 
 std::size_t Platznummer(int Feld) {
     return static_cast<std::size_t>(Feld - 1);
-}
-
-bool IstAscii(std::string_view Text) {
-    return std::all_of(Text.begin(), Text.end(), [](char Byte) { return (Byte & 0x80) == 0; });
 }
 
 // Reads a length of a well-formed line; Stelle moves onto the "/" or "|" behind it.

@@ -1,18 +1,14 @@
 #include "index/wert.h"
 
-#include <algorithm>
 #include <optional>
 
 #include "basis/ansi.h"
+#include "basis/text.h"
 
 namespace liedwerk {
 namespace {
 
 constexpr std::string_view Rohmarke = "\xEF\xBB\xBF";
-
-bool IstAscii(std::string_view Bytes) {
-    return std::all_of(Bytes.begin(), Bytes.end(), [](char Byte) { return (Byte & 0x80) == 0; });
-}
 
 // The Windows-1252 bytes of a text when they would be read as that text again.
 //
