@@ -165,7 +165,8 @@ std::string Id3v2Rahmen(std::string_view Kennung, std::string_view Wert, bool Si
 }
 
 std::string Id3v2Textrahmen(std::string_view Kennung, std::string_view Text, bool Utf16, bool SiebenBit) {
-    const std::string Wert = std::string(1, Utf16 ? '\1' : '\0') + (Utf16 ? Utf16Text(Text) : AnsiText(Text));
+    std::string Wert(1, Utf16 ? '\1' : '\0');
+    Wert += Utf16 ? Utf16Text(Text) : AnsiText(Text);
     return Id3v2Rahmen(Kennung, Wert, SiebenBit);
 }
 

@@ -1,0 +1,196 @@
+#include "medien/id3v2.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "basis/ansi.h"
+#include "medien/tagtext.h"
+
+namespace liedwerk {
+namespace {
+
+unsigned ByteBei(std::string_view Bytes, std::size_t Stelle) {
+    return static_cast<unsigned char>(Bytes[Stelle]);
+}
+
+// 0-based place of "ID3"; npos when absent. Compares whole blocks at once, which the compiler turns into
+// vector instructions: most files have no tag, and then all of the search range is looked at.
+std::size_t KennungSuchen(std::string_view Bytes, std::size_t Ab) {
+    constexpr std::size_t Block = 64;
+    for (; Ab + Block + 2 <= Bytes.size(); Ab += Block) {
+        const char* Stück = Bytes.data() + Ab;
+        int Treffer = 0;
+        for (std::size_t Stelle = 0; Stelle < Block; ++Stelle) {
+            Treffer |= static_cast<int>(Stück[Stelle] == 'I') & static_cast<int>(Stück[Stelle + 1] == 'D') &
+                       static_cast<int>(Stück[Stelle + 2] == '3');
+        }
+        if (Treffer != 0) break;
+    }
+    return Bytes.find(Id3v2Kennung, Ab);
+}
+
+// Looks into the first bytes before all of the range is read: a tag is nearly always there.
+std::size_t TagSuchen(Dateianfang& Anfang, std::uint64_t Bereich) {
+    constexpr std::uint64_t ErstesStück = 4096;
+    const std::size_t Fund = KennungSuchen(Anfang.Bis(std::min(ErstesStück, Bereich)), 0);
+    if (Fund != std::string_view::npos || Bereich <= ErstesStück) return Fund;
+    return KennungSuchen(Anfang.Bis(Bereich), ErstesStück - Id3v2Kennung.size());
+}
+
+// What differs between the frames of version 2.2 and the later ones.
+struct Rahmenform {
+    std::size_t KennungLänge;
+    std::size_t KopfLänge;
+    std::size_t Mindestrest;  // fewer bytes end the walk
+    std::string_view Id3v2Rahmenfeld::*Kennung;
+};
+constexpr Rahmenform Kurzform = {3, 6, 7, &Id3v2Rahmenfeld::KurzKennung};
+constexpr Rahmenform Langform = {4, 10, 11, &Id3v2Rahmenfeld::Kennung};
+
+const Id3v2Rahmenfeld* RahmenfeldFinden(std::string_view Kennung, const Rahmenform& Form) {
+    const auto* Fund =
+        std::find_if(Id3v2Rahmenfelder.begin(), Id3v2Rahmenfelder.end(),
+                     [&](const Id3v2Rahmenfeld& Feld) { return Feld.*Form.Kennung == Kennung; });
+    return Fund == Id3v2Rahmenfelder.end() ? nullptr : Fund;
+}
+
+// The rating is the byte behind the address. Kept: an address that is empty moves it.
+void QualitätSetzen(std::string_view Wert, Datensatz& Satz) {
+    const std::size_t Ende = Wert.find('\0');
+    if (Ende != std::string_view::npos && Ende + 1 < Wert.size()) {
+        Satz.V2Qualität = static_cast<std::uint8_t>(Wert[Ende + 1]);
+    }
+}
+
+// Kept: an encoding other than 0 is not looked at. Its byte goes with the NULs, a byte-order mark stays.
+std::string RahmentextBilden(std::string_view Wert, bool ZeilenEntfernen) {
+    // Meant for the language in front of a comment; counts for every frame.
+    constexpr std::size_t SprachLänge = 3;
+    if (Wert.size() > SprachLänge && Wert[SprachLänge] == '\0') Wert.remove_prefix(SprachLänge + 1);
+    return AnsiNachUtf8(TextBereinigen(Wert, ZeilenEntfernen));
+}
+
+// Stores a frame. False when its identifier is padding, the end of all frames.
+bool RahmenAuswerten(std::string_view Rahmen, const Rahmenform& Form, Datensatz& Satz) {
+    const std::string_view Kennung = Rahmen.substr(0, Form.KennungLänge);
+    std::string_view Wert = Rahmen.substr(Form.KopfLänge);
+    if (Wert.starts_with('\0')) Wert.remove_prefix(1);
+
+    if (const Id3v2Rahmenfeld* Feld = RahmenfeldFinden(Kennung, Form)) {
+        const bool Kommentar = Feld->Feld == &Datensatz::V2Kommentar;
+        Satz.*(Feld->Feld) = RahmentextBilden(Wert, !Kommentar);
+        return true;
+    }
+    if (Kennung == Id3v2QualitätKennung) {
+        QualitätSetzen(Wert, Satz);
+        return true;
+    }
+    if (Kennung.find_first_not_of(Kennung[0]) == std::string_view::npos) return false;
+    if (Kennung[0] >= 'A' && Kennung[0] <= 'z') {
+        if (Form.KennungLänge == Langform.KennungLänge) {
+            Satz.Id3v2WeitereFelder += Rahmen;
+        } else {
+            // A frame of 2.2 cannot be written back; the blank only says that there was one.
+            Satz.Id3v2WeitereFelder = " ";
+        }
+    }
+    return true;
+}
+
+// Walks the frames; Benutzt is the number of the tag's bytes in front of them.
+void RahmenLesen(std::string_view Text, const Rahmenform& Form, std::int32_t Benutzt, Datensatz& Satz) {
+    while (Text.size() >= Form.Mindestrest && !Text.starts_with(Id3v2FußKennung)) {
+        // An identifier is as long as the size behind it.
+        const std::string_view Größenfeld = Text.substr(Form.KennungLänge, Form.KennungLänge);
+        const std::size_t Schritt =
+            Form.KopfLänge + static_cast<std::size_t>(Id3v2GrößeLesen(Größenfeld, Id3v2Größenform::Einfach));
+        if (!RahmenAuswerten(Text.substr(0, Schritt), Form, Satz)) {
+            Satz.Id3v2Benutzt = Benutzt;
+            return;
+        }
+        Benutzt += static_cast<std::int32_t>(Schritt);
+        Text.remove_prefix(std::min(Schritt, Text.size()));
+    }
+}
+
+// A size field of a header, four bytes. Nothing when it is refused: its first byte is above 0.
+std::optional<std::int32_t> GrößenfeldLesen(std::string_view Bytes) {
+    if (ByteBei(Bytes, 0) > 0) return std::nullopt;
+    return Id3v2GrößeLesen(Bytes, Id3v2Größenform::SiebenBit);
+}
+
+}  // namespace
+
+std::int32_t Id3v2GrößeLesen(std::string_view Bytes, Id3v2Größenform Form) {
+    if (Bytes.size() < 3) return 0;
+    // The bits of all bytes in a row, the last one lowest.
+    const unsigned Breite = Form == Id3v2Größenform::Einfach ? 8 : 7;
+    std::uint32_t Bits = 0;
+    for (const char Byte : Bytes.substr(0, 4)) {
+        Bits = Bits << Breite | (static_cast<unsigned char>(Byte) & ((1U << Breite) - 1U));
+    }
+    const auto Gruppe = [Bits](unsigned Nummer) {
+        return static_cast<std::int32_t>(Bits >> (8 * Nummer) & 0xFFU);
+    };
+    if (Bytes.size() == 3) return Gruppe(1) * 2048 + Gruppe(0) * 256;
+    return Gruppe(3) * 16384 + Gruppe(2) * 2048 + Gruppe(1) * 256 + Gruppe(0);
+}
+
+Id3v2Ergebnis Mp3TAGLesenV2(Dateianfang& Anfang, std::int64_t BytesSuchen, Datensatz& Satz) {
+    Id3v2Leeren(Satz);
+    if (!Anfang.Quelle().Offen()) return Id3v2Ergebnis::Abgelehnt;
+    const std::uint64_t Dateigröße = Anfang.Dateigröße();
+    const std::uint64_t Bereich =
+        BytesSuchen <= 0 ? Dateigröße : std::min(static_cast<std::uint64_t>(BytesSuchen), Dateigröße);
+    const std::size_t Fund = TagSuchen(Anfang, Bereich);
+    if (Fund == std::string_view::npos) return Id3v2Ergebnis::Gelesen;
+
+    // The header counts only as far as the search range reaches.
+    const std::string_view Kopf =
+        Anfang.Bis(std::min<std::uint64_t>(Fund + Id3v2KopfLänge, Bereich)).substr(Fund);
+    if (Kopf.size() <= Id3v2HauptversionStelle) return Id3v2Ergebnis::Abgebrochen;
+    const unsigned Hauptversion = ByteBei(Kopf, Id3v2HauptversionStelle);
+    if (Hauptversion < 2 || Hauptversion > 4) return Id3v2Ergebnis::Abgelehnt;
+    if (Kopf.size() < Id3v2KopfLänge) return Id3v2Ergebnis::Abgebrochen;
+    Satz.Id3v2Version =
+        "2." + std::to_string(Hauptversion) + "." + std::to_string(ByteBei(Kopf, Id3v2NebenversionStelle));
+    const unsigned Schalter = ByteBei(Kopf, Id3v2SchalterStelle);
+    const auto Größe = GrößenfeldLesen(Kopf.substr(Id3v2GrößeStelle));
+    if (!Größe) return Id3v2Ergebnis::Abgelehnt;
+    Satz.Id3v2Größe = *Größe + static_cast<std::int32_t>(Id3v2KopfLänge);
+    Satz.Id3v2Position = static_cast<std::int64_t>(Fund) + 1;
+
+    const bool Fuß = (Schalter & Id3v2SchalterFuß) != 0;
+    if (Fuß) Satz.Id3v2Größe += static_cast<std::int32_t>(Id3v2FußLänge);
+    auto Benutzt = static_cast<std::int32_t>(Id3v2KopfLänge + (Fuß ? Id3v2FußLänge : 0));
+    std::size_t RahmenStelle = Id3v2KopfLänge;
+    if ((Schalter & Id3v2SchalterErweitert) != 0) {
+        // Kept: the size is read at the file's eleventh byte, wherever the tag begins.
+        const std::string_view Feld = Anfang.Bis(Id3v2KopfLänge + 4).substr(Id3v2KopfLänge);
+        if (Feld.size() < 4) return Id3v2Ergebnis::Abgebrochen;
+        const auto Erweiterung = GrößenfeldLesen(Feld);
+        if (!Erweiterung) return Id3v2Ergebnis::Abgelehnt;
+        Benutzt += *Erweiterung;
+        RahmenStelle += static_cast<std::size_t>(*Erweiterung);
+    }
+    const std::string_view Tag = Anfang.Bis(Fund + static_cast<std::uint64_t>(Satz.Id3v2Größe)).substr(Fund);
+    RahmenLesen(Tag.substr(std::min(RahmenStelle, Tag.size())), Hauptversion == 2 ? Kurzform : Langform,
+                Benutzt, Satz);
+    Satz.HatId3v2 = TagVorhanden;
+    return Id3v2Ergebnis::Gelesen;
+}
+
+void Id3v2Leeren(Datensatz& Satz) {
+    for (const Id3v2Rahmenfeld& Feld : Id3v2Rahmenfelder) {
+        (Satz.*Feld.Feld).clear();
+    }
+    Satz.HatId3v2 = TagFehlt;
+    Satz.Id3v2WeitereFelder.clear();
+    Satz.Id3v2Version.clear();
+    Satz.Id3v2Größe = -1;
+    Satz.Id3v2Position = -1;
+    Satz.Id3v2Benutzt = 0;
+    Satz.V2Qualität = KeineV2Qualität;
+}
+
+}  // namespace liedwerk

@@ -1,0 +1,82 @@
+// ID3v2.2, 2.3 and 2.4.
+//
+// Nineteen frames of single-byte text are known; others are kept as raw bytes. There is no unsynchronisation,
+// no frame flag, no compression. Kept: sizes are decoded with fixed factors that are right below 65536 only,
+// also where they should be seven-bit; what a tag looks like to the rest of the system follows from that.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "basis/datei.h"
+#include "index/datensatz.h"
+
+namespace liedwerk {
+
+inline constexpr std::string_view Id3v2Kennung = "ID3";
+inline constexpr std::string_view Id3v2FußKennung = "3DI";
+// Header: identifier, major and minor version, flags, size of four seven-bit bytes.
+inline constexpr std::size_t Id3v2KopfLänge = 10;
+inline constexpr std::size_t Id3v2FußLänge = 10;
+inline constexpr std::size_t Id3v2HauptversionStelle = 3;
+inline constexpr std::size_t Id3v2NebenversionStelle = 4;
+inline constexpr std::size_t Id3v2SchalterStelle = 5;
+inline constexpr std::size_t Id3v2GrößeStelle = 6;
+inline constexpr unsigned Id3v2SchalterFuß = 0x10;
+inline constexpr unsigned Id3v2SchalterErweitert = 0x40;
+
+// A frame and the member that holds its text.
+struct Id3v2Rahmenfeld {
+    std::string Datensatz::*Feld;
+    std::string_view Kennung;      // versions 2.3 and 2.4
+    std::string_view KurzKennung;  // version 2.2; empty where the reader knows none
+};
+
+// The frames of text in the order of the record's members.
+inline constexpr std::array<Id3v2Rahmenfeld, 18> Id3v2Rahmenfelder = {{
+    {&Datensatz::V2AbspielZähler, "PCNT", ""},
+    {&Datensatz::V2Titelnummer, "TRCK", "TRK"},
+    {&Datensatz::V2EncodiertVon, "TENC", "TEN"},
+    {&Datensatz::V2Link, "WXXX", ""},
+    {&Datensatz::V2Copyright, "TCOP", "TCR"},
+    {&Datensatz::V2UrsprünglicherInterpret, "TOPE", "TOA"},
+    {&Datensatz::V2Songschreiber, "TCOM", "TCM"},
+    {&Datensatz::V2Genre, "TCON", "TCO"},
+    {&Datensatz::V2Kommentar, "COMM", "COM"},
+    {&Datensatz::V2Jahr, "TYER", "TYE"},
+    {&Datensatz::V2Album, "TALB", "TAL"},
+    {&Datensatz::V2Interpret, "TPE1", "TP1"},
+    {&Datensatz::V2Titel, "TIT2", "TT2"},
+    {&Datensatz::V2Sprache, "TLAN", "TLA"},
+    {&Datensatz::V2Länge, "TLEN", ""},
+    {&Datensatz::V2Medientyp, "TMED", "TMT"},
+    {&Datensatz::V2Herausgeber, "TPUB", ""},
+    {&Datensatz::V2Software, "TSSE", "TSS"},
+}};
+// The rating's frame; it goes into V2Qualität.
+inline constexpr std::string_view Id3v2QualitätKennung = "POPM";
+
+enum class Id3v2Größenform {
+    Einfach,    // all eight bits of each byte
+    SiebenBit,  // the low seven
+};
+// The number that a size of three or four bytes stands for; 0 for fewer. Four bytes are exact below 65536.
+// Kept: above that the factors are 2048 and 16384, and three bytes, the frame size of version 2.2, give 2048
+// times the second and 256 times the third.
+std::int32_t Id3v2GrößeLesen(std::string_view Bytes, Id3v2Größenform Form);
+
+enum class Id3v2Ergebnis {
+    Gelesen,      // a tag was decoded, or there is none (HatId3v2 tells)
+    Abgelehnt,    // no file, an unknown version, or a size that is refused
+    Abgebrochen,  // the header is cut off
+};
+// Empties the record's ID3v2 members, then looks for a tag in the first BytesSuchen bytes (0 or below: all);
+// it need not stand at the start.
+Id3v2Ergebnis Mp3TAGLesenV2(Dateianfang& Anfang, std::int64_t BytesSuchen, Datensatz& Satz);
+
+// Empties the members of ID3v2 and marks the tag as absent.
+void Id3v2Leeren(Datensatz& Satz);
+
+}  // namespace liedwerk

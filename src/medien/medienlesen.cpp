@@ -1,0 +1,202 @@
+#include "medien/medienlesen.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include "basis/datei.h"
+#include "basis/datum.h"
+#include "basis/pfad.h"
+#include "basis/text.h"
+#include "basis/zahl.h"
+#include "medien/id3v1.h"
+#include "medien/id3v2.h"
+#include "medien/lyrics.h"
+#include "medien/mpeg.h"
+#include "medien/ogg.h"
+#include "medien/tagtext.h"
+#include "medien/wave.h"
+
+namespace liedwerk {
+namespace {
+
+struct Endungsart {
+    std::string_view Endung;
+    Dateiart Art;
+};
+// Types that are known by their extension when the flags of their entry say nothing else.
+constexpr std::array<Endungsart, 5> Endungsarten = {{
+    {".wma", DateiartWindowsMedia},
+    {".wmf", DateiartWindowsMedia},
+    {".wav", DateiartWave},
+    {".cda", DateiartCdTitel},
+    {".ogg", DateiartOgg},
+}};
+
+// The media type of a path; nothing when its extension is in no group.
+std::optional<Dateiart> DateiartFinden(const std::vector<Dateityp>* Dateitypen, std::string_view Pfad) {
+    const std::string_view Endung = EndungVon(Pfad);
+    if (Dateitypen == nullptr || Endung.empty()) return std::nullopt;
+    const auto Eintrag = std::find_if(Dateitypen->begin(), Dateitypen->end(), [&](const Dateityp& Typ) {
+        return GleichOhneGroß(EintragsEndung(Typ.Eintrag), Endung.substr(1));
+    });
+    if (Eintrag == Dateitypen->end()) return std::nullopt;
+    const auto Gesetzt = [&](std::size_t Stelle) {
+        return Stelle < Eintrag->Schalter.size() && Eintrag->Schalter[Stelle] == '1';
+    };
+    if (Gesetzt(0)) return DateiartMpeg;
+    if (Gesetzt(2)) return DateiartBild;
+    const auto* Fund = std::find_if(Endungsarten.begin(), Endungsarten.end(), [&](const Endungsart& Art) {
+        return GleichOhneGroß(Art.Endung, Endung);
+    });
+    if (Fund == Endungsarten.end()) return std::nullopt;
+    return Fund->Art;
+}
+
+// The last bytes of a file, enough for ID3v1 and for the end marker of Lyrics3.
+std::string DateiendeLesen(const Lesedatei& Datei) {
+    const std::uint64_t Länge = std::min(Datei.Größe(), LyricsFenster);
+    return Datei.Lesen(Datei.Größe() - Länge, Länge);
+}
+
+void Id3v2BlockLesen(const Medienumgebung& Umgebung, std::string_view Pfad, bool ZeilenEntfernen,
+                     Dateianfang& Anfang, Datensatz& Satz) {
+    const auto Ergebnis = Mp3TAGLesenV2(Anfang, Umgebung.TAGsBytesSuchen, Satz);
+    if (Ergebnis == Id3v2Ergebnis::Abgebrochen && Umgebung.Log != nullptr && Umgebung.Log->Aktiv()) {
+        Umgebung.Log->Schreiben("Mp3TAGLesenV2: Fehler - Der Kopf des ID3v2-TAGs der Datei '" +
+                                std::string(Pfad) + "' ist nicht vollständig.");
+    }
+    Satz.V2Kommentar = TextBereinigen(Satz.V2Kommentar, ZeilenEntfernen);
+}
+
+// The order is significant: the Lyrics reader empties what the ID3v2 reader found besides its frames, and
+// the duration depends on which tags are there.
+void MpegDateiLesen(const Medienumgebung& Umgebung, std::string_view Pfad, const Lesecode& Code,
+                    bool ZeilenEntfernen, const Lesedatei& Datei, Datensatz& Satz) {
+    Dateianfang Anfang(Datei);
+    const std::string Dateiende = Code.Id3v1 || Code.Lyrics ? DateiendeLesen(Datei) : std::string();
+    if (Code.Id3v1) {
+        const std::string_view Block = Id3v1Lesen(Dateiende);
+        if (Block.empty()) {
+            Id3v1Leeren(Satz);
+        } else {
+            Id3v1Auswerten(Block, ZeilenEntfernen, Satz);
+        }
+    }
+    if (Code.Id3v2) Id3v2BlockLesen(Umgebung, Pfad, ZeilenEntfernen, Anfang, Satz);
+    if (Code.Lyrics) {
+        // The reader only adds to these; reading twice must not double them.
+        Satz.LyricsWeitereFelder.clear();
+        LyricsLesen(Datei, Dateiende, Satz);
+    }
+    if (Code.Datenstrom) MpegHeaderLesen(Anfang, Satz);
+    Satz.V1Gelesen = Satz.Id3v2Gelesen = Satz.LyricsGelesen = true;
+}
+
+// MediaPlayerLesen: what the player control tells of a file. MitTexten takes title, artist and comment too.
+void MediaPlayerLesen(const Medienauskunft* Auskunft, std::string_view Pfad, bool MitTexten,
+                      Datensatz& Satz) {
+    if (Auskunft == nullptr) return;
+    auto Angaben = Auskunft->Lesen(Pfad);
+    if (!Angaben) return;
+    Satz.Dauer = Gerundet<std::int32_t>(Angaben->Dauer).value_or(Satz.Dauer);
+    if (!MitTexten) return;
+    Satz.Titel = std::move(Angaben->Titel);
+    Satz.Interpret = std::move(Angaben->Interpret);
+    Satz.Kommentar = std::move(Angaben->Kommentar);
+    Satz.HatId3v1 = TagVorhanden;
+}
+
+void WindowsMediaLesen(const Medienumgebung& Umgebung, std::string_view Pfad, Datensatz& Satz) {
+    Satz.HatId3v1 = Satz.HatId3v2 = Satz.HatLyrics = TagFehlt;
+    if (DateiExistiert(Pfad)) MediaPlayerLesen(Umgebung.Auskunft, Pfad, true, Satz);
+}
+
+void WaveDateiLesen(const Medienumgebung& Umgebung, std::string_view Pfad, const Lesedatei& Datei,
+                    Datensatz& Satz) {
+    bool UnbekannteAngaben = false;
+    WavHeaderLesen(Datei.Lesen(0, WaveKopfLänge), Datei.Größe(), Satz, UnbekannteAngaben);
+    if (UnbekannteAngaben) MediaPlayerLesen(Umgebung.Auskunft, Pfad, false, Satz);
+}
+
+// Reads what the code asks for; gives the state of the file where it was opened.
+std::optional<Dateistand> InhaltLesen(const Medienumgebung& Umgebung, std::string_view Pfad,
+                                      const Lesecode& Code, bool ZeilenEntfernen, Datensatz& Satz) {
+    const auto Öffnen = [&](bool Nötig) { return Nötig ? Lesedatei::Öffnen(Pfad) : Lesedatei(); };
+    const auto StandVon = [](const Lesedatei& Datei) {
+        return Datei.Offen() ? std::optional(Datei.Stand()) : std::nullopt;
+    };
+    switch (Satz.Dateityp) {
+        case DateiartMpeg: {
+            const Lesedatei Datei = Öffnen(Code.Id3v1 || Code.Id3v2 || Code.Datenstrom || Code.Lyrics);
+            MpegDateiLesen(Umgebung, Pfad, Code, ZeilenEntfernen, Datei, Satz);
+            return StandVon(Datei);
+        }
+        case DateiartWave: {
+            const Lesedatei Datei = Öffnen(Code.Datenstrom);
+            if (Code.Datenstrom) WaveDateiLesen(Umgebung, Pfad, Datei, Satz);
+            return StandVon(Datei);
+        }
+        case DateiartOgg: {
+            const Lesedatei Datei = Öffnen(Code.Datenstrom);
+            Dateianfang Anfang(Datei);
+            if (Code.Datenstrom) OggKommentareLesen(Anfang, Satz);
+            return StandVon(Datei);
+        }
+        case DateiartWindowsMedia:
+            if (Code.Datenstrom) WindowsMediaLesen(Umgebung, Pfad, Satz);
+            return std::nullopt;
+        case DateiartCdTitel:
+            if (Umgebung.CdInfosLesen) Umgebung.CdInfosLesen(Pfad, Satz);
+            return std::nullopt;
+        default:
+            return std::nullopt;
+    }
+}
+
+// Size, medium and date, which do not depend on the kind of file.
+void RandangabenLesen(const Medienumgebung& Umgebung, std::string_view Pfad, const Leseauftrag& Auftrag,
+                      std::optional<Dateistand> Stand, Datensatz& Satz) {
+    const bool DatumFehlt = Satz.HinzufügeDatum.empty() && Umgebung.Zeit != nullptr;
+    if (!Auftrag.GrößeLesen && !Auftrag.WechselmediumLesen && !DatumFehlt) return;
+    // A file that could not be opened, or was not, may exist all the same.
+    if (!Stand && DateiExistiert(Pfad)) Stand = DateistandLesen(Pfad);
+    if (Auftrag.GrößeLesen) Satz.Größe = Stand ? static_cast<std::int64_t>(Stand->Größe) : -1;
+    if (Auftrag.WechselmediumLesen && Stand && Umgebung.Wechselmedium) {
+        Satz.Wechselmedium = Umgebung.Wechselmedium(Pfad);
+    }
+    if (DatumFehlt) {
+        Satz.HinzufügeDatum =
+            DatumText(Stand ? Umgebung.Zeit->Lokal(Stand->Änderungszeit) : Umgebung.Zeit->Jetzt());
+    }
+}
+
+}  // namespace
+
+Datensatz MedienDatenLesen(const Medienumgebung& Umgebung, std::string_view Pfad, const Datensatz& Vorgabe,
+                           const Leseauftrag& Auftrag) {
+    Datensatz Satz = Vorgabe;
+    std::optional<Dateistand> Stand;
+    if (Auftrag.Code) {
+        Satz.V1Gelesen = Satz.Id3v2Gelesen = Satz.LyricsGelesen = false;
+        if (const auto Art = DateiartFinden(Umgebung.Dateitypen, Pfad)) {
+            Satz.Dateityp = *Art;
+            Stand = InhaltLesen(Umgebung, Pfad, *Auftrag.Code, Auftrag.ZeilenEntfernen, Satz);
+        }
+    }
+    RandangabenLesen(Umgebung, Pfad, Auftrag, Stand, Satz);
+    return Satz;
+}
+
+void TagBlockLeeren(Datensatz& Satz, Tagblock Block) {
+    switch (Block) {
+        case Tagblock::Id3v1:
+            return Id3v1Leeren(Satz);
+        case Tagblock::Id3v2:
+            return Id3v2Leeren(Satz);
+        case Tagblock::Lyrics:
+            return LyricsLeeren(Satz);
+    }
+}
+
+}  // namespace liedwerk
