@@ -28,12 +28,18 @@ struct Indexumgebung {
     std::function<int(Katalog& Index, Satznummer Nummer)> VerfügbarkeitPrüfen;
 };
 
+// Full path of tmp.lwi.
+std::string TemporärerIndex(const Indexumgebung& Umgebung);
+// The folder of a file for looking into it: "." for a bare name.
+std::string_view OrdnerDer(std::string_view Datei);
+
 enum class Ladeergebnis : std::int16_t { Fehlschlag = 0, Index = 1, Dateimanager = 2, TagEditor = 3 };
 
 // DateiLaden. Dateiname: file or folder. FortschrittOffen: the caller closes the progress display.
 // StillErstellen: a missing file is created at once, without the look for backups and without any message.
 // Modus: 1 or below for an index file, 2 for the folder way, 3 for the TAG-Editor way. May switch
 // BackupsSpeichern off and, on the TAG way, set Mp3TagLesen for the run.
+// A load that fails leaves an empty catalogue.
 Ladeergebnis DateiLaden(Katalog& Index, Einstellungen& Werte, const Indexumgebung& Umgebung,
                         std::string_view Dateiname, bool FortschrittOffen, bool StillErstellen, int Modus);
 

@@ -30,6 +30,12 @@ bool IstRoh(std::string_view Bytes) {
     return Bytes.starts_with(Rohmarke) && !EinfacheForm(Bytes.substr(Rohmarke.size()));
 }
 
+void ZeilenendenErsetzen(std::string& Bytes) {
+    for (char& Byte : Bytes) {
+        if (Byte == '\r' || Byte == '\n') Byte = ' ';
+    }
+}
+
 }  // namespace
 
 std::string IndexwertSchreiben(std::string_view Text) {
@@ -54,6 +60,35 @@ void IndexwertLesenAnhängen(std::string& Ziel, std::string_view Bytes) {
     } else {
         Ziel += AnsiNachUtf8(Bytes);
     }
+}
+
+std::string EinzeiligerIndexwert(std::string_view Text) {
+    std::string Bytes = IndexwertSchreiben(Text);
+    ZeilenendenErsetzen(Bytes);
+    return Bytes;
+}
+
+std::string IndexwertEinpassen(std::string_view Bytes, std::size_t Höchstens) {
+    std::string Wert(Bytes);
+    if (Bytes.size() > Höchstens) {
+        if (IstRoh(Bytes)) {
+            std::string_view Text = Bytes.substr(Rohmarke.size(), Höchstens - Rohmarke.size());
+            // Not through the middle of a character.
+            const auto IstFolgebyte = [](char Byte) { return (Byte & 0xC0) == 0x80; };
+            if (IstFolgebyte(Bytes[Höchstens])) {
+                while (!Text.empty() && IstFolgebyte(Text.back()))
+                    Text.remove_suffix(1);
+                if (!Text.empty()) Text.remove_suffix(1);
+            }
+            Wert = IndexwertSchreiben(Text);
+        } else {
+            Wert.resize(Höchstens);
+            // The cut may have made it look like raw bytes: then it has to be told apart the other way.
+            if (IstRoh(Wert)) return IndexwertEinpassen(IndexwertSchreiben(AnsiNachUtf8(Wert)), Höchstens);
+        }
+    }
+    ZeilenendenErsetzen(Wert);
+    return Wert;
 }
 
 }  // namespace liedwerk

@@ -17,4 +17,10 @@ std::string IndexwertLesen(std::string_view Bytes);
 // The same, appended to Ziel; bytes of pure ASCII (nearly all) are copied at once.
 void IndexwertLesenAnhängen(std::string& Ziel, std::string_view Bytes);
 
+// The written form of a text for a line: CR and LF become one blank each.
+std::string EinzeiligerIndexwert(std::string_view Text);
+// The same for bytes that are a value already: blanks for line ends, and cut so that the value has at most
+// Höchstens bytes and still reads as the beginning of its text.
+std::string IndexwertEinpassen(std::string_view Bytes, std::size_t Höchstens);
+
 }  // namespace liedwerk

@@ -1,0 +1,19 @@
+// The "~" file beside an index: a save that is running, or one that was cut off.
+#pragma once
+
+#include <string>
+
+#include "index/leser.h"
+
+namespace liedwerk {
+
+// So long a load waits for a save to end, and a save for another one.
+inline constexpr std::int64_t SperreHöchstens = 4000;  // milliseconds
+inline constexpr std::int64_t SperreAbstand = 50;
+
+// Waits for a "~" file of Datei to go, asks when it stays, and clears it away. False when the person does not
+// want to load. A "~" that another program holds is left alone; one that a finished save has left behind
+// takes the place of an index that is missing or broken.
+bool SpeicherendeAbwarten(const std::string& Datei, bool MitFortschritt, const Indexumgebung& Umgebung);
+
+}  // namespace liedwerk
