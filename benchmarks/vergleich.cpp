@@ -4,21 +4,20 @@
 // lines; times are milliseconds. TagLib's reading of tags and audio properties is the peer for media files.
 #include <algorithm>
 #include <array>
+#include <audioproperties.h>
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
+#include <fileref.h>
 #include <filesystem>
-#include <functional>
 #include <iostream>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
-#include <taglib/audioproperties.h>
-#include <taglib/fileref.h>
-#include <taglib/tag.h>
+#include <tag.h>
 #include <unistd.h>
 #include <vector>
 
