@@ -26,8 +26,7 @@ void DatensätzeEntfernen(Katalog& Index, std::span<const Satznummer> Nummern) {
     auto& Treffer = Index.IndexTreffer;
     std::vector<Satznummer> Sortiert(Nummern.begin(), Nummern.end());
     std::ranges::sort(Sortiert);
-    const auto Doppelte = std::ranges::unique(Sortiert);
-    Sortiert.erase(Doppelte.begin(), Doppelte.end());
+    Sortiert.erase(std::unique(Sortiert.begin(), Sortiert.end()), Sortiert.end());
 
     auto Nächste = Sortiert.begin();
     std::size_t Ziel = 0;
