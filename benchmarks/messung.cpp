@@ -148,9 +148,9 @@ int Suchen(const Argumente& Worte) {
     Suchpuffer Puffer;
     Liste Ansicht;
     Ausgeben("erste", Suchzeit(Lauf, Puffer, Ansicht, Standardsuche, Worte[1]));
-    std::vector<double> Zeiten;
-    for (int i = 0; i < 5; ++i)
-        Zeiten.push_back(Suchzeit(Lauf, Puffer, Ansicht, Standardsuche, Worte[1]));
+    std::vector<double> Zeiten(5);
+    for (double& Zeit : Zeiten)
+        Zeit = Suchzeit(Lauf, Puffer, Ansicht, Standardsuche, Worte[1]);
     Ausgeben("ms", Mittlerer(Zeiten));
     Ausgeben("treffer", static_cast<double>(Ansicht.Zeilen.size()));
     // One letter more in the box is a search of its own.

@@ -127,10 +127,23 @@ std::vector<std::string> DateienUnter(const char* Ordner) {
     return Dateien;
 }
 
-std::size_t Teil(int Griff, std::vector<char>& Puffer, std::size_t Länge, off_t Stelle) {
-    if (Puffer.size() < Länge) Puffer.resize(Länge);
-    const ssize_t Gelesen = pread(Griff, Puffer.data(), Länge, Stelle);
-    return Gelesen < 0 ? 0 : static_cast<std::size_t>(Gelesen);
+// Reads Länge bytes at Stelle into Puffer, behind Schon bytes that stay.
+std::size_t Teil(int Griff, std::vector<char>& Puffer, std::size_t Schon, std::size_t Länge, off_t Stelle) {
+    if (Puffer.size() < Schon + Länge) Puffer.resize(Schon + Länge);
+    const ssize_t Gelesen = pread(Griff, Puffer.data() + Schon, Länge, Stelle);
+    return Schon + (Gelesen < 0 ? 0 : static_cast<std::size_t>(Gelesen));
+}
+
+// True when "ID3" stands in the bytes.
+bool EnthältId3(const char* Bytes, std::size_t Länge) {
+    const char* Stelle = Bytes;
+    while (const void* Fund = std::memchr(Stelle, 'I', Länge - static_cast<std::size_t>(Stelle - Bytes))) {
+        Stelle = static_cast<const char*>(Fund);
+        if (static_cast<std::size_t>(Stelle - Bytes) + 3 > Länge) return false;
+        if (Stelle[1] == 'D' && Stelle[2] == '3') return true;
+        ++Stelle;
+    }
+    return false;
 }
 
 // Position of the first frame header: a byte 255 followed by one with its three top bits set.
@@ -155,22 +168,25 @@ std::size_t Ansehen(const char* Pfad, std::vector<char>& Puffer) {
     const int Griff = open(Pfad, O_RDONLY | O_CLOEXEC);
     struct stat Stand {};
     if (Griff < 0 || fstat(Griff, &Stand) != 0) return 0;
-    std::size_t Länge = Teil(Griff, Puffer, ErstesStück, 0);
+    const auto Nachlesen = [&](std::size_t Länge, std::size_t Bis) {
+        return Teil(Griff, Puffer, Länge, Bis - Länge, static_cast<off_t>(Länge));
+    };
+    std::size_t Länge = Teil(Griff, Puffer, 0, ErstesStück, 0);
     std::size_t Gesehen = 0;
     if (Länge >= 10 && std::memcmp(Puffer.data(), "ID3", 3) == 0) {
-        std::size_t Taggröße = 10;
+        std::size_t Bis = 10 + 64;
         for (std::size_t i = 6; i < 10; ++i) {
-            Taggröße += static_cast<std::size_t>(Puffer[i] & 0x7F) << (7 * (9 - i));
+            Bis += static_cast<std::size_t>(Puffer[i] & 0x7F) << (7 * (9 - i));
         }
-        Taggröße = std::min(Taggröße, Suchweite);
-        if (Taggröße + 64 > Länge) Länge = Teil(Griff, Puffer, Taggröße + 64, 0);
-    } else if (static_cast<std::size_t>(Stand.st_size) > Länge) {
-        Länge = Teil(Griff, Puffer, Suchweite, 0);
-        if (memmem(Puffer.data(), Länge, "ID3", 3) != nullptr) ++Gesehen;
+        Bis = std::min(Bis, Suchweite);
+        if (Bis > Länge) Länge = Nachlesen(Länge, Bis);
+    } else if (Länge == ErstesStück) {
+        Länge = Nachlesen(Länge, Suchweite);
+        if (EnthältId3(Puffer.data(), Länge)) ++Gesehen;
     }
     Gesehen += Rahmenkopf(Puffer.data(), Länge);
     Gesehen +=
-        Teil(Griff, Puffer, Endstück, std::max<off_t>(0, Stand.st_size - static_cast<off_t>(Endstück)));
+        Teil(Griff, Puffer, 0, Endstück, std::max<off_t>(0, Stand.st_size - static_cast<off_t>(Endstück)));
     close(Griff);
     return Gesehen;
 }
