@@ -1,6 +1,7 @@
 #include "index/katalog.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace liedwerk {
 namespace {
@@ -19,6 +20,15 @@ Satznummer SatzAnhängen(Katalog& Index, std::string_view Pfad, const Datensatz&
     Index.IndexTreffer.resize(static_cast<std::size_t>(Nummer));
     Index.IndexTreffer.back() = 0;
     return Nummer;
+}
+
+void SätzeAnfügen(Katalog& Index, Satzspeicher&& Neue) {
+    if (Neue.Anzahl() == 0) return;
+    const auto Bisher = static_cast<std::size_t>(Index.IndexAnzahl());
+    Index.Sätze.Anfügen(std::move(Neue));
+    // The mark that an empty index keeps belongs to no record.
+    Index.IndexTreffer.resize(Bisher);
+    Index.IndexTreffer.resize(static_cast<std::size_t>(Index.IndexAnzahl()), 0);
 }
 
 void DatensätzeEntfernen(Katalog& Index, std::span<const Satznummer> Nummern) {

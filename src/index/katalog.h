@@ -71,6 +71,8 @@ struct Katalog {
 
 // Appends a record with hit mark 0 (a search or the list raises it). Gives its number.
 Satznummer SatzAnhängen(Katalog& Index, std::string_view Pfad, const Datensatz& Daten);
+// Appends all records of a store in one step, in the same way; the store is empty afterwards.
+void SätzeAnfügen(Katalog& Index, Satzspeicher&& Neue);
 // DatensätzeEntfernen: drops the listed records with their marks; the order of the rest stays. Marks the
 // index as changed when any record went.
 void DatensätzeEntfernen(Katalog& Index, std::span<const Satznummer> Nummern);

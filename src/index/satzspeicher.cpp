@@ -151,6 +151,21 @@ Satznummer Satzspeicher::Anhängen(std::string_view Pfad, const Datensatz& Daten
     return Anzahl();
 }
 
+void Satzspeicher::Anfügen(Satzspeicher&& Neue) {
+    const std::size_t Bisher = Plätze.size();
+    Plätze.insert(Plätze.end(), Neue.Plätze.begin(), Neue.Plätze.end());
+    if (Neue.Speicher->Belegt < KleinsterBlock) {
+        for (std::size_t Stelle = Bisher; Stelle < Plätze.size(); ++Stelle)
+            Plätze[Stelle].Zeile = Speicher->Kopieren(Plätze[Stelle].Zeile, Plätze[Stelle].Länge);
+    } else {
+        for (auto& Block : Neue.Speicher->Alle)
+            Speicher->Alle.push_back(std::move(Block));
+        Speicher->Belegt += Neue.Speicher->Belegt;
+    }
+    Speicher->Lebend += Neue.Speicher->Lebend;
+    Neue.Leeren();
+}
+
 void Satzspeicher::Leeren() {
     Plätze = {};
     Speicher = std::make_unique<Blöcke>();

@@ -59,6 +59,9 @@ class Satzspeicher {
     void Setzen(Satznummer Nummer, std::string_view Pfad, const Datensatz& Daten);
     void PfadSetzen(Satznummer Nummer, std::string_view Pfad);
     Satznummer Anhängen(std::string_view Pfad, const Datensatz& Daten);
+    // Appends all records of another store, which is empty afterwards. Their lines are not copied, unless
+    // they are few.
+    void Anfügen(Satzspeicher&& Neue);
 
     // Drops all records; drops the listed ones (any order, doubles allowed), the others keep their order.
     void Leeren();
