@@ -3,7 +3,6 @@
 
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "basis/einstellungen.h"

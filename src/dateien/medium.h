@@ -7,6 +7,7 @@
 // plattform/ordnerleser.h.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -37,13 +38,24 @@ struct Mediumumgebung {
     std::function<std::string(std::string_view Laufwerk)> DiskId;
 };
 
+// Forgets the medium and the drive asked last, so that the next question looks at the drive again.
 void MediumVergessen(Mediumspeicher& Speicher);
+
+// The drive of a path: the first three characters of a Windows path, the port's answer for a POSIX path.
+std::string LaufwerkDesPfades(const Mediumumgebung& Umgebung, std::string_view Pfad);
+
+// True for a drive that is there: "D:" or "D:\", or the root of a POSIX drive with or without its final "/".
 bool LaufwerkExistiert(const Mediumumgebung& Umgebung, std::string_view Laufwerk);
+// True when the drive (not a path on it) holds an audio CD.
 bool LaufwerkIstAudioCD(const Mediumumgebung& Umgebung, std::string_view Pfad);
+// Removable, CD-ROM, RAM disk, and by the setting a network drive. The last answer is kept.
 bool LaufwerkIstWechsellaufwerk(Mediumspeicher& Speicher, const Mediumumgebung& Umgebung,
                                 std::string_view Laufwerk);
+// The cleaned volume label of a removable drive, for an audio CD with its cached id if MitCDID; empty for
+// other drives and without a medium.
 std::string WechselmediumLesen(Mediumspeicher& Speicher, const Mediumumgebung& Umgebung,
                                std::string_view Laufwerk, bool MitCDID);
+// Reads the medium now in the drive into the cache.
 void WechselmediumVergleichenStarten(Mediumspeicher& Speicher, const Mediumumgebung& Umgebung,
                                      std::string_view Laufwerk);
 // True when the medium now in the drive equals the stored text exactly; Aktuell receives the current one.
@@ -51,7 +63,8 @@ bool WechselmediumVergleichen(Mediumspeicher& Speicher, const Mediumumgebung& Um
                               std::string_view Laufwerk, std::string_view Gespeichert, std::string& Aktuell);
 
 enum class Verfügbarkeit { Weiter = 0, Überspringen = 1, Abbrechen = 2 };
-// Asks for the medium of a record's file when it is not at hand, and watches for it.
+// Asks for the medium of a record's file when it is not at hand, and watches for it. A missing file that can
+// come back with no medium gives Weiter, or Überspringen with NichtLaufwerkÜberspringen.
 Verfügbarkeit DateiNichtVerfügbarPrüfen(const Katalog& Index, Satznummer Nummer, Mediumspeicher& Speicher,
                                         const Mediumumgebung& Umgebung, Oberfläche& Person,
                                         bool NichtLaufwerkÜberspringen);

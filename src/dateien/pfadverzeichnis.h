@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -10,17 +11,28 @@
 namespace liedwerk {
 
 // A hash table of record numbers over PfadSchlüssel. It follows the store by its generation and changes, so
-// nobody has to tell it anything.
+// nobody has to tell it anything. It belongs to one store.
 class Pfadverzeichnis {
   public:
     // The records with this path in ascending order.
     std::vector<Satznummer> Finden(const Satzspeicher& Sätze, std::string_view Pfad);
 
   private:
+    // One link of a chain. A record whose path has changed gets a new one; the old one stays, and whoever
+    // follows the chain compares the paths.
+    struct Glied {
+        std::uint32_t Streuwert = 0;
+        Satznummer Nummer = 0;
+        std::uint32_t Nächstes = 0;  // place in Glieder + 1; 0 ends the chain
+    };
     void Nachführen(const Satzspeicher& Sätze);
     void Aufbauen(const Satzspeicher& Sätze);
     void Einfügen(const Satzspeicher& Sätze, Satznummer Nummer);
-    std::vector<Satznummer> Fächer;  // open addressing, 0 is free
+    std::string_view Schlüssel(const Satzspeicher& Sätze, Satznummer Nummer);
+    std::vector<std::uint32_t> Fächer;  // a power of two; first link + 1
+    std::vector<Glied> Glieder;
+    std::string Pfadpuffer;
+    std::string Schlüsselpuffer;
     std::uint64_t Generation = 0;
     std::size_t GeleseneÄnderungen = 0;
     Satznummer Eingetragen = 0;

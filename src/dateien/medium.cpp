@@ -1,0 +1,105 @@
+#include "dateien/medium.h"
+
+#include <algorithm>
+
+#include "basis/datei.h"
+#include "basis/pfad.h"
+#include "basis/text.h"
+
+namespace liedwerk {
+namespace {
+
+// "D:" or "D:\"; everything longer is a path on a drive.
+bool IstWindowsLaufwerk(std::string_view Pfad) {
+    const std::size_t Länge = ZeichenAnzahl(Pfad);
+    return !IstPosixPfad(Pfad) && (Länge == 2 || Länge == 3);
+}
+
+// The first track of an audio CD as a file of its drive.
+constexpr std::string_view ErsterTitelWindows = "track01.cda";
+constexpr std::string_view ErsterTitelPosix = "Track01.cda";
+
+std::string CdKennung(const Mediumumgebung& Umgebung, std::string_view Laufwerk) {
+    std::string Kennung = Umgebung.DiskId ? Umgebung.DiskId(Laufwerk) : std::string();
+    if (Kennung.empty()) {
+        Umgebung.Log.Schreiben(
+            "WechselmediumVergleichenStarten: Fehler bei CD-Initialisierung - CD-Rom Gerätefehler: Das "
+            "Inhaltsverzeichnis in '" +
+            std::string(Laufwerk) + "' ist nicht lesbar");
+    }
+    return Kennung;
+}
+
+}  // namespace
+
+void MediumVergessen(Mediumspeicher& Speicher) {
+    const bool Überspringen = Speicher.AlleÜberspringen;
+    Speicher = {};
+    Speicher.AlleÜberspringen = Überspringen;
+}
+
+std::string LaufwerkDesPfades(const Mediumumgebung& Umgebung, std::string_view Pfad) {
+    return IstPosixPfad(Pfad) ? Umgebung.Drives.LaufwerkVon(Pfad) : std::string(LinkerTeil(Pfad, 3));
+}
+
+bool LaufwerkExistiert(const Mediumumgebung& Umgebung, std::string_view Laufwerk) {
+    if (IstPosixPfad(Laufwerk)) {
+        const std::string Wurzel = MitTrenner(Laufwerk);
+        return Umgebung.Drives.LaufwerkVon(Wurzel) == Wurzel && Umgebung.Drives.Vorhanden(Wurzel);
+    }
+    return IstWindowsLaufwerk(Laufwerk) && Umgebung.Drives.Vorhanden(MitTrenner(Laufwerk));
+}
+
+bool LaufwerkIstAudioCD(const Mediumumgebung& Umgebung, std::string_view Pfad) {
+    if (!LaufwerkExistiert(Umgebung, Pfad)) return false;
+    const std::string Wurzel = MitTrenner(Pfad);
+    if (Umgebung.Drives.Art(Wurzel) != Laufwerksart::CdRom) return false;
+    return DateiExistiert(Wurzel + std::string(IstPosixPfad(Pfad) ? ErsterTitelPosix : ErsterTitelWindows));
+}
+
+bool LaufwerkIstWechsellaufwerk(Mediumspeicher& Speicher, const Mediumumgebung& Umgebung,
+                                std::string_view Laufwerk) {
+    if (Laufwerk.empty()) return false;
+    if (Speicher.GefragtesLaufwerk == Laufwerk) return Speicher.GefragtWechsel;
+    const auto Art = Umgebung.Drives.Art(Laufwerk);
+    Speicher.GefragtesLaufwerk = Laufwerk;
+    Speicher.GefragtWechsel =
+        Art == Laufwerksart::Wechsel || Art == Laufwerksart::CdRom || Art == Laufwerksart::Speicher ||
+        (Art == Laufwerksart::Netzwerk && Umgebung.Werte.NichtVerfügbarNetzwerkIstWechselmedium == 1);
+    return Speicher.GefragtWechsel;
+}
+
+std::string WechselmediumLesen(Mediumspeicher& Speicher, const Mediumumgebung& Umgebung,
+                               std::string_view Laufwerk, bool MitCDID) {
+    if (!LaufwerkIstWechsellaufwerk(Speicher, Umgebung, Laufwerk)) return {};
+    std::string Name = Umgebung.Drives.Datenträgername(Laufwerk);
+    std::erase_if(Name, [](char Zeichen) {
+        return Zeichen == '\0' || Zeichen == '\1' || Zeichen == '\n' || Zeichen == '\r';
+    });
+    Name.resize(RechtsKürzen(Name).size());
+    if (MitCDID && LaufwerkIstAudioCD(Umgebung, Laufwerk)) Name += " " + Speicher.AktuelleCDID;
+    return Name;
+}
+
+void WechselmediumVergleichenStarten(Mediumspeicher& Speicher, const Mediumumgebung& Umgebung,
+                                     std::string_view Laufwerk) {
+    Speicher.AktuellesLaufwerk.clear();
+    Speicher.AktuellesWechselmedium.clear();
+    if (LaufwerkIstWechsellaufwerk(Speicher, Umgebung, Laufwerk)) {
+        const bool AudioCD = LaufwerkIstAudioCD(Umgebung, Laufwerk);
+        Speicher.AktuelleCDID = AudioCD ? CdKennung(Umgebung, Laufwerk) : std::string();
+        Speicher.AktuellesWechselmedium = WechselmediumLesen(Speicher, Umgebung, Laufwerk, AudioCD);
+    }
+    Speicher.AktuellesLaufwerk = Laufwerk;
+}
+
+bool WechselmediumVergleichen(Mediumspeicher& Speicher, const Mediumumgebung& Umgebung,
+                              std::string_view Laufwerk, std::string_view Gespeichert, std::string& Aktuell) {
+    if (!PfadeGleich(Laufwerk, Speicher.AktuellesLaufwerk)) {
+        WechselmediumVergleichenStarten(Speicher, Umgebung, Laufwerk);
+    }
+    Aktuell = Speicher.AktuellesWechselmedium;
+    return Aktuell == Gespeichert;
+}
+
+}  // namespace liedwerk

@@ -1,0 +1,183 @@
+#include "dateien/neuaufnahme.h"
+
+#include <algorithm>
+#include <thread>
+#include <utility>
+
+#include "basis/datei.h"
+#include "basis/pfad.h"
+#include "basis/text.h"
+#include "index/dateitypen.h"
+
+namespace liedwerk {
+namespace {
+
+// A cancel is noticed within this time even while a slow file is being read.
+constexpr std::chrono::milliseconds Wartezeit(50);
+
+// As many as there are cores, no more than there is work for.
+unsigned Fadenzahl(std::size_t Dateien) {
+    constexpr std::size_t Höchstens = 16;
+    return static_cast<unsigned>(
+        std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, std::min(Höchstens, Dateien + 1)));
+}
+
+// A log line that stays one line.
+std::string Einzeilig(std::string_view Text) {
+    return Ersetzen(Ersetzen(Text, "\r", "\\r"), "\n", "\\n");
+}
+
+}  // namespace
+
+Leseauftrag HinzufügeLeseauftrag(std::string_view Mp3TagLesen) {
+    Leseauftrag Auftrag;
+    Auftrag.Code = Lesecode::Lesen(std::string(Mp3TagLesen.substr(0, 3)) +
+                                   std::string(Mp3TagLesen.size() > 1 ? Mp3TagLesen.substr(1, 1) : ""));
+    Auftrag.ZeilenEntfernen = true;
+    Auftrag.GrößeLesen = Mp3TagLesen.size() > 2 && Mp3TagLesen[2] == '1';
+    Auftrag.WechselmediumLesen = Auftrag.GrößeLesen;
+    return Auftrag;
+}
+
+Neuaufnahme::Neuaufnahme(const Hinzufügeumgebung& Ziel)
+    : Umgebung(Ziel), Dateiauftrag(HinzufügeLeseauftrag(Ziel.Werte.Mp3TagLesen)) {
+    Ordnerauftrag.Code = Lesecode{};
+    Ordnerauftrag.ZeilenEntfernen = true;
+    Ordnerauftrag.WechselmediumLesen = true;
+    MediumVergessen(Umgebung.Medium);
+}
+
+const std::string& Neuaufnahme::MediumDesPfades(const std::string& Pfad) {
+    const std::string Laufwerk = LaufwerkDesPfades(Umgebung.Laufwerk, Pfad);
+    const auto Fund = Medien.find(Laufwerk);
+    if (Fund != Medien.end()) return Fund->second;
+    WechselmediumVergleichenStarten(Umgebung.Medium, Umgebung.Laufwerk, Laufwerk);
+    return Medien[Laufwerk] = Umgebung.Medium.AktuellesWechselmedium;
+}
+
+Satznummer Neuaufnahme::DoppelterSatz(const std::string& Pfad) {
+    const auto& Sätze = Umgebung.Index.Sätze;
+    for (const Satznummer Nummer : Umgebung.Pfade.Finden(Sätze, Pfad)) {
+        if (Sätze.Text(Nummer, FeldWechselmedium) == MediumDesPfades(Pfad)) return Nummer;
+    }
+    return 0;
+}
+
+bool Neuaufnahme::ZeilenendeMelden(const std::string& Pfad) {
+    if (!HatZeilenende(Pfad)) return false;
+    Umgebung.Log.Schreiben("DateienZumIndexHinzufügen: '" + Einzeilig(Pfad) +
+                           "' enthält ein Zeilenende und kann nicht in den Index aufgenommen werden");
+    Ausgelassen.push_back(Pfad);
+    return true;
+}
+
+Neuaufnahme::Plan Neuaufnahme::Planen(const std::string& Pfad, const Aufnahmeregel& Regel, Vorleser& Leser) {
+    Plan Neu;
+    if (!Regel.NichtBeiText.empty() &&
+        PositionOhneGroß(DateinameVon(Pfad), Regel.NichtBeiText) != std::string_view::npos) {
+        return Neu;
+    }
+    const bool IstOrdner = Regel.OrdnerErlaubt && OrdnerExistiert(Pfad);
+    Neu.Zeigen =
+        IstOrdner || DateiTypErlaubt(Umgebung.Index.Optionen.Dateitypen, Pfad, false, false, false, true);
+    if (!Neu.Zeigen) return Neu;
+    const bool Fehlt = Regel.ErstVorhanden && Regel.KeineDoppelten && !DateiExistiert(Pfad);
+    if (Fehlt || HatZeilenende(Pfad)) return Neu;
+    if (Regel.KeineDoppelten) Neu.Treffer = DoppelterSatz(Pfad);
+    Neu.Art = Neu.Treffer != 0 ? Schritt::Doppelt : Schritt::Lesen;
+    if (Neu.Art != Schritt::Lesen) return Neu;
+    const auto& Auftrag = IstOrdner ? Ordnerauftrag : Dateiauftrag;
+    if (Auftrag.WechselmediumLesen) Neu.Wechselmedium = MediumDesPfades(Pfad);
+    // Which medium is in a drive is known here; the readers need not ask for it from several threads.
+    Leseauftrag OhneMedium = Auftrag;
+    OhneMedium.WechselmediumLesen = false;
+    Leser.Auftragen(Pfad, IstOrdner, OhneMedium);
+    return Neu;
+}
+
+void Neuaufnahme::DoppeltenVermerken(Satznummer Nummer, const std::string& Pfad) {
+    // Kept: the index counts as changed even when the spelling is the same.
+    Umgebung.Index.IndexGeändert = true;
+    auto& Sätze = Umgebung.Index.Sätze;
+    if (Sätze.Pfad(Nummer) != Pfad) Sätze.PfadSetzen(Nummer, Pfad);
+}
+
+void Neuaufnahme::Eintragen(Leseposten& Posten, const std::string& Wechselmedium) {
+    if (!Posten.Fehler.empty()) {
+        Umgebung.Log.Schreiben("DateienZumIndexHinzufügen: Fehler - " + Posten.Fehler + " bei '" +
+                               Posten.Pfad + "'");
+    }
+    if (!Posten.Vorhanden) return;
+    Posten.Satz.Wechselmedium = Wechselmedium;
+    NeueDatensätze.Anhängen(Posten.Pfad, Posten.Satz);
+}
+
+bool Neuaufnahme::LeseErgebnis(const Plan& Was, Vorleser& Leser, std::int64_t Position) {
+    Leseposten* Posten = Leser.Abwarten(Wartezeit);
+    while (Posten == nullptr) {
+        if (!Zeigen(Position)) return false;
+        Posten = Leser.Abwarten(Wartezeit);
+    }
+    Eintragen(*Posten, Was.Wechselmedium);
+    Leser.Ablegen();
+    return true;
+}
+
+bool Neuaufnahme::Ausführen(const std::string& Pfad, const Plan& Was, const Aufnahmeregel& Regel,
+                            Vorleser& Leser, std::int64_t Position) {
+    if ((Was.Zeigen || !Regel.ZweimalZeigen) && !Zeigen(Position)) return false;
+    if (Was.Zeigen && ZeilenendeMelden(Pfad)) return true;
+    switch (Was.Art) {
+        case Schritt::Übergehen:
+            return true;
+        case Schritt::Doppelt:
+            DoppeltenVermerken(Was.Treffer, Pfad);
+            return true;
+        case Schritt::Lesen:
+            break;
+    }
+    if (Regel.ZweimalZeigen && !Zeigen(Position)) return false;
+    return LeseErgebnis(Was, Leser, Position);
+}
+
+void Neuaufnahme::OrdnerAufnehmen(const std::string& Ordner) {
+    if (ZeilenendeMelden(Ordner) || !OrdnerExistiert(Ordner)) return;
+    Leseposten Posten{Ordner, true, Ordnerauftrag, true, {}, {}};
+    Leseauftrag OhneMedium = Ordnerauftrag;
+    OhneMedium.WechselmediumLesen = false;
+    Posten.Satz = Umgebung.Leser(Ordner, Datensatz{}, OhneMedium);
+    Eintragen(Posten, MediumDesPfades(Ordner));
+}
+
+bool Neuaufnahme::Aufnehmen(std::span<const std::string> Pfade, const Aufnahmeregel& Regel) {
+    Vorleser Leser(Umgebung.Leser, Fadenzahl(Pfade.size()));
+    // How many paths may be decided ahead: enough to keep all threads busy.
+    constexpr std::size_t Vorlauf = 1024;
+    std::deque<Plan> Pläne;
+    std::size_t Geplant = 0;
+    for (std::size_t Nummer = 0; Nummer < Pfade.size(); ++Nummer) {
+        // Refilled in larger pieces, so that the threads are not woken up for single files.
+        if (Pläne.size() < Vorlauf / 2) {
+            while (Geplant < Pfade.size() && Pläne.size() < Vorlauf && !Leser.Voll())
+                Pläne.push_back(Planen(Pfade[Geplant++], Regel, Leser));
+            Leser.Losschicken();
+        }
+        const Plan Was = std::move(Pläne.front());
+        Pläne.pop_front();
+        if (!Ausführen(Pfade[Nummer], Was, Regel, Leser, static_cast<std::int64_t>(Nummer) + 1)) return false;
+    }
+    return true;
+}
+
+Hinzufügeergebnis Neuaufnahme::Abschließen() {
+    Hinzufügeergebnis Ergebnis;
+    Ergebnis.Ausgelassen = std::move(Ausgelassen);
+    Ergebnis.Anzahl = NeueDatensätze.Anzahl();
+    if (Ergebnis.Anzahl == 0) return Ergebnis;
+    Ergebnis.ErsterNeuer = Umgebung.Index.IndexAnzahl() + 1;
+    SätzeAnfügen(Umgebung.Index, std::move(NeueDatensätze));
+    Umgebung.Index.IndexGeändert = true;
+    return Ergebnis;
+}
+
+}  // namespace liedwerk

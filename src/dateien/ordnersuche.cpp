@@ -1,0 +1,68 @@
+#include "dateien/ordnersuche.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+#include "basis/datei.h"
+#include "basis/pfad.h"
+#include "basis/text.h"
+
+namespace liedwerk {
+namespace {
+
+struct Suchlauf {
+    const Ordnerleser& Leser;
+    const Ordnersuche& Suche;
+    Oberfläche* Person;
+    std::vector<std::string>& FundListe;
+    std::set<std::pair<std::uint64_t, std::uint64_t>> Besucht;
+
+    bool Weiter(const std::string& Ordner) {
+        return Person == nullptr || Person->FortschrittZeigen(Ordner, 0);
+    }
+
+    bool Gesucht(std::string_view Name) const {
+        if (Suche.Endungen.empty() || Suche.Endungen.front().empty()) return true;
+        return std::any_of(Suche.Endungen.begin(), Suche.Endungen.end(),
+                           [&](const std::string& Endung) { return EndetMitOhneGroß(Name, Endung); });
+    }
+
+    // False for a folder that a link has led to before. One whose identity nobody knows counts as new.
+    bool Erstmals(const Ordnereintrag& Eintrag) {
+        return Eintrag.Inode == 0 || Besucht.emplace(Eintrag.Gerät, Eintrag.Inode).second;
+    }
+
+    // Lists one folder (with its final separator) and, when wanted, those below it. False on cancel.
+    bool Durchsuchen(const std::string& Ordner) {
+        std::vector<Ordnereintrag> Unterordner;
+        bool Fortsetzen = true;
+        Leser.Auflisten(Ordner, [&](const Ordnereintrag& Eintrag) {
+            if (Eintrag.IstOrdner) {
+                if (Suche.OrdnerAuflisten) FundListe.push_back(Ordner + Eintrag.Name);
+                if (Suche.Unterordner) Unterordner.push_back(Eintrag);
+            } else if (Gesucht(Eintrag.Name)) {
+                FundListe.push_back(Ordner + Eintrag.Name);
+            }
+            Fortsetzen = Weiter(Ordner);
+            return Fortsetzen;
+        });
+        if (!Fortsetzen) return false;
+        for (const auto& Eintrag : Unterordner) {
+            if (!Weiter(Ordner)) return false;
+            if (Erstmals(Eintrag) && !Durchsuchen(Ordner + Eintrag.Name + Trenner(Ordner))) return false;
+        }
+        return true;
+    }
+};
+
+}  // namespace
+
+bool DateienSuchenAPI(const Ordnerleser& Leser, std::string_view Ordner, const Ordnersuche& Suche,
+                      Oberfläche* Person, std::vector<std::string>& FundListe) {
+    Suchlauf Lauf{Leser, Suche, Person, FundListe, {}};
+    if (const auto Stand = DateistandLesen(Ordner)) Lauf.Besucht.emplace(Stand->Gerät, Stand->Inode);
+    return Lauf.Durchsuchen(MitTrenner(Ordner));
+}
+
+}  // namespace liedwerk

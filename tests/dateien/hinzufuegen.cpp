@@ -1,0 +1,261 @@
+// Adding folders and files: what is taken, in which order, and what stays after a cancel.
+#include "dateien/hinzufuegen.h"
+
+#include <atomic>
+#include <chrono>
+#include <gtest/gtest.h>
+#include <mutex>
+#include <set>
+#include <stdexcept>
+#include <thread>
+
+#include "basis/pfad.h"
+#include "dateien/ordnersuche.h"
+#include "dateien/probeordner.h"
+#include "plattform/linux/ordner.h"
+#include "plattform/speicher/person.h"
+#include "plattform/speicher/welt.h"
+
+namespace liedwerk {
+namespace {
+
+struct Hinzufügeprobe : testing::Test {
+    test::Probeordner Ordner;
+    Katalog Index;
+    Einstellungen Werte;
+    speicher::Person Person;
+    speicher::Protokollliste Log;
+    speicher::Laufwerksliste Drives;
+    Systemordnerleser Leser;
+    Mediumspeicher Medium;
+    Pfadverzeichnis Pfade;
+    std::atomic<int> Gelesen = 0;
+    MedienLeser Datenleser = [this](std::string_view Pfad, const Datensatz& Vorgabe, const Leseauftrag&) {
+        ++Gelesen;
+        Datensatz Satz = Vorgabe;
+        Satz.Titel = DateinameVon(Pfad);
+        return Satz;
+    };
+
+    void SetUp() override {
+        Index.Optionen.Dateitypen = {{"mp3=1", "110"}, {"ogg=1", "010"}, {"txt=0", "000"}};
+    }
+    Hinzufügeumgebung Umgebung() {
+        return {Index, Werte, Person, Log, Leser, Medium, {Drives, Werte, Log, {}}, Pfade, Datenleser};
+    }
+    Hinzufügeergebnis OrdnerDazu(bool Unterordner = true, std::string NichtBei = {}, bool Ansicht = false) {
+        Ordnerauftrag Auftrag;
+        Auftrag.Ordner = Ordner.Pfad;
+        Auftrag.Unterordner = Unterordner;
+        Auftrag.NichtBeiText = std::move(NichtBei);
+        Auftrag.DateimanagerAnsicht = Ansicht;
+        return EinfachOrdnerHinzufügen(Umgebung(), Auftrag);
+    }
+    std::set<std::string> AlleNamen() const {
+        std::set<std::string> Namen;
+        for (Satznummer Nummer = 1; Nummer <= Index.IndexAnzahl(); ++Nummer)
+            Namen.insert(Index.Sätze.Pfad(Nummer).substr(Ordner.Pfad.size() + 1));
+        return Namen;
+    }
+    void VieleDateien(int Anzahl) const {
+        for (int Nummer = 0; Nummer < Anzahl; ++Nummer)
+            Ordner.Datei("o" + std::to_string(Nummer % 7) + "/" + std::to_string(Nummer) + ".mp3");
+    }
+};
+
+using Namen = std::set<std::string>;
+
+TEST_F(Hinzufügeprobe, NimmtVerwalteteTypenUndLässtAusgenommeneNamenAus) {
+    for (const auto* Name :
+         {"a.mp3", "B.MP3", "c.txt", "d.xyz", "Neu_INCOMPLETE_.mp3", "sub/_incomplete_/e.ogg"})
+        Ordner.Datei(Name);
+    const auto Ergebnis = OrdnerDazu(true, "_incomplete_");
+    EXPECT_TRUE(Ergebnis.Gelungen);
+    EXPECT_EQ(Ergebnis.ErsterNeuer, 1);
+    EXPECT_EQ(Ergebnis.Anzahl, 3);
+    EXPECT_EQ(AlleNamen(), (Namen{"a.mp3", "B.MP3", "sub/_incomplete_/e.ogg"}));
+    EXPECT_TRUE(Index.IndexGeändert);
+    EXPECT_EQ(Person.Titel, (std::vector<std::string>{"Durchsuche Ordner", "Füge gefundene Dateien hinzu"}));
+    EXPECT_EQ(Person.Status, std::vector<std::string>{"3 Datei(en) hinzugefügt"});
+    EXPECT_EQ(Person.Offen, 0);
+    EXPECT_EQ(Gelesen, 3) << "what is not taken is not read";
+}
+
+TEST_F(Hinzufügeprobe, EinFehlenderOrdnerWirdGemeldetEinLeererNicht) {
+    Ordnerauftrag Auftrag;
+    Auftrag.Ordner = Ordner.In("fehlt");
+    EXPECT_FALSE(EinfachOrdnerHinzufügen(Umgebung(), Auftrag).Gelungen);
+    ASSERT_EQ(Person.Meldungen.size(), 1U);
+    EXPECT_TRUE(
+        Person.Meldungen[0].starts_with("Beim Hinzufügen des Ordners '" + Auftrag.Ordner +
+                                        "' ist ein Fehler aufgetreten: \nDer Ordner existiert nicht"));
+    EXPECT_TRUE(OrdnerDazu().Gelungen);
+    EXPECT_EQ(Person.Status, (std::vector<std::string>{"Hinzufügen abgebrochen", "0 Datei(en) hinzugefügt"}));
+    EXPECT_FALSE(Index.IndexGeändert);
+    EXPECT_EQ(Person.Offen, 0);
+}
+
+TEST_F(Hinzufügeprobe, EinZweiterLaufFügtNichtsHinzuAußerVonEinemAnderenMedium) {
+    Ordner.Datei("a.mp3");
+    Ordner.Datei("b.mp3");
+    Drives.Liste[Ordner.Pfad + "/"] = {Laufwerksart::Wechsel, "EINS", true};
+    Werte.Mp3TagLesen = "101";
+    OrdnerDazu();
+    EXPECT_EQ(Index.Sätze.Text(1, FeldWechselmedium), "EINS");
+    Index.IndexGeändert = false;
+    EXPECT_EQ(OrdnerDazu().Anzahl, 0);
+    EXPECT_TRUE(Index.IndexGeändert) << "the found spelling was taken over";
+    EXPECT_EQ(Gelesen, 2);
+    Drives.Liste[Ordner.Pfad + "/"].Datenträger = "ZWEI";
+    EXPECT_EQ(OrdnerDazu().Anzahl, 2);
+    Werte.HinzufügenKeineDoppelten = 0;
+    EXPECT_EQ(OrdnerDazu().Anzahl, 2);
+    EXPECT_EQ(Index.IndexTreffer, std::vector<std::int16_t>(6, 0));
+}
+
+TEST_F(Hinzufügeprobe, JedesLaufwerkUnterDemOrdnerGibtSeinEigenesMedium) {
+    Ordner.Datei("eins/a.mp3");
+    Ordner.Datei("zwei/b.mp3");
+    Ordner.Datei("c.mp3");
+    Drives.Liste[Ordner.In("eins/")] = {Laufwerksart::Wechsel, "EINS", true};
+    Drives.Liste[Ordner.In("zwei/")] = {Laufwerksart::CdRom, "ZWEI", true};
+    OrdnerDazu();
+    ASSERT_EQ(Index.IndexAnzahl(), 3);
+    for (Satznummer Nummer = 1; Nummer <= 3; ++Nummer) {
+        const auto Pfad = Index.Sätze.Pfad(Nummer);
+        const auto* Soll = Pfad.find("/eins/") != Pfad.npos   ? "EINS"
+                           : Pfad.find("/zwei/") != Pfad.npos ? "ZWEI"
+                                                              : "";
+        EXPECT_EQ(Index.Sätze.Text(Nummer, FeldWechselmedium), Soll) << Pfad;
+    }
+}
+
+TEST_F(Hinzufügeprobe, ParallelesLesenGibtDieReihenfolgeDerSuche) {
+    VieleDateien(1500);
+    std::vector<std::string> Gefunden;
+    Ordnersuche Suche;
+    Suche.Unterordner = true;
+    DateienSuchenAPI(Leser, Ordner.Pfad, Suche, nullptr, Gefunden);
+    Datenleser = [](std::string_view Pfad, const Datensatz&, const Leseauftrag&) {
+        // Times that differ make an order that rests on luck show.
+        std::this_thread::sleep_for(std::chrono::microseconds(std::hash<std::string_view>{}(Pfad) % 200));
+        Datensatz Satz;
+        Satz.Titel = DateinameVon(Pfad);
+        return Satz;
+    };
+    ASSERT_EQ(OrdnerDazu().Anzahl, 1500);
+    for (Satznummer Nummer = 1; Nummer <= 1500; ++Nummer) {
+        const auto& Pfad = Gefunden[static_cast<std::size_t>(Nummer - 1)];
+        ASSERT_EQ(Index.Sätze.Pfad(Nummer), Pfad);
+        ASSERT_EQ(Index.Sätze.Text(Nummer, FeldTitel), DateinameVon(Pfad));
+    }
+}
+
+TEST_F(Hinzufügeprobe, EinAbbruchBehältGenauDasBisDahinGelesene) {
+    VieleDateien(40);
+    OrdnerDazu();
+    const auto Ganz = Person.Zeigungen;
+    const auto Alle = AlleNamen();
+    for (std::int64_t Bei = 1; Bei <= Ganz; Bei += 7) {
+        Index.Sätze.Leeren();
+        Person.Zeigungen = 0;
+        Person.AbbruchBei = Bei;
+        bool Vorzeitig = false;
+        Person.Zwischendurch = [&] { Vorzeitig = Vorzeitig || Index.IndexAnzahl() > 0; };
+        const auto Ergebnis = OrdnerDazu();
+        EXPECT_FALSE(Ergebnis.Gelungen);
+        EXPECT_FALSE(Vorzeitig) << "nothing reaches the index before the commit";
+        // The last 80 turns are two for each file, one in front of each record and one behind it.
+        EXPECT_EQ(Ergebnis.Anzahl, std::max<std::int64_t>(0, (Bei - (Ganz - 80) - 1) / 2)) << Bei;
+        EXPECT_EQ(Person.Status.back(), "Hinzufügen abgebrochen");
+        EXPECT_EQ(Person.Offen, 0);
+    }
+}
+
+TEST_F(Hinzufügeprobe, EinAbbruchWartetNichtAufLangsameDateien) {
+    VieleDateien(300);
+    Datenleser = [](std::string_view, const Datensatz& Satz, const Leseauftrag&) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        return Satz;
+    };
+    using Takt = std::chrono::steady_clock;
+    Takt::time_point Abbruch = Takt::now() + std::chrono::hours(1);
+    Person.Zwischendurch = [&] {
+        // Early in the reading: behind all turns of the walk.
+        if (Person.AbbruchBei == 0 && Person.Titel.size() == 2) {
+            Person.AbbruchBei = Person.Zeigungen + 4;
+            Abbruch = Takt::now();
+        }
+    };
+    EXPECT_FALSE(OrdnerDazu().Gelungen);
+    EXPECT_LT(Takt::now() - Abbruch, std::chrono::milliseconds(400));
+}
+
+TEST_F(Hinzufügeprobe, EinFehlerImLeserKostetNurSeineDatei) {
+    Ordner.Datei("gut.mp3");
+    Ordner.Datei("schlecht.mp3");
+    Datenleser = [](std::string_view Pfad, const Datensatz& Satz, const Leseauftrag&) {
+        if (Pfad.ends_with("schlecht.mp3")) throw std::runtime_error("zu groß");
+        return Satz;
+    };
+    EXPECT_TRUE(OrdnerDazu().Gelungen);
+    EXPECT_EQ(AlleNamen(), Namen{"gut.mp3"});
+    ASSERT_EQ(Log.Zeilen.size(), 1U);
+    EXPECT_NE(Log.Zeilen[0].find("Fehler - zu groß"), std::string::npos);
+}
+
+TEST_F(Hinzufügeprobe, NamenMitZeilenendeWerdenGenanntUndNichtAufgenommen) {
+    const auto Böse = Ordner.Datei("a\nb.mp3");
+    Ordner.Datei("c\r.txt");
+    Ordner.Datei("gut.mp3");
+    const auto Ergebnis = OrdnerDazu();
+    EXPECT_EQ(Ergebnis.Ausgelassen, std::vector<std::string>{Böse})
+        << "a file that is not managed is no loss";
+    EXPECT_EQ(AlleNamen(), Namen{"gut.mp3"});
+    ASSERT_EQ(Log.Zeilen.size(), 1U);
+    EXPECT_EQ(Log.Zeilen[0].find('\n'), std::string::npos);
+}
+
+TEST_F(Hinzufügeprobe, DerDateimanagerZeigtOrdnerUndDenÜbergeordnetenUngezählt) {
+    Ordner.Datei("a.mp3");
+    Ordner.Datei("Album/b.mp3");
+    Index.Programmmodus = ModusDateimanager;
+    EXPECT_EQ(OrdnerDazu(false, {}, true).Anzahl, 3);
+    EXPECT_EQ(Index.Sätze.Pfad(1), PfadVon(Ordner.Pfad));
+    EXPECT_EQ(Person.Status.back(), "2 Datei(en) und/oder Ordner werden angezeigt");
+    Werte.HinzufügenKeineDoppelten = 0;
+    EXPECT_EQ(OrdnerDazu(false, {}, true).Anzahl, 0) << "a second folder repeats nothing";
+    EXPECT_EQ(Person.Status.back(), "0 Datei(en) und/oder Ordner werden angezeigt");
+}
+
+TEST_F(Hinzufügeprobe, EinzelneDateienInIhrerReihenfolgeOhneFehlendeUndOrdner) {
+    const auto A = Ordner.Datei("a.mp3");
+    const auto B = Ordner.Datei("b.mp3");
+    const std::vector<std::string> Dateien = {
+        B, Ordner.In("fehlt.mp3"), Ordner.Pfad, Ordner.Datei("c.txt"), A, B};
+    const auto Ergebnis = EinfachDateiHinzufügen(Umgebung(), Dateien, true);
+    EXPECT_TRUE(Ergebnis.Gelungen);
+    ASSERT_EQ(Index.IndexAnzahl(), 3) << "a path given twice in one run is added twice";
+    EXPECT_EQ(Index.Sätze.Pfad(1), B);
+    EXPECT_EQ(Index.Sätze.Pfad(2), A);
+    EXPECT_EQ(Person.Titel, std::vector<std::string>{"Füge Dateien hinzu"});
+    EXPECT_EQ(Person.Zeigungen, 6);
+    Index.IndexGeändert = false;
+    std::filesystem::remove(A);
+    EXPECT_EQ(EinfachDateiHinzufügen(Umgebung(), {A}, true).Anzahl, 0);
+    EXPECT_FALSE(Index.IndexGeändert) << "a missing file is no duplicate";
+}
+
+TEST(Leseauftrag, FolgtDenDreiZiffernDerEinstellung) {
+    const auto Alles = HinzufügeLeseauftrag("110");
+    ASSERT_TRUE(Alles.Code);
+    EXPECT_TRUE(Alles.Code->Id3v1 && Alles.Code->Id3v2 && !Alles.Code->Datenstrom && Alles.Code->Lyrics);
+    EXPECT_FALSE(Alles.GrößeLesen || Alles.WechselmediumLesen);
+    EXPECT_TRUE(Alles.ZeilenEntfernen);
+    const auto Standard = HinzufügeLeseauftrag("101");
+    EXPECT_TRUE(Standard.Code->Datenstrom && !Standard.Code->Lyrics && Standard.GrößeLesen);
+    EXPECT_FALSE(HinzufügeLeseauftrag("1").Code) << "a mutilated setting reads no tag";
+}
+
+}  // namespace
+}  // namespace liedwerk
