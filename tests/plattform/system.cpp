@@ -1,0 +1,101 @@
+// Folders, links, clock and places of the real system.
+#include <gtest/gtest.h>
+#include <map>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "basis/datei.h"
+#include "dateien/probeordner.h"
+#include "plattform/linux/einhaengungen.h"
+#include "plattform/linux/ordner.h"
+#include "plattform/linux/orte.h"
+#include "plattform/linux/uhr.h"
+
+namespace liedwerk {
+namespace {
+
+using test::Probeordner;
+
+std::map<std::string, Ordnereintrag> Liste(std::string_view Ordner) {
+    std::map<std::string, Ordnereintrag> Ergebnis;
+    Systemordnerleser().Auflisten(Ordner, [&](const Ordnereintrag& Eintrag) {
+        Ergebnis[Eintrag.Name] = Eintrag;
+        return true;
+    });
+    return Ergebnis;
+}
+
+TEST(Systemordner, NurDateienUndOrdnerAuchÜberLinks) {
+    const Probeordner Ordner;
+    Ordner.Datei(".versteckt");
+    Ordner.Datei("Album/1.mp3");
+    Ordner.Datei("kaputt\xFF.mp3");
+    symlink("Album", Ordner.In("LinkOrdner").c_str());
+    symlink(".versteckt", Ordner.In("LinkDatei").c_str());
+    symlink("fehlt", Ordner.In("LinkTot").c_str());
+    mkfifo(Ordner.In("Rohr").c_str(), 0600);
+    const auto Namen = Liste(Ordner.Pfad);
+    ASSERT_EQ(Namen.size(), 5U);
+    EXPECT_FALSE(Namen.at(".versteckt").IstOrdner);
+    EXPECT_FALSE(Namen.at("LinkDatei").IstOrdner);
+    EXPECT_TRUE(Namen.contains("kaputt\xFF.mp3"));
+    EXPECT_TRUE(Namen.at("Album").IstOrdner);
+    EXPECT_TRUE(Namen.at("LinkOrdner").IstOrdner);
+    EXPECT_EQ(Namen.at("LinkOrdner").Inode, Namen.at("Album").Inode);
+    EXPECT_NE(Namen.at("Album").Inode, 0U);
+    EXPECT_FALSE(Systemordnerleser().Auflisten(Ordner.In("fehlt"), [](const auto&) { return true; }));
+}
+
+TEST(Links, FührenAuchInsFehlendeUndNieImKreis) {
+    const Probeordner Ordner;
+    Ordner.Datei("a/b/x");
+    symlink("/media/ute/STICK", Ordner.In("Musik").c_str());
+    symlink("../Musik/Jazz", Ordner.In("a/Jazz").c_str());
+    symlink("Kreis", Ordner.In("Kreis").c_str());
+    EXPECT_EQ(LinksFolgen(Ordner.In("a/Jazz/1.mp3")), "/media/ute/STICK/Jazz/1.mp3");
+    EXPECT_EQ(LinksFolgen(Ordner.In("a/./b/../b/x")), LinksFolgen(Ordner.In("a/b/x")));
+    EXPECT_EQ(LinksFolgen(Ordner.In("Kreis/x")), Ordner.In("Kreis/x"));
+    EXPECT_EQ(LinksFolgen("/../.."), "/");
+}
+
+TEST(Systemzeit, KaputteDateizeitenBleibenImKalender) {
+    const Systemuhr Zeit;
+    EXPECT_EQ(Zeit.Lokal(INT64_MAX).Jahr, 9999);
+    EXPECT_EQ(Zeit.Lokal(INT64_MIN).Jahr, 1);
+    EXPECT_GE(Zeit.Jetzt().Jahr, 2024);
+    const Zeitpunkt Fest{2001, 2, 3, 4, 5, 6};
+    EXPECT_EQ(FesteUhr(Fest).Jetzt(), Fest);
+}
+
+TEST(Orte, FolgenDerUmgebung) {
+    const Probeordner Ordner;
+    setenv("LIEDWERK_ORDNER", Ordner.In("neu/tief/").c_str(), 1);
+    EXPECT_EQ(Programmordner(), Ordner.In("neu/tief"));
+    EXPECT_TRUE(OrdnerExistiert(Ordner.In("neu/tief")));
+    unsetenv("LIEDWERK_ORDNER");
+    setenv("XDG_CONFIG_HOME", "relativ", 1);
+    setenv("HOME", "/heim", 1);
+    EXPECT_EQ(Einstellungsdatei(), "/heim/.config/liedwerk/einstellungen.ini");
+    setenv("XDG_CONFIG_HOME", "/k", 1);
+    EXPECT_EQ(Einstellungsdatei(), "/k/liedwerk/einstellungen.ini");
+}
+
+TEST(Orte, JederProzessHatSeinenTemporärenIndex) {
+    const Probeordner Ordner;
+    {
+        const Temporärindex Erster(Ordner.Pfad);
+        EXPECT_EQ(Erster.Pfad(), Ordner.In("tmp.lwi"));
+        std::string ZweiterPfad;
+        {
+            const Temporärindex Zweiter(Ordner.Pfad);
+            ZweiterPfad = Zweiter.Pfad();
+            EXPECT_NE(ZweiterPfad, Erster.Pfad());
+            Ordner.Datei(std::filesystem::path(ZweiterPfad).filename().string());
+        }
+        EXPECT_FALSE(DateiExistiert(ZweiterPfad));
+    }
+    EXPECT_EQ(Temporärindex(Ordner.Pfad).Pfad(), Ordner.In("tmp.lwi"));
+}
+
+}  // namespace
+}  // namespace liedwerk
