@@ -52,12 +52,12 @@ std::string XingRahmen(const Rahmenkopf& Kopf, std::uint32_t Rahmenzahl);
 // --- Tags ---
 
 struct Id3v1Angaben {
-    std::string Titel;
-    std::string Interpret;
-    std::string Album;
-    std::string Jahr;
-    std::string Kommentar;  // up to 30 bytes, 28 with a track number
-    int Titelnummer = 0;    // above 0: ID3v1.1
+    std::string Titel{};
+    std::string Interpret{};
+    std::string Album{};
+    std::string Jahr{};
+    std::string Kommentar{};  // up to 30 bytes, 28 with a track number
+    int Titelnummer = 0;      // above 0: ID3v1.1
     int Genre = 255;
     char Füllung = '\0';  // pads short fields
 };
