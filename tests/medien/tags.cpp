@@ -193,9 +193,11 @@ TEST_F(Lyrics, BeschädigteTagsZählenAlsKeine) {
     }
     EXPECT_EQ(Lesen("LYRICSBEGINLYRICSBEGINLYRICSEND" + std::string(120, 'x')).LyricsVersion, 1);
     EXPECT_EQ(Lesen("LYRICSENDxxxxxxxxxxLYRICSBEGIN").HatLyrics, TagFehlt);
-    // The end marker counts in the last 144 bytes only.
+    // The size and the end marker count in the last 144 bytes only.
     const std::string Tag = LyricsV2(LyricsFeld("LYR", "Text"));
-    EXPECT_EQ(Lesen(Tag + std::string(135, 'x')).LyricsText, "Text");
+    EXPECT_EQ(Lesen(Tag + std::string(129, 'x')).LyricsText, "Text");
+    EXPECT_EQ(Lesen(Tag + std::string(130, 'x')).HatLyrics, TagFehlt);
+    EXPECT_EQ(Lesen(Tag + std::string(135, 'x')).LyricsVersion, 2);
     EXPECT_EQ(Lesen(Tag + std::string(136, 'x')).LyricsVersion, 0);
 }
 
