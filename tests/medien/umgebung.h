@@ -26,6 +26,8 @@ class Medien : public testing::Test {
 
     std::string Anlegen(std::string_view Name, std::string_view Inhalt) const {
         const auto Pfad = Ordner / Name;
+        // Emptying an old file makes some file systems wait for the disk.
+        std::filesystem::remove(Pfad);
         std::ofstream(Pfad, std::ios::binary) << Inhalt;
         return Pfad.string();
     }
