@@ -1,7 +1,6 @@
 #include "suche/feldwert.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "basis/datum.h"
@@ -137,8 +136,8 @@ void Lesung::Genre(Quelle Eigene) {
     switch (QuelleWählen(Eigene)) {
         case Quelle::V1: {
             // Kept: the last name of the list is never shown.
-            const auto Code = GanzzahlLesen<std::uint8_t>(Index.Sätze.Roh(Nummer, FeldGenre));
-            if (Code && *Code + 1U < GenreListe.size()) Wert = GenreListe[*Code];
+            const auto Code = static_cast<std::size_t>(Zahl(FeldGenre));
+            if (Code + 1 < GenreListe.size()) Wert = GenreListe[Code];
             break;
         }
         case Quelle::V2: {
@@ -373,6 +372,29 @@ Feldwahl FeldFinden(std::string_view Feld) {
     }
     if (Feld.starts_with('%')) return {Feldkennung::Vorlage, true, std::string(Feld)};
     return {};
+}
+
+std::optional<Feldtyp> Anzeigetyp(const Feldwahl& Feld, bool AndererTag) {
+    switch (Feld.Kennung) {
+        case Feldkennung::Nummer:
+        case Feldkennung::V1Jahr:
+        case Feldkennung::V1Titelnummer:
+        case Feldkennung::V2Titelnummer:
+        case Feldkennung::Größe:
+        case Feldkennung::Frames:
+        case Feldkennung::AbspielHäufigkeit:
+            return Feldtyp::Zahl;
+        case Feldkennung::HinzufügeDatum:
+            return Feldtyp::Datum;
+        case Feldkennung::AbspielDatum:
+            return Feldtyp::DatumZeit;
+        case Feldkennung::Dauer:
+            return Feldtyp::Dauer;
+        case Feldkennung::V2Jahr:
+            return AndererTag ? std::nullopt : std::optional(Feldtyp::Text);
+        default:
+            return Feldtyp::Text;
+    }
 }
 
 bool FeldWert(const Katalog& Index, Satznummer Nummer, std::string_view Feld, Wertform Modus, bool AndererTag,

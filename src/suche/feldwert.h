@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -71,6 +72,9 @@ struct Feldwahl {
 };
 // Looks a field name up: exact, case-sensitive.
 Feldwahl FeldFinden(std::string_view Feld);
+
+// The type of a field's display form when it is the same for every record.
+std::optional<Feldtyp> Anzeigetyp(const Feldwahl& Feld, bool AndererTag);
 
 // Text of a field. Wert is emptied on entry, Typ starts at Text. False for an unknown field name, for a
 // number that is no record's, and for a stored date that is none; callers treat all of them as an empty

@@ -3,10 +3,15 @@
 // The search tests the position of a word in a field's display text without regard to case. The puffer keeps
 // that text folded for all records, one behind the other, and finds a word in all of them by one vectorised
 // scan. It follows the index by the store's generation and list of changes: a changed record's part is
-// replaced, new records are appended, anything else drops the block.
+// replaced, new records are appended, anything else builds the block anew.
+//
+// Words hold no blank, and a blank stands between all texts: so no hit reaches from one record into the next.
+// For the same reason a value of the standard search that another value of its record contains is left out;
+// that halves the text and changes no hit.
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -23,9 +28,13 @@ class Suchpuffer {
     Suchpuffer(const Suchpuffer&) = delete;
     Suchpuffer& operator=(const Suchpuffer&) = delete;
 
-    // The records of Von to Bis (1-based, inclusive) whose display text of a type 0 field holds the word
-    // without regard to case, as marks: slot i - Von is 1 for a hit, else 0. Word not empty. AndererTag as in
-    // FeldWert.
+    // True when Treffer answers for this field and word: one way of comparing for all records, and a word of
+    // valid UTF-8 without blanks (it may be empty).
+    static bool Geeignet(const Feldwahl& Feld, bool AndererTag, std::string_view Wort);
+
+    // The records of Von to Bis (1-based, inclusive) whose display text holds the word, as marks: slot
+    // i - Von is 1 for a hit, else 0. Compared without regard to case in fields of type 0, exactly in others.
+    // An empty word is held by every text that is not empty. AndererTag as in FeldWert.
     std::vector<std::uint8_t> Treffer(const Katalog& Index, const Feldwahl& Feld, bool AndererTag,
                                       std::string_view Wort, Satznummer Von, Satznummer Bis);
     // Gives all blocks back.
@@ -35,7 +44,15 @@ class Suchpuffer {
 
   private:
     struct Block;
-    std::vector<std::unique_ptr<Block>> Blöcke;
+    Block& BlockFür(const Katalog& Index, const Feldwahl& Feld, bool AndererTag);
+    std::vector<std::unique_ptr<Block>> Blöcke;  // the last used one first
 };
+
+// Runs Arbeit(number of the part, first, end) over 0..Anzahl, on all cores when the work is worth it: at
+// least Mindestens items a part. Returns when all parts are done; an exception of Arbeit comes out then.
+void AufKerneVerteilen(std::size_t Anzahl, std::size_t Mindestens,
+                       const std::function<void(std::size_t, std::size_t, std::size_t)>& Arbeit);
+// The number of parts that AufKerneVerteilen makes at most.
+std::size_t HöchsteTeilzahl();
 
 }  // namespace liedwerk
