@@ -73,7 +73,8 @@ Indexumgebung IndexumgebungVon(Anwendung& Programm) {
             Programm.Dienst.Ordner,
             Programm.Dienst.Programmordner,
             MedienleserVon(Programm),
-            std::move(Prüfen)};
+            std::move(Prüfen),
+            Programm.Dienst.Temporärindex};
 }
 
 Hinzufügeumgebung HinzufügeumgebungVon(Anwendung& Programm) {

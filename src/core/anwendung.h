@@ -43,6 +43,8 @@ struct Dienste {
     Wertspeicher& Nutzerwerte;
     Wertspeicher* Rechnerwerte = nullptr;  // machine-wide seed, read-only
     std::string Programmordner;
+    // The temporary index that this process has claimed; empty: tmp.lwi in the program folder.
+    std::string Temporärindex{};
     std::string Betriebssystem{};  // text of the system's name and version, for the head of the log
 };
 

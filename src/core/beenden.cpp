@@ -8,8 +8,8 @@
 #include "core/einstellungsspeicher.h"
 #include "core/laden.h"
 #include "core/suchlauf.h"
-#include "index/indexformat.h"
 #include "index/schreiber.h"
+#include "index/sicherungskopien.h"
 
 namespace liedwerk {
 namespace {
@@ -98,14 +98,13 @@ void OhnePersonSpeichern(Anwendung& Programm) {
                               Eigene.Ordner,
                               Eigene.Programmordner,
                               Eigene.Leser,
-                              Eigene.VerfügbarkeitPrüfen};
+                              Eigene.VerfügbarkeitPrüfen,
+                              Eigene.Temporärindex};
     Katalog& Index = Programm.Index;
     if (DateiSpeichern(Index, Programm.Werte, Still, Index.IndexDateiname, false) ==
         Speicherergebnis::Gespeichert)
         return;
-    const std::string Stempel = Ersetzen(Zeitstempel(Programm.Dienst.Zeit), ":", "-");
-    const std::string Rettung =
-        Index.IndexDateiname + " - Backup vom " + Stempel + std::string(Sicherungsendung);
+    const std::string Rettung = SicherungskopieName(Index.IndexDateiname, Programm.Dienst.Zeit.Jetzt());
     Einstellungen OhneSicherung = Programm.Werte;
     OhneSicherung.BackupsSpeichern = 0;
     DateiSpeichern(Index, OhneSicherung, Still, Rettung, false);

@@ -61,11 +61,11 @@ Satznummer Abschließen(Anwendung& Programm, const Hinzufügeergebnis& Ergebnis,
     return Ergebnis.Gelungen ? Ergebnis.Anzahl : -1;
 }
 
+}  // namespace
+
 bool IstPlayliste(std::string_view Pfad) {
     return Pfad.ends_with(".pls") || Pfad.ends_with(".m3u");
 }
-
-}  // namespace
 
 Satznummer OrdnerHinzufügenLauf(Anwendung& Programm, const Ordnerauftrag& Auftrag,
                                 const Hinzufügefolgen& Folgen) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/anwendung.h"
@@ -21,5 +22,8 @@ Satznummer DateienHinzufügenLauf(Anwendung& Programm, const std::vector<std::st
 // Folders and files in one go, each to its way, folders with the setting's sub-folders (what is dropped on
 // the list).
 Satznummer PfadeHinzufügenLauf(Anwendung& Programm, const std::vector<std::string>& Pfade);
+
+// True for a name that adding takes for a play list: ".pls" or ".m3u" at its end, in exactly this spelling.
+bool IstPlayliste(std::string_view Pfad);
 
 }  // namespace liedwerk

@@ -29,8 +29,6 @@ class Start {
     void Stufe(std::string_view Logzeile, const std::function<void()>& Schritt);
     void FehlerBehandeln(const std::string& Beschreibung, int Nummer);
 
-    void ProtokollEinrichten();
-    void ProtokollkopfSchreiben();
     void EinstellungenHolen();
     void IndexHolen();
     void ReglerEinrichten();
@@ -78,32 +76,6 @@ void Start::FehlerBehandeln(const std::string& Beschreibung, int Nummer) {
                                         "besteht.");
     Programm.Log.Schreiben("Main: Fehler - " + Beschreibung + " (" + std::to_string(Nummer) + ") " +
                            Zeitstempel(Programm.Dienst.Zeit));
-}
-
-void Start::ProtokollEinrichten() {
-    if (!DateiExistiert(PfadVerbinden(Programm.Dienst.Programmordner, "log.me"))) return;
-    Person.Melden(
-        Symbol::Information,
-        "Es wurde eine Datei mit dem Namen 'log.me' im Programm-Ordner gefunden.\n"
-        "Programm-Aktionen werden nun in der Protokolldatei 'log.txt' im Programm-Ordner gespeichert.\n"
-        "Versenden Sie diese Datei bei Fehlern zusammen mit einer Fehler-Beschreibung an den "
-        "Programm-Autor.");
-    Programm.Log.LogDatei = 1;
-    ProtokollkopfSchreiben();
-}
-
-void Start::ProtokollkopfSchreiben() {
-    const Programmversion& Nummern = Version();
-    ProtokollSchreiben(Programm.Log, Person,
-                       Titel + "-Protokolldatei vom " + Zeitstempel(Programm.Dienst.Zeit), true);
-    for (const auto& Zeile :
-         {std::string(), std::string("Es folgen System-Informationen..."),
-          "Betriebssystem: " + Programm.Dienst.Betriebssystem,
-          "Anwendungs-Pfad: " + Programm.Dienst.Programmordner,
-          "Anwendungs-Parameter: " + Auftrag.Kommandozeile,
-          "Anwendungs-Version: " + Nummern.Haupt + "." + Nummern.Neben + "." + Nummern.Revision,
-          std::string(), std::string("Es folgen Aktionen...")})
-        Programm.Log.Schreiben(Zeile);
 }
 
 void Start::EinstellungenHolen() {
@@ -235,7 +207,7 @@ void Start::TagEditorAusführen() {
 
 void Start::Ausführen() {
     Programm.Index.Programmmodus = ModusNichtsGeladen;
-    Stufe("", [this] { ProtokollEinrichten(); });
+    Stufe("", [this] { ProtokollEinrichten(Programm, Auftrag.Kommandozeile); });
     Stufe("Main: Start vorbereiten ", {});
     Stufe("Main: Variablen vorbereiten ", [this] {
         Programm.Startet = true;
@@ -278,6 +250,29 @@ void Start::Ausführen() {
 }
 
 }  // namespace
+
+void ProtokollEinrichten(Anwendung& Programm, std::string_view Kommandozeile) {
+    const Dienste& Dienst = Programm.Dienst;
+    if (!DateiExistiert(PfadVerbinden(Dienst.Programmordner, "log.me"))) return;
+    Dienst.Person.Melden(
+        Symbol::Information,
+        "Es wurde eine Datei mit dem Namen 'log.me' im Programm-Ordner gefunden.\n"
+        "Programm-Aktionen werden nun in der Protokolldatei 'log.txt' im Programm-Ordner gespeichert.\n"
+        "Versenden Sie diese Datei bei Fehlern zusammen mit einer Fehler-Beschreibung an den "
+        "Programm-Autor.");
+    Programm.Log.LogDatei = 1;
+
+    const Programmversion& Nummern = Version();
+    ProtokollSchreiben(Programm.Log, Dienst.Person, Titel + "-Protokolldatei vom " + Zeitstempel(Dienst.Zeit),
+                       true);
+    for (const auto& Zeile :
+         {std::string(), std::string("Es folgen System-Informationen..."),
+          "Betriebssystem: " + Dienst.Betriebssystem, "Anwendungs-Pfad: " + Dienst.Programmordner,
+          "Anwendungs-Parameter: " + std::string(Kommandozeile),
+          "Anwendungs-Version: " + Nummern.Haupt + "." + Nummern.Neben + "." + Nummern.Revision,
+          std::string(), std::string("Es folgen Aktionen...")})
+        Programm.Log.Schreiben(Zeile);
+}
 
 void Main(Anwendung& Programm, const Startauftrag& Auftrag) {
     Start(Programm, Auftrag).Ausführen();

@@ -235,6 +235,7 @@ Ladeergebnis Laden(Ladevorgang& Lauf) {
 }  // namespace
 
 std::string TemporärerIndex(const Indexumgebung& Umgebung) {
+    if (!Umgebung.Temporärindex.empty()) return Umgebung.Temporärindex;
     return PfadVerbinden(Umgebung.Programmordner, "tmp.lwi");
 }
 

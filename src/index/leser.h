@@ -26,9 +26,11 @@ struct Indexumgebung {
     MedienLeser Leser;
     // DateiNichtVerfügbarPrüfen for a record: 0 go on, 1 skip, 2 abort.
     std::function<int(Katalog& Index, Satznummer Nummer)> VerfügbarkeitPrüfen;
+    // Full path of the temporary index that belongs to this process; empty: tmp.lwi in the program folder.
+    std::string Temporärindex{};
 };
 
-// Full path of tmp.lwi.
+// Full path of the temporary index.
 std::string TemporärerIndex(const Indexumgebung& Umgebung);
 // The folder of a file for looking into it: "." for a bare name.
 std::string_view OrdnerDer(std::string_view Datei);
