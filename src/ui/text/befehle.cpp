@@ -1,0 +1,151 @@
+#include "ui/text/befehle.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "basis/oberflaeche.h"
+#include "ui/text/ausgabe.h"
+
+namespace liedwerk {
+namespace {
+
+constexpr std::size_t Beliebig = SIZE_MAX;
+
+const std::vector<Befehl>& Befehlstabelle() {
+    static const std::vector<Befehl> Alle = {
+        {"datei-info",
+         "datei-info [--lesecode 1111] [--zeilen-entfernen] DATEI...",
+         "Liest Mediendateien und zeigt alles, was gefunden wurde. Ein Index wird nicht gebraucht.\n"
+         "  --lesecode CODE      vier Stellen 1 oder 0: ID3v1, ID3v2, Datenstrom, Lyrics (sonst 1111)\n"
+         "  --zeilen-entfernen   Zeilenenden in Kommentaren werden zu Leerzeichen",
+         {{"--lesecode", true}, {"--zeilen-entfernen"}},
+         1,
+         Beliebig,
+         DateiInfoAusführen},
+        {"dateiinfo-text",
+         "dateiinfo-text DATEI...",
+         "Zeigt den Informationstext von Dateien und die Texte zu deren TAGs.",
+         {},
+         1,
+         Beliebig,
+         DateiInfoTextAusführen},
+        {"feldwerte",
+         "feldwerte --felder A,B,... [--modus 0|1] [--anderer-tag] [NUMMER...]",
+         "Zeigt Felder von Datensätzen, alle oder die mit den genannten Nummern.\n"
+         "  --felder A,B,...     Namen der Felder wie in der Liste, auch Vorlagen wie %Titel%\n"
+         "  --modus 0|1          0 Sortierform, 1 Anzeigeform (sonst 1)\n"
+         "  --anderer-tag        fehlt der TAG eines Feldes, gilt der andere",
+         {{"--felder", true}, {"--modus", true}, {"--anderer-tag"}},
+         0,
+         Beliebig,
+         FeldwerteAusführen},
+        {"hinzufuegen",
+         "hinzufuegen [--ohne-unterordner] [--nicht-bei TEXT] PFAD...",
+         "Fügt Ordner und Dateien zum Index hinzu und speichert diesen. Ein fehlender Index wird angelegt.\n"
+         "Playlisten (.m3u, .pls) kann diese Version noch nicht lesen; sie werden abgelehnt.\n"
+         "  --ohne-unterordner   nur die Dateien der Ordner selbst\n"
+         "  --nicht-bei TEXT     lässt in Ordnern Dateien aus, deren Name den Text enthält",
+         {{"--ohne-unterordner"}, {"--nicht-bei", true}},
+         1,
+         Beliebig,
+         HinzufügenAusführen},
+        {"index-info", "index-info", "Zeigt Umfang und Optionen des Index.", {}, 0, 0, IndexInfoAusführen},
+        {"index-neu",
+         "index-neu",
+         "Legt eine leere Indexdatei an. Gibt es die Datei schon, wird gefragt (siehe --ja).",
+         {},
+         0,
+         0,
+         IndexNeuAusführen},
+        {"index-speichern",
+         "index-speichern [--ausgabe DATEI]",
+         "Lädt und speichert den Index.\n"
+         "  --ausgabe DATEI      speichert in eine andere Datei",
+         {{"--ausgabe", true}},
+         0,
+         0,
+         IndexSpeichernAusführen},
+        {"saetze",
+         "saetze [NUMMER...]",
+         "Zeigt die Datensätze, alle oder die mit den genannten Nummern.",
+         {},
+         0,
+         Beliebig,
+         SätzeAusführen},
+        {"suchen",
+         "suchen [--feld F] [--code C] [--abfrage \"F|C|BEGRIFF\"]... [--spalten A,B,...] [--zaehlen] "
+         "[BEGRIFF]",
+         "Sucht im Index. Ohne BEGRIFF und Abfragen gehört jeder Datensatz zum Ergebnis.\n"
+         "  --feld F             Feld, in dem der Begriff gesucht wird (sonst \"(Standardsuche)\")\n"
+         "  --code C             vier Ziffern: MUSS 0 / DARF NICHT 1, UND 0 / ODER 1, Art 0 bis 6, beide "
+         "TAGs 1\n"
+         "  --abfrage F|C|B      weitere Abfrage aus Feld, Code und Begriff; mehrere schränken ein\n"
+         "  --spalten A,B,...    gezeigte Felder (sonst Interpret,Titel,Album,Pfad+Dateiname)\n"
+         "  --zaehlen            nur die Anzahl",
+         {{"--feld", true}, {"--code", true}, {"--abfrage", true}, {"--spalten", true}, {"--zaehlen"}},
+         0,
+         1,
+         SuchenAusführen},
+    };
+    return Alle;
+}
+
+constexpr std::string_view Globalhilfe =
+    "Aufruf: liedwerk-cli [GLOBAL ...] BEFEHL [OPTIONEN] [ARGUMENTE]\n"
+    "\n"
+    "Globale Optionen:\n"
+    "  --index DATEI          die Indexdatei (sonst die der Einstellungen, sonst lwStamm.lwi im "
+    "Programm-Ordner)\n"
+    "  --programmordner ORDNER  steht für den Programm-Ordner\n"
+    "  --einstellungen DATEI  Einstellungen in dieser Datei; sie wird angelegt, wenn sie fehlt\n"
+    "  --setze NAME=WERT      eine Einstellung nur für diesen Lauf (mehrfach möglich)\n"
+    "  --jetzt ZEITPUNKT      die Uhr dieses Laufs, \"dd.mm.yyyy hh:nn:ss\"\n"
+    "  --ja, --nein           Antwort auf jede Frage (sonst --nein: nichts wird ungefragt ersetzt oder "
+    "gelöscht)\n"
+    "  --json                 das Ergebnis als ein JSON-Dokument\n"
+    "  --still                keine Fortschrittsanzeige\n"
+    "  --hilfe, --version     auch hinter einem Befehl: dessen Hilfe\n"
+    "  --                     beendet die Optionen\n"
+    "\n"
+    "Befehle:\n";
+
+constexpr std::string_view Ausgangshilfe =
+    "\n"
+    "Ausgang: 0 gelungen, 1 fehlgeschlagen oder abgelehnt, 2 falscher Aufruf.\n"
+    "'liedwerk-cli BEFEHL --hilfe' erklärt einen Befehl.\n";
+
+}  // namespace
+
+std::span<const Befehl> Befehle() {
+    return Befehlstabelle();
+}
+
+const Befehl* BefehlFinden(std::string_view Name) {
+    const auto Alle = Befehle();
+    const auto Fund =
+        std::lower_bound(Alle.begin(), Alle.end(), Name,
+                         [](const Befehl& Eintrag, std::string_view N) { return Eintrag.Name < N; });
+    return Fund != Alle.end() && Fund->Name == Name ? &*Fund : nullptr;
+}
+
+std::string Hilfetext() {
+    std::string Text(Globalhilfe);
+    for (const auto& Eintrag : Befehle()) {
+        Text += "  ";
+        Text += Eintrag.Aufruf;
+        Text += '\n';
+    }
+    Text += Ausgangshilfe;
+    return Text;
+}
+
+std::string Aufrufzeile(const Befehl& Eintrag) {
+    return "Aufruf: liedwerk-cli [GLOBAL ...] " + std::string(Eintrag.Aufruf) + "\n";
+}
+
+std::string Hilfetext(const Befehl& Eintrag) {
+    return Aufrufzeile(Eintrag) + "\n" + std::string(Eintrag.Hilfe) +
+           "\n\nGlobale Optionen: siehe 'liedwerk-cli --hilfe'.\n";
+}
+
+}  // namespace liedwerk

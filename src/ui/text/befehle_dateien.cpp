@@ -1,0 +1,145 @@
+// Commands on media files, and bringing them into the index.
+#include <algorithm>
+
+#include "basis/datei.h"
+#include "core/hinzufuegelauf.h"
+#include "core/suchlauf.h"
+#include "medien/infotext.h"
+#include "ui/text/befehle.h"
+#include "ui/text/lauf.h"
+#include "ui/text/satz.h"
+
+namespace liedwerk {
+namespace {
+
+std::vector<std::string> EingabePfade(const std::vector<std::string>& Argumente) {
+    std::vector<std::string> Pfade;
+    for (const auto& Argument : Argumente)
+        Pfade.push_back(EingabePfad(Argument));
+    return Pfade;
+}
+
+// False, with a message, when the file is missing.
+bool DateiPrüfen(const std::string& Pfad) {
+    if (DateiExistiert(Pfad)) return true;
+    Fehlermelden("Die Datei '" + Pfad + "' wurde nicht gefunden.");
+    return false;
+}
+
+struct Zugang {
+    std::vector<std::string> Dateien;
+    bool Gelungen = true;
+};
+
+// Adds the folders among the paths and collects the files; what is neither is told and passed over.
+Zugang OrdnerHinzufügen(Programmlauf& Lauf, const std::vector<std::string>& Pfade,
+                        const Befehlseingabe& Eingabe) {
+    Zugang Ergebnis;
+    for (const auto& Pfad : Pfade) {
+        if (OrdnerExistiert(Pfad)) {
+            Ordnerauftrag Auftrag;
+            Auftrag.Ordner = Pfad;
+            Auftrag.Unterordner = !Eingabe.Hat("--ohne-unterordner");
+            Auftrag.NichtBeiText = Eingabe.Wert("--nicht-bei").value_or("");
+            if (OrdnerHinzufügenLauf(Lauf.Programm(), Auftrag, {false, false}) < 0) Ergebnis.Gelungen = false;
+        } else if (DateiPrüfen(Pfad)) {
+            Ergebnis.Dateien.push_back(Pfad);
+        } else {
+            Ergebnis.Gelungen = false;
+        }
+    }
+    return Ergebnis;
+}
+
+// Saves a changed index; what was added must reach the disk even when a later path was wrong.
+bool GeändertesSpeichern(Programmlauf& Lauf) {
+    if (!Lauf.Programm().Index.IndexGeändert || IndexSpeichern(Lauf.Programm())) return true;
+    Fehlermelden("Die Indexdatei '" + Lauf.Indexname() + "' wurde nicht gespeichert.");
+    return false;
+}
+
+}  // namespace
+
+Ausgang DateiInfoAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe) {
+    Programmlauf Lauf(Global);
+    if (!Lauf.Bereit()) return Ausgang::Fehlgeschlagen;
+    Lauf.Programm().Index.Optionen.Dateitypen = DateitypenVorgabe();
+    const MedienLeser Leser = MedienleserVon(Lauf.Programm());
+    const Leseauftrag Auftrag{Lesecode::Lesen(Eingabe.Wert("--lesecode").value_or("1111")),
+                              Eingabe.Hat("--zeilen-entfernen"), true, true};
+    bool Gelungen = true;
+    if (Lauf.Json()) Lauf.Dokument().ListeAnfang();
+    for (const auto& Pfad : EingabePfade(Eingabe.Argumente)) {
+        Gelungen = DateiPrüfen(Pfad) && Gelungen;
+        const Datensatz Satz = Leser(Pfad, {}, Auftrag);
+        if (Lauf.Json()) {
+            SatzAlsJson(Lauf.Dokument(), 0, Pfad, Satz);
+        } else {
+            SatzAlsText(Lauf.Text(), 0, Pfad, Satz);
+        }
+    }
+    if (Lauf.Json()) Lauf.Dokument().ListeEnde();
+    return Lauf.Abschließen(Gelungen);
+}
+
+Ausgang DateiInfoTextAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe) {
+    Programmlauf Lauf(Global);
+    if (!Lauf.Bereit()) return Ausgang::Fehlgeschlagen;
+    Lauf.Programm().Index.Optionen.Dateitypen = DateitypenVorgabe();
+    const MedienLeser Leser = MedienleserVon(Lauf.Programm());
+    const Leseauftrag Auftrag{Lesecode::Lesen("1111"), false, true, true};
+    bool Gelungen = true;
+    JsonSchreiber& Ziel = Lauf.Dokument();
+    if (Lauf.Json()) Ziel.ListeAnfang();
+    for (const auto& Pfad : EingabePfade(Eingabe.Argumente)) {
+        const bool Vorhanden = DateiPrüfen(Pfad);
+        Gelungen = Vorhanden && Gelungen;
+        const auto Texte = DateiinformationBilden(Pfad, Leser(Pfad, {}, Auftrag), Vorhanden);
+        if (Lauf.Json()) {
+            Ziel.ObjektAnfang();
+            Ziel.Text("Pfad", Pfad);
+            Ziel.Text("Info", Texte.Info);
+            Ziel.Text("Id3v1", Texte.Id3v1);
+            Ziel.Text("Id3v2", Texte.Id3v2);
+            Ziel.Text("Lyrics", Texte.Lyrics);
+            Ziel.ObjektEnde();
+        } else {
+            for (const auto& Text : {Texte.Info, Texte.Id3v1, Texte.Id3v2, Texte.Lyrics})
+                Lauf.Text().Schreiben(Sichtbar(Text, true) + "\n");
+        }
+    }
+    if (Lauf.Json()) Ziel.ListeEnde();
+    return Lauf.Abschließen(Gelungen);
+}
+
+Ausgang HinzufügenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe) {
+    const auto Pfade = EingabePfade(Eingabe.Argumente);
+    if (const auto Liste = std::find_if(Pfade.begin(), Pfade.end(), IstPlayliste); Liste != Pfade.end())
+        return Gescheitert(
+            "'" + *Liste +
+            "' ist eine Playliste. Diese Version kann Playlisten noch nicht lesen; geben Sie die Dateien "
+            "selbst oder deren Ordner an.");
+    Programmlauf Lauf(Global);
+    if (!Lauf.Bereit() || !Lauf.IndexLaden(true)) return Ausgang::Fehlgeschlagen;
+    const Katalog& Index = Lauf.Programm().Index;
+    const Satznummer Vorher = Index.IndexAnzahl();
+    Zugang Ergebnis = OrdnerHinzufügen(Lauf, Pfade, Eingabe);
+    if (!Ergebnis.Dateien.empty() &&
+        DateienHinzufügenLauf(Lauf.Programm(), Ergebnis.Dateien, {false, false}, true) < 0)
+        Ergebnis.Gelungen = false;
+    Ergebnis.Gelungen = GeändertesSpeichern(Lauf) && Ergebnis.Gelungen;
+
+    const Satznummer Neue = Index.IndexAnzahl() - Vorher;
+    if (Lauf.Json()) {
+        Lauf.Dokument().ObjektAnfang();
+        Lauf.Dokument().Zahl("Hinzugefügt", Neue);
+        Lauf.Dokument().Zahl("IndexAnzahl", Index.IndexAnzahl());
+        Lauf.Dokument().ObjektEnde();
+    } else {
+        Lauf.Text().Schreiben(std::to_string(Neue) + " Datei(en) hinzugefügt, " +
+                              std::to_string(Index.IndexAnzahl()) + " Datei(en) im Index\n");
+    }
+    return Lauf.Abschließen(Ergebnis.Gelungen);
+}
+
+}  // namespace liedwerk

@@ -1,0 +1,94 @@
+#include "ui/text/textoberflaeche.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "basis/text.h"
+#include "ui/text/ausgabe.h"
+
+namespace liedwerk {
+namespace {
+
+// Progress appears late and rarely, in milliseconds: short work shows none, long work is not slowed down.
+constexpr std::int64_t ErsteAnzeige = 300;
+constexpr std::int64_t Abstand = 100;
+constexpr std::size_t Zeilenbreite = 78;
+
+void Fehlerzeile(std::string_view Text) {
+    const std::string Zeile = Sichtbar(Text, true) + "\n";
+    std::fwrite(Zeile.data(), 1, Zeile.size(), stderr);
+}
+
+}  // namespace
+
+Textoberfläche::Textoberfläche(const Uhr& Laufzeit, bool Ja, bool MitFortschritt)
+    : Zeit(Laufzeit), AllesJa(Ja), Zeigen(MitFortschritt) {}
+
+Textoberfläche::~Textoberfläche() {
+    ZeileLöschen();
+}
+
+void Textoberfläche::ZeileLöschen() {
+    if (!ZeileSteht) return;
+    std::fprintf(stderr, "\r%*s\r", static_cast<int>(Zeilenbreite), "");
+    ZeileSteht = false;
+}
+
+void Textoberfläche::Melden(Symbol, std::string_view Text) {
+    ZeileLöschen();
+    Fehlerzeile(Text);
+}
+
+Antwort Textoberfläche::Fragen(Symbol, std::string_view Text, Knöpfe, Antwort) {
+    ZeileLöschen();
+    Fehlerzeile(std::string(Text) + (AllesJa ? "\n-> Ja" : "\n-> Nein (mit --ja wird jede Frage bejaht)"));
+    return AllesJa ? Antwort::Ja : Antwort::Nein;
+}
+
+void Textoberfläche::StatusZeigen(std::string_view Text, int) {
+    if (!Zeigen) return;
+    ZeileLöschen();
+    Fehlerzeile(Text);
+}
+
+Verfügbarkeitsantwort Textoberfläche::DateiNichtVerfügbarZeigen(const Verfügbarkeitsfrage& Frage) {
+    std::string Aktuell;
+    if (Frage.Nachsehen && Frage.Nachsehen(Aktuell)) return Verfügbarkeitsantwort::Verfügbar;
+    ZeileLöschen();
+    Fehlerzeile(Frage.Text + "\n-> Übersprungen");
+    return Verfügbarkeitsantwort::Überspringen;
+}
+
+void Textoberfläche::FortschrittStarten(std::string_view Titel, bool MitProzent, std::int64_t Höchstens) {
+    if (!Offen) NächstesMal = Zeit.Millisekunden() + ErsteAnzeige;
+    Offen = true;
+    Prozent = MitProzent && Höchstens > 0;
+    Obergrenze = Höchstens;
+    Überschrift = Titel;
+    LetzterText.clear();
+}
+
+bool Textoberfläche::FortschrittZeigen(std::string_view Text, std::int64_t Position) {
+    if (!Zeigen || !Offen) return true;
+    if (!Text.empty()) LetzterText = Text;
+    const std::int64_t Jetzt = Zeit.Millisekunden();
+    if (Jetzt < NächstesMal) return true;
+    NächstesMal = Jetzt + Abstand;
+    std::string Zeile = Überschrift;
+    if (Prozent)
+        Zeile += " " + std::to_string(std::clamp<std::int64_t>(Position * 100 / Obergrenze, 0, 100)) + " %";
+    if (!LetzterText.empty()) Zeile += ": " + LetzterText;
+    const std::string Gekürzt(LinkerTeil(Sichtbar(Zeile), Zeilenbreite));
+    ZeileLöschen();
+    std::fputs(Gekürzt.c_str(), stderr);
+    std::fflush(stderr);
+    ZeileSteht = true;
+    return true;
+}
+
+void Textoberfläche::FortschrittSchließen() {
+    Offen = false;
+    ZeileLöschen();
+}
+
+}  // namespace liedwerk
