@@ -17,8 +17,7 @@
 #include "plattform/linux/terminal.h"
 #include "plattform/linux/uhr.h"
 #include "plattform/linux/wertdatei.h"
-#include "plattform/qt/laufwerke.h"
-#include "plattform/qt/medienauskunft.h"
+#include "plattform/system.h"
 #include "ui/text/textoberflaeche.h"
 
 namespace liedwerk {
@@ -46,15 +45,15 @@ struct Programmlauf::Welt {
           Person(*Zeit, Global.Ja, !Global.Still && FehlerausgabeIstTerminal()),
           Nutzerwerte(EinstellungenDesLaufs(Global)),
           Rechnerwerte(Rechnereinstellungsdatei()),
-          Programm(Dienste{Person, Fenster, *Zeit, Drives, Ordner, &Auskunft, Nutzerwerte, &Rechnerwerte,
-                           OrdnerDesLaufs(Global)}) {}
+          Programm(Dienste{Person, Fenster, *Zeit, *Drives, Ordner, Auskunft.get(), Nutzerwerte,
+                           &Rechnerwerte, OrdnerDesLaufs(Global)}) {}
 
     std::unique_ptr<Uhr> Zeit;
     Textoberfläche Person;
     OhneFenster Fenster;
-    Systemlaufwerke Drives;
+    std::unique_ptr<Laufwerke> Drives = SystemlaufwerkeÖffnen();
     Systemordnerleser Ordner;
-    TaglibAuskunft Auskunft;
+    std::unique_ptr<Medienauskunft> Auskunft = SystemauskunftÖffnen();
     Wertdatei Nutzerwerte;
     Wertdatei Rechnerwerte;
     Anwendung Programm;

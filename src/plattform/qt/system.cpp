@@ -1,0 +1,16 @@
+#include "plattform/system.h"
+
+#include "plattform/qt/laufwerke.h"
+#include "plattform/qt/medienauskunft.h"
+
+namespace liedwerk {
+
+std::unique_ptr<Laufwerke> SystemlaufwerkeÖffnen() {
+    return std::make_unique<Systemlaufwerke>();
+}
+
+std::unique_ptr<Medienauskunft> SystemauskunftÖffnen() {
+    return std::make_unique<TaglibAuskunft>();
+}
+
+}  // namespace liedwerk

@@ -1,0 +1,14 @@
+// The ports of the real system, for those who may not see what they are made of.
+#pragma once
+
+#include <memory>
+
+#include "plattform/laufwerke.h"
+#include "plattform/medienauskunft.h"
+
+namespace liedwerk {
+
+std::unique_ptr<Laufwerke> SystemlaufwerkeÖffnen();
+std::unique_ptr<Medienauskunft> SystemauskunftÖffnen();
+
+}  // namespace liedwerk

@@ -1,0 +1,237 @@
+// The real program on real files.
+#include <cctype>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <string>
+#include <string_view>
+#include <sys/wait.h>
+#include <vector>
+
+#include "basis/datei.h"
+#include "werkzeuge/tagbau.h"
+
+namespace liedwerk {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Walks one JSON value; npos when it is none.
+std::size_t JsonWert(std::string_view Text, std::size_t i) {
+    const auto Leeres = [&] {
+        while (i < Text.size() && std::isspace(static_cast<unsigned char>(Text[i])))
+            ++i;
+    };
+    Leeres();
+    if (i >= Text.size()) return std::string_view::npos;
+    if (Text[i] == '"') {
+        for (++i; i < Text.size() && Text[i] != '"'; ++i) {
+            if (static_cast<unsigned char>(Text[i]) < 0x20) return std::string_view::npos;
+            if (Text[i] == '\\') ++i;
+        }
+        return i < Text.size() ? i + 1 : std::string_view::npos;
+    }
+    if (Text[i] != '{' && Text[i] != '[') {
+        const auto Ende = Text.find_first_of(",]} \n", i);
+        const auto Wort = Text.substr(i, Ende - i);
+        const bool Gut = Wort == "true" || Wort == "false" || Wort == "null" ||
+                         (!Wort.empty() && Wort.find_first_not_of("-0123456789") == std::string_view::npos);
+        return Gut ? std::min(Ende, Text.size()) : std::string_view::npos;
+    }
+    const bool Objekt = Text[i] == '{';
+    const char Schluss = Objekt ? '}' : ']';
+    ++i;
+    Leeres();
+    if (i < Text.size() && Text[i] == Schluss) return i + 1;
+    for (;;) {
+        if (Objekt) {
+            i = JsonWert(Text, i);
+            if (i >= Text.size() || Text[i++] != ':') return std::string_view::npos;
+        }
+        i = JsonWert(Text, i);
+        if (i == std::string_view::npos) return i;
+        Leeres();
+        if (i >= Text.size()) return std::string_view::npos;
+        if (Text[i] == Schluss) return i + 1;
+        if (Text[i++] != ',') return std::string_view::npos;
+    }
+}
+
+bool IstEinJsonDokument(std::string_view Text) {
+    const auto Ende = JsonWert(Text, 0);
+    return Ende != std::string_view::npos && Text.find_first_not_of(" \n", Ende) == std::string_view::npos;
+}
+
+class Programmtest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        std::string Muster = (fs::temp_directory_path() / "liedwerk-cli-XXXXXX").string();
+        ASSERT_NE(::mkdtemp(Muster.data()), nullptr);
+        Ordner = Muster;
+        Lied("musik/a.mp3", "Dancing Queen", "ABBA", 17);
+        Lied("musik/tief/b.mp3", "Lied", "Jos\xE9", 255);
+        Lied("musik/x\x1b[2J\xFF.mp3", "Waterloo", "ABBA", 17);
+    }
+    void TearDown() override { fs::remove_all(Ordner); }
+
+    void Lied(std::string_view Name, std::string_view Titel, std::string_view Interpret, int Genre) {
+        tagbau::Id3v1Angaben Angaben;
+        Angaben.Titel = Titel;
+        Angaben.Interpret = Interpret;
+        Angaben.Genre = Genre;
+        const std::string Pfad = Ordner + "/" + std::string(Name);
+        fs::create_directories(fs::path(Pfad).parent_path());
+        std::ofstream(Pfad, std::ios::binary) << tagbau::MpegRahmen({}, 4) + tagbau::Id3v1Block(Angaben);
+    }
+    // Runs the program; Aus and Fehler receive what it wrote. The exit status.
+    int Cli(const std::string& Argumente) {
+        const std::string Befehl = "cd '" + Ordner +
+                                   "' && '" LIEDWERK_CLI "' --programmordner p --einstellungen e.ini " +
+                                   Argumente + " >aus 2>fehler </dev/null";
+        const int Stand = std::system(Befehl.c_str());
+        Aus = DateiLesen(Ordner + "/aus").value_or("");
+        Fehler = DateiLesen(Ordner + "/fehler").value_or("");
+        return WIFEXITED(Stand) ? WEXITSTATUS(Stand) : -1;
+    }
+    std::string Index() const { return DateiLesen(Ordner + "/p/lwStamm.lwi").value_or(""); }
+    bool Enthält(std::string_view Text) const { return Aus.find(Text) != std::string::npos; }
+
+    std::string Ordner;
+    std::string Aus;
+    std::string Fehler;
+};
+
+TEST_F(Programmtest, EinFehlenderIndexEntstehtNurWoErSoll) {
+    for (const char* Befehl :
+         {"index-info", "index-speichern", "saetze", "suchen a", "feldwerte --felder Titel"}) {
+        EXPECT_EQ(Cli(Befehl), 1) << Befehl;
+        EXPECT_NE(Fehler.find("wurde nicht gefunden"), std::string::npos) << Befehl;
+        EXPECT_FALSE(fs::exists(Ordner + "/p/lwStamm.lwi")) << Befehl;
+    }
+    EXPECT_TRUE(fs::exists(Ordner + "/e.ini"));
+    EXPECT_EQ(Cli("--json index-neu"), 0);
+    EXPECT_EQ(Aus, "{\"Datei\":\"" + Ordner + "/p/lwStamm.lwi\"}\n");
+    EXPECT_EQ(Index(), "#TAG:lw100\r\n");
+    EXPECT_EQ(Cli("--index musik index-info"), 1);
+    EXPECT_EQ(Cli("--index fehlt/x.lwi index-neu"), 1);
+}
+
+TEST_F(Programmtest, NichtsWirdUngefragtErsetzt) {
+    ASSERT_EQ(Cli("hinzufuegen musik"), 0);
+    const std::string Vorher = Index();
+    EXPECT_EQ(Cli("index-neu"), 1);
+    std::ofstream(Ordner + "/ziel.lwi") << "wichtig";
+    EXPECT_EQ(Cli("index-speichern --ausgabe ziel.lwi"), 1);
+    EXPECT_EQ(DateiLesen(Ordner + "/ziel.lwi"), "wichtig");
+    EXPECT_EQ(Index(), Vorher);
+    EXPECT_EQ(Cli("--ja index-speichern --ausgabe ziel.lwi"), 0);
+    EXPECT_EQ(DateiLesen(Ordner + "/ziel.lwi"), Vorher);
+    EXPECT_EQ(Cli("--ja index-neu"), 0);
+    EXPECT_EQ(Index(), "#TAG:lw100\r\n");
+}
+
+TEST_F(Programmtest, HinzufügenSpeichertUndSpeichernÄndertKeinByte) {
+    EXPECT_EQ(Cli("--json hinzufuegen --ohne-unterordner musik"), 0);
+    EXPECT_EQ(Aus, "{\"Hinzugefügt\":2,\n\"IndexAnzahl\":2}\n");
+    // Doubles are left out, what is missing is told, and the rest is added and saved all the same.
+    EXPECT_EQ(Cli("--json hinzufuegen musik fehlt.mp3"), 1);
+    EXPECT_EQ(Aus, "{\"Hinzugefügt\":1,\n\"IndexAnzahl\":3}\n");
+    EXPECT_NE(Fehler.find("fehlt.mp3' wurde nicht gefunden"), std::string::npos);
+    const std::string Vorher = Index();
+    EXPECT_TRUE(Vorher.starts_with("#TAG:lw102\r\n"));
+    EXPECT_EQ(Cli("--json index-speichern"), 0);
+    EXPECT_EQ(Index(), Vorher);
+    EXPECT_EQ(Cli("--index neu.lwi hinzufuegen --nicht-bei A. musik"), 0);
+    EXPECT_EQ(Cli("--index neu.lwi --json suchen --zaehlen"), 0);
+    EXPECT_EQ(Aus, "{\"Anzahl\":2}\n");
+
+    std::ofstream(Ordner + "/liste.m3u") << "musik/a.mp3\n";
+    EXPECT_EQ(Cli("hinzufuegen liste.m3u musik"), 1);
+    EXPECT_NE(Fehler.find("Playliste"), std::string::npos);
+    EXPECT_EQ(Index(), Vorher);
+}
+
+TEST_F(Programmtest, SuchenZeigtTrefferUndVorschläge) {
+    ASSERT_EQ(Cli("hinzufuegen musik"), 0);
+    EXPECT_EQ(Cli("--json suchen --feld Interpret --spalten Titel,Genre abba"), 0);
+    EXPECT_TRUE(Enthält("\"Anzahl\":2"));
+    EXPECT_TRUE(Enthält("\"Titel\":\"Dancing Queen\",\"Genre\":\"Rock\"}"));
+    EXPECT_EQ(Cli("--json suchen --abfrage 'Interpret|0000|abba' --abfrage 'Titel|1000|queen' --zaehlen"), 0);
+    EXPECT_EQ(Aus, "{\"Anzahl\":1}\n");
+    EXPECT_EQ(Cli("--json suchen --feld Interpret Josw"), 0);
+    EXPECT_TRUE(Enthält("\"Anzahl\":0"));
+    EXPECT_TRUE(Enthält("\"Vorschläge\":[\"José\"]"));
+    EXPECT_EQ(Cli("--setze SucheVorschlägeErstellen=0 --json suchen --feld Interpret Josw"), 0);
+    EXPECT_TRUE(Enthält("\"Vorschläge\":[]"));
+    EXPECT_EQ(Cli("suchen --zaehlen"), 0);
+    EXPECT_EQ(Aus, "3\n");
+    EXPECT_EQ(Cli("suchen --feld Gibtsnicht x"), 0);
+    EXPECT_NE(Fehler.find("Das Feld 'Gibtsnicht' gibt es nicht"), std::string::npos);
+    EXPECT_EQ(Cli("suchen --abfrage Titel"), 2);
+    EXPECT_NE(Fehler.find("Aufruf: liedwerk-cli [GLOBAL ...] suchen"), std::string::npos);
+}
+
+TEST_F(Programmtest, DatensätzeUndFelder) {
+    ASSERT_EQ(Cli("--jetzt '21.11.2026 12:00:00' hinzufuegen musik/a.mp3 musik/tief/b.mp3"), 0);
+    EXPECT_EQ(Cli("--json saetze 2 1"), 0);
+    EXPECT_LT(Aus.find("\"Nummer\":2"), Aus.find("\"Nummer\":1"));
+    EXPECT_TRUE(Enthält("\"Interpret\":\"José\""));
+    EXPECT_TRUE(Enthält("\"Genre\":17,"));
+    for (const char* Nummer : {"99", "0", "-1", "99999999999999999999"}) {
+        EXPECT_EQ(Cli("saetze 1 " + std::string(Nummer)), 1) << Nummer;
+        EXPECT_NE(Fehler.find("gibt es nicht. Der Index hat 2 Datensätze."), std::string::npos) << Nummer;
+        EXPECT_EQ(Aus, "") << Nummer;
+    }
+    EXPECT_EQ(Cli("saetze zwei"), 2);
+    EXPECT_EQ(Cli("--json feldwerte --felder Größe,Gibtsnicht --modus 0 1"), 0);
+    EXPECT_EQ(Aus,
+              "[{\"Nummer\":1,\"Größe\":{\"Ergebnis\":true,\"Wert\":\"1.796\",\"Feldtyp\":1},"
+              "\"Gibtsnicht\":{\"Ergebnis\":false,\"Wert\":\"\",\"Feldtyp\":0}}]\n");
+    EXPECT_EQ(Cli("feldwerte --felder Titel --modus 2"), 2);
+}
+
+TEST_F(Programmtest, DateienBrauchenKeinenIndex) {
+    EXPECT_EQ(Cli("--json datei-info musik/a.mp3"), 0);
+    EXPECT_TRUE(Enthält("[{\"Pfad\":\"" + Ordner +
+                        "/musik/a.mp3\",\"TagKennung\":\"TAG\",\"Titel\":\"Dancing Queen\""));
+    EXPECT_TRUE(Enthält("\"Bitrate\":128,"));
+    EXPECT_EQ(Cli("--json datei-info --lesecode 0000 musik/a.mp3 fehlt.mp3"), 1);
+    EXPECT_TRUE(Enthält("\"Titel\":\"\""));
+    EXPECT_TRUE(Enthält("\"Größe\":-1"));
+    EXPECT_TRUE(IstEinJsonDokument(Aus)) << Aus;
+    EXPECT_EQ(Cli("dateiinfo-text musik/a.mp3"), 0);
+    EXPECT_TRUE(Enthält("Der gefundene ID3v1-TAG belegt 128 Bytes."));
+    EXPECT_FALSE(fs::exists(Ordner + "/p/lwStamm.lwi"));
+}
+
+TEST_F(Programmtest, JsonIstEinDokumentUndTextZeigtSteuerzeichen) {
+    ASSERT_EQ(Cli("hinzufuegen musik"), 0);
+    for (const char* Befehl : {"index-info", "saetze", "suchen", "suchen --zaehlen", "index-speichern",
+                               "feldwerte --felder Titel,Pfad+Dateiname", "hinzufuegen musik",
+                               "datei-info musik/*", "dateiinfo-text musik/*.mp3"}) {
+        Cli("--json " + std::string(Befehl));
+        EXPECT_TRUE(IstEinJsonDokument(Aus)) << Befehl << "\n" << Aus;
+        Cli(Befehl);
+        EXPECT_EQ(Aus.find('\x1b'), std::string::npos) << Befehl;
+        EXPECT_EQ(Fehler.find('\x1b'), std::string::npos) << Befehl;
+    }
+    EXPECT_EQ(Cli("--json saetze"), 0);
+    EXPECT_TRUE(Enthält("x\\u001b[2Jÿ.mp3"));
+}
+
+TEST_F(Programmtest, HilfeGelingtUndFalschesNenntDenAufruf) {
+    EXPECT_EQ(Cli("--hilfe"), 0);
+    EXPECT_TRUE(Enthält("index-speichern [--ausgabe DATEI]"));
+    EXPECT_EQ(Cli("saetze --hilfe"), 0);
+    EXPECT_TRUE(Enthält("Aufruf: liedwerk-cli [GLOBAL ...] saetze [NUMMER...]"));
+    EXPECT_EQ(Cli("--version"), 0);
+    EXPECT_EQ(Cli("--setze GibtEsNicht=1 index-neu"), 2);
+    EXPECT_EQ(Cli("gibtesnicht"), 2);
+    EXPECT_EQ(Aus, "");
+    EXPECT_FALSE(fs::exists(Ordner + "/e.ini"));
+}
+
+}  // namespace
+}  // namespace liedwerk
