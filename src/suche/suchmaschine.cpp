@@ -2,13 +2,11 @@
 
 #include <algorithm>
 #include <exception>
-#include <functional>
 #include <optional>
 #include <unordered_set>
 
 #include "basis/text.h"
 #include "basis/zahl.h"
-#include "suche/faltung.h"
 #include "suche/feldwert.h"
 #include "suche/vorschlaege.h"
 
@@ -163,13 +161,6 @@ std::vector<std::uint8_t> KandidatenFinden(const Katalog& Index, Suchpuffer& Puf
     return Kandidaten;
 }
 
-// Folded words that are known already; looked up without making a string of them first.
-struct Texthash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view Text) const { return std::hash<std::string_view>{}(Text); }
-};
-using Wortmenge = std::unordered_set<std::string, Texthash, std::equal_to<>>;
-
 // Words like the searched one, in the order of the records, each once. The folded form of a find tells
 // whether it is new; only then it is taken out of the value as it is written there.
 std::vector<std::string> VorschlägeSammeln(const Katalog& Index, Suchpuffer& Puffer,
@@ -182,27 +173,26 @@ std::vector<std::string> VorschlägeSammeln(const Katalog& Index, Suchpuffer& Pu
     AufKerneVerteilen(
         static_cast<std::size_t>(Index.IndexAnzahl()), SätzeJeKern,
         [&](std::size_t Teil, std::size_t Von, std::size_t Bis) {
-            Wortmenge Bekannt;
+            std::unordered_set<std::string> Bekannt;
             std::string Wert;
-            Werkbank Bank;
+            std::string Gefaltet;
+            Feldtyp Typ{};
             for (std::size_t i = Von; i < Bis; ++i) {
                 if (!Kandidaten.empty() && Kandidaten[i] == 0) continue;
-                const auto Nummer = static_cast<Satznummer>(i + 1);
-                Bank.Größe = 0;
-                FeldwertFalten(Bank, Index, Nummer, Feld, false, true, Wert);
-                const std::string_view Gefaltet = Bank.Ab(0);
+                if (!FeldWert(Index, static_cast<Satznummer>(i + 1), Feld, Wertform::Anzeigen, false, Wert,
+                              Typ))
+                    continue;
+                Gefaltet.clear();
+                FaltenAnhängen(Gefaltet, Wert);
                 const auto Fund = Muster.Suchen(Gefaltet);
-                if (Fund.Länge == 0) continue;
-                const std::string_view Form = Gefaltet.substr(Fund.Von, Fund.Länge);
-                if (Bekannt.contains(Form)) continue;
-                Bekannt.emplace(Form);
-                Feldtyp Typ{};
-                FeldWert(Index, Nummer, Feld, Wertform::Anzeigen, false, Wert, Typ);
-                Gefunden[Teil].emplace_back(Ähnlichkeitsmuster::Ausschneiden(Wert, Gefaltet, Fund));
+                if (Fund.Länge == 0 || !Bekannt.insert(Gefaltet.substr(Fund.Von, Fund.Länge)).second)
+                    continue;
+                Ähnlichkeit Art{};
+                Gefunden[Teil].push_back(ÄhnlicheWörter(Wert, Abfrage.Begriff, Art, false));
             }
         });
     std::vector<std::string> Vorschläge;
-    Wortmenge Bekannt;
+    std::unordered_set<std::string> Bekannt;
     for (auto& Stück : Gefunden) {
         for (auto& Wort : Stück) {
             if (Bekannt.insert(Falten(Wort)).second) Vorschläge.push_back(std::move(Wort));

@@ -133,14 +133,6 @@ void FürJedesWort(std::string_view Text, Funktion Tun) {
     return Gefunden;
 }
 
-std::string_view Ähnlichkeitsmuster::Ausschneiden(std::string_view Wert, std::string_view Gefaltet,
-                                                  const Fund& Gefunden) {
-    // Folding may change the bytes of a character, but not the number of characters.
-    const std::string_view Rest =
-        Wert.substr(LinkerTeil(Wert, ZeichenAnzahl(Gefaltet.substr(0, Gefunden.Von))).size());
-    return LinkerTeil(Rest, ZeichenAnzahl(Gefaltet.substr(Gefunden.Von, Gefunden.Länge)));
-}
-
 std::string ÄhnlicheWörter(std::string_view Wert, std::string_view Text, Ähnlichkeit& Art,
                            bool GleichesAusschließen) {
     Art = Ähnlichkeit::Keine;
@@ -148,7 +140,11 @@ std::string ÄhnlicheWörter(std::string_view Wert, std::string_view Text, Ähnl
     const std::string Gefaltet = Falten(Wert);
     const auto Gefunden = Ähnlichkeitsmuster(Text).Suchen(Gefaltet);
     Art = Gefunden.Art;
-    return std::string(Ähnlichkeitsmuster::Ausschneiden(Wert, Gefaltet, Gefunden));
+    // Folding may change the bytes of a character, but not the number of characters.
+    const std::string_view Form = Gefaltet;
+    const std::size_t Von = LinkerTeil(Wert, ZeichenAnzahl(Form.substr(0, Gefunden.Von))).size();
+    return std::string(
+        LinkerTeil(Wert.substr(Von), ZeichenAnzahl(Form.substr(Gefunden.Von, Gefunden.Länge))));
 }
 
 }  // namespace liedwerk

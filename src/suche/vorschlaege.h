@@ -26,9 +26,6 @@ class Ähnlichkeitsmuster {
         std::size_t Länge = 0;
     };
     Fund Suchen(std::string_view Gefaltet) const;
-    // The place of a find in the value of which Gefaltet is the folded form.
-    static std::string_view Ausschneiden(std::string_view Wert, std::string_view Gefaltet,
-                                         const Fund& Gefunden);
 
     // Folded pieces, at least one of which stands in every value that resembles the text. Empty when that
     // says nothing.

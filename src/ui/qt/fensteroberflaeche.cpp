@@ -1,0 +1,81 @@
+#include "ui/qt/fensteroberflaeche.h"
+
+#include <QApplication>
+#include <QDialog>
+
+#include "ui/qt/frmdateinichtverfuegbar.h"
+#include "ui/qt/meldung.h"
+#include "ui/qt/qttext.h"
+
+namespace liedwerk {
+namespace {
+
+// A person who is asked something sees a normal pointer, whatever waits behind the question.
+class Mauszeiger {
+  public:
+    Mauszeiger() { QGuiApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ~Mauszeiger() { QGuiApplication::restoreOverrideCursor(); }
+    Mauszeiger(const Mauszeiger&) = delete;
+    Mauszeiger& operator=(const Mauszeiger&) = delete;
+};
+
+}  // namespace
+
+QWidget* Fensteroberfläche::BesitzerJetzt() const {
+    if (QWidget* const Dialog = QApplication::activeModalWidget()) return Dialog;
+    return Besitzer != nullptr && Besitzer->isVisible() ? Besitzer.data() : nullptr;
+}
+
+void Fensteroberfläche::Melden(Symbol Zeichen, std::string_view Text) {
+    const Mauszeiger Zeiger;
+    MeldungZeigen(BesitzerJetzt(), Zeichen, Text);
+}
+
+Antwort Fensteroberfläche::Fragen(Symbol Zeichen, std::string_view Text, Knöpfe Auswahl, Antwort Vorgabe) {
+    const Mauszeiger Zeiger;
+    return FrageZeigen(BesitzerJetzt(), Zeichen, Text, Auswahl, Vorgabe);
+}
+
+void Fensteroberfläche::StatusZeigen(std::string_view Text, int Dauer) {
+    if (Status) Status(QtText(Text), Dauer);
+}
+
+Verfügbarkeitsantwort Fensteroberfläche::DateiNichtVerfügbarZeigen(const Verfügbarkeitsfrage& Frage) {
+    const Mauszeiger Zeiger;
+    frmDateiNichtVerfügbar Form(Frage, BesitzerJetzt());
+    return static_cast<Verfügbarkeitsantwort>(Form.exec());
+}
+
+void Fensteroberfläche::FortschrittStarten(std::string_view Titel, bool MitProzent, std::int64_t Höchstens) {
+    if (Fenster == nullptr) Fenster = new frmFortschritt(BesitzerJetzt());
+    Fenster->Starten(QtText(Titel), MitProzent, Höchstens);
+}
+
+bool Fensteroberfläche::FortschrittZeigen(std::string_view Text, std::int64_t Position) {
+    if (Fenster == nullptr) return true;
+    return Fenster->Zeigen(Text, Position, !FortschrittErwünscht || FortschrittErwünscht());
+}
+
+void Fensteroberfläche::FortschrittSchließen() {
+    if (Fenster == nullptr) return;
+    Fenster->Schließen();
+    // Built anew for the next run: its owner may be another one then.
+    delete Fenster.data();
+}
+
+bool Fensteroberfläche::FortschrittOffen() const {
+    return Fenster != nullptr;
+}
+
+void Fensteroberfläche::EreignisseVerarbeiten() {
+    const bool Modal = QApplication::activeModalWidget() != nullptr;
+    QCoreApplication::processEvents(Modal ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
+}
+
+void Fensteroberfläche::Drängen() {
+    if (Fenster != nullptr) Fenster->Abbrechen();
+    auto* const Dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (Dialog != nullptr && Dialog != Fenster.data()) Dialog->reject();
+}
+
+}  // namespace liedwerk

@@ -1,0 +1,64 @@
+#include "ui/qt/formkopf.h"
+
+#include <QHBoxLayout>
+
+namespace liedwerk {
+
+QVBoxLayout* Formspalte(QDialog& Form) {
+    auto* const Spalte = new QVBoxLayout(&Form);
+    Spalte->setContentsMargins(20, 18, 20, 16);
+    Spalte->setSpacing(12);
+    return Spalte;
+}
+
+void BannerHinzufügen(QVBoxLayout& Spalte, const QIcon& Bild, const QString& Zeile, const QString& Text) {
+    QWidget* const Form = Spalte.parentWidget();
+    auto* const Kopf = new QHBoxLayout;
+    Kopf->setSpacing(14);
+    auto* const lblBild = new QLabel(Form);
+    lblBild->setPixmap(Bild.pixmap(QSize(40, 40), Form->devicePixelRatioF()));
+    Kopf->addWidget(lblBild, 0, Qt::AlignTop);
+    auto* const Worte = new QVBoxLayout;
+    Worte->setSpacing(4);
+    auto* const lblBanner = new QLabel(Zeile, Form);
+    lblBanner->setObjectName(QStringLiteral("lblBanner"));
+    lblBanner->setWordWrap(true);
+    QFont Schrift = lblBanner->font();
+    Schrift.setBold(true);
+    Schrift.setPointSizeF(Schrift.pointSizeF() * 1.15);
+    lblBanner->setFont(Schrift);
+    Worte->addWidget(lblBanner);
+    if (!Text.isEmpty()) TextHinzufügen(*Worte, QStringLiteral("lblBannerText"), Text);
+    Kopf->addLayout(Worte, 1);
+    Spalte.addLayout(Kopf);
+}
+
+QLabel* TextHinzufügen(QVBoxLayout& Spalte, const QString& Name, const QString& Text) {
+    auto* const Zeile = new QLabel(Text);
+    Zeile->setObjectName(Name);
+    Zeile->setTextFormat(Qt::PlainText);
+    Zeile->setWordWrap(true);
+    // A wrapped label asks for the height of a narrow column unless it knows how wide it will be.
+    Zeile->setMinimumWidth(Zeile->fontMetrics().averageCharWidth() * 66);
+    Spalte.addWidget(Zeile);
+    return Zeile;
+}
+
+QList<QPushButton*> KnöpfeHinzufügen(QVBoxLayout& Spalte, QDialog& Form, const QList<Formknopf>& Liste) {
+    auto* const Fuß = new QHBoxLayout;
+    Fuß->setContentsMargins(0, 6, 0, 0);
+    Fuß->addStretch(1);
+    QList<QPushButton*> Gemacht;
+    for (const Formknopf& Einer : Liste) {
+        auto* const Knopf = new QPushButton(Einer.Text, &Form);
+        Knopf->setObjectName(Einer.Name);
+        QObject::connect(Knopf, &QPushButton::clicked, &Form,
+                         [&Form, Nummer = Einer.Nummer] { Form.done(Nummer); });
+        Fuß->addWidget(Knopf);
+        Gemacht.append(Knopf);
+    }
+    Spalte.addLayout(Fuß);
+    return Gemacht;
+}
+
+}  // namespace liedwerk

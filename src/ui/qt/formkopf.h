@@ -1,0 +1,25 @@
+// What the small forms have in common: a banner on top, buttons at the foot.
+#pragma once
+
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace liedwerk {
+
+// A column layout for a form, with margins that suit it.
+QVBoxLayout* Formspalte(QDialog& Form);
+// The banner: a symbol and a bold line, below it a quieter text (may be empty).
+void BannerHinzufügen(QVBoxLayout& Spalte, const QIcon& Bild, const QString& Zeile, const QString& Text);
+// A wrapped text of the form.
+QLabel* TextHinzufügen(QVBoxLayout& Spalte, const QString& Name, const QString& Text);
+// A row of buttons at the right; each ends the form with its number by done(). Gives the buttons.
+struct Formknopf {
+    QString Name;
+    QString Text;
+    int Nummer;
+};
+QList<QPushButton*> KnöpfeHinzufügen(QVBoxLayout& Spalte, QDialog& Form, const QList<Formknopf>& Liste);
+
+}  // namespace liedwerk

@@ -1,0 +1,328 @@
+// Building the main window: actions, menus, controls and how they hang together.
+#include "ui/qt/frmmain.h"
+
+#include <QMenuBar>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+#include "core/suchlauf.h"
+#include "ui/qt/qttext.h"
+#include "ui/qt/symbole.h"
+
+using namespace Qt::StringLiterals;
+
+namespace liedwerk {
+namespace {
+
+constexpr int SpeicherTakt = 60000;  // milliseconds between two looks at the periodic saving
+constexpr int Entwurfsbreite = 1180;
+constexpr int Entwurfshöhe = 720;
+
+}  // namespace
+
+frmMain::frmMain() {
+    setObjectName(u"frmMain"_s);
+    setWindowIcon(Programmsymbol());
+    setWindowTitle(QtText(ProgrammnameMitVersion()));
+    setAcceptDrops(true);
+    resize(Entwurfsbreite, Entwurfshöhe);
+}
+
+frmMain::~frmMain() {
+    // The list goes after what it showed; it must not tell of that any more.
+    if (lstSongs == nullptr) return;
+    lstSongs->AuswahlGeändert = nullptr;
+    lstSongs->SpaltenGeändert = nullptr;
+}
+
+void frmMain::Anbinden(Anwendung& Lauf) {
+    Programm = &Lauf;
+    AktionenAnlegen();
+    MenüsAnlegen();
+    OberflächeAnlegen();
+
+    Symbol = new Startleistensymbol(this);
+    Symbol->Geklickt = [this] { isVisible() && !isMinimized() ? Verbergen() : Wiederherstellen(); };
+    Symbol->Verwaist = [this] {
+        if (!isVisible() && !Endet) Wiederherstellen();
+    };
+    Symbol->Angelegt = [this] {
+        if (NachSymbolVerborgen) hide();
+        NachSymbolVerborgen = false;
+    };
+    Symbol->OhneWirt = [this] {
+        if (NachSymbolVerborgen) show();
+        NachSymbolVerborgen = false;
+    };
+    Symbolmenü = std::make_unique<QMenu>();
+    Symbolmenü->setObjectName(u"mnuSymbol"_s);
+    auto* const mnuSymbolÖffnen = AktionAnlegen(u"mnuSymbolÖffnen"_s, u"Fenster ö&ffnen"_s, "sammlung", {},
+                                                &frmMain::mnuSymbolÖffnen_Click);
+    Symbolmenü->addAction(mnuSymbolÖffnen);
+    Symbolmenü->setDefaultAction(mnuSymbolÖffnen);
+    Symbolmenü->addActions({mnuHinzufügen, mnuSpeichern});
+    Symbolmenü->addSeparator();
+    Symbolmenü->addAction(mnuBeenden);
+
+    tmrStatus.setSingleShot(true);
+    connect(&tmrStatus, &QTimer::timeout, lblStatus, &QLabel::clear);
+    tmrSpalten.setSingleShot(true);
+    tmrSpalten.setInterval(400);
+    connect(&tmrSpalten, &QTimer::timeout, this, [this] {
+        if (Bereit()) SpaltenInIndex(*Programm);
+    });
+    tmrScrollUpdate.setSingleShot(true);
+    tmrScrollUpdate.setInterval(SpeicherTakt);
+    tmrScrollUpdate.setTimerType(Qt::VeryCoarseTimer);
+    connect(&tmrScrollUpdate, &QTimer::timeout, this, [this] { tmrScrollUpdate_Timer(); });
+    tmrScrollUpdate.start();
+    tmrSitzungsende.setInterval(50);
+    connect(&tmrSitzungsende, &QTimer::timeout, this, [this] { SitzungBeenden(); });
+    AktionenNachführen();
+}
+
+QAction* frmMain::AktionAnlegen(const QString& Name, const QString& Text, const char* Bild,
+                                const QList<QKeySequence>& Tasten, void (frmMain::*Handler)()) {
+    auto* const Aktion = new QAction(Text, this);
+    Aktion->setObjectName(Name);
+    if (Bild != nullptr) Aktion->setIcon(Symbolbild(Bild));
+    Aktion->setShortcuts(Tasten);
+    connect(Aktion, &QAction::triggered, this, Handler);
+    return Aktion;
+}
+
+QAction* frmMain::SchalterAnlegen(const QString& Name, const QString& Text,
+                                  std::int16_t Indexoptionen::*Option) {
+    auto* const Aktion = new QAction(Text, this);
+    Aktion->setObjectName(Name);
+    Aktion->setCheckable(true);
+    connect(Aktion, &QAction::triggered, this, [this, Option](bool An) {
+        Programm->Index.Optionen.*Option = An ? 1 : 0;
+        Programm->Index.IndexGeändert = true;
+        SpaltenÜbernehmen();
+        SpaltenZeigen();
+    });
+    Schalter.push_back({Aktion, Option});
+    return Aktion;
+}
+
+void frmMain::AktionenAnlegen() {
+    mnuHinzufügen = AktionAnlegen(u"mnuHinzufügen"_s, u"&Hinzufügen..."_s, "hinzufuegen", {QKeySequence::New},
+                                  &frmMain::mnuHinzufügen_Click);
+    mnuOrdnerHinzufügen =
+        AktionAnlegen(u"mnuOrdnerHinzufügen"_s, u"&Ordner hinzufügen..."_s, "ordner-hinzufuegen",
+                      {QKeySequence(u"Ctrl+Shift+O"_s)}, &frmMain::mnuOrdnerHinzufügen_Click);
+    mnuDateienHinzufügen =
+        AktionAnlegen(u"mnuDateienHinzufügen"_s, u"&Dateien hinzufügen..."_s, "dateien-hinzufuegen",
+                      {QKeySequence(u"Ctrl+Shift+D"_s)}, &frmMain::mnuDateienHinzufügen_Click);
+    mnuSpeichern = AktionAnlegen(u"mnuSpeichern"_s, u"&Speichern"_s, "speichern", {QKeySequence::Save},
+                                 &frmMain::mnuSpeichern_Click);
+    mnuÖffnen = AktionAnlegen(u"mnuÖffnen"_s, u"Ö&ffnen..."_s, "oeffnen", {QKeySequence::Open},
+                              &frmMain::mnuÖffnen_Click);
+    mnuBeenden = AktionAnlegen(u"mnuBeenden"_s, u"&Beenden"_s, "beenden", {QKeySequence(u"Ctrl+Q"_s)},
+                               &frmMain::cmdBeenden_Click);
+    mnuAllesAuswählen = AktionAnlegen(u"mnuAllesAuswählen"_s, u"&Alles auswählen"_s, "auswaehlen",
+                                      {QKeySequence::SelectAll}, &frmMain::mnuAllesAuswählen_Click);
+    mnuPfadKopieren = AktionAnlegen(u"mnuPfadKopieren"_s, u"&Pfad kopieren"_s, "kopieren",
+                                    {QKeySequence::Copy}, &frmMain::mnuPfadKopieren_Click);
+    mnuOrdnerÖffnen = AktionAnlegen(u"mnuOrdnerÖffnen"_s, u"&Ordner öffnen"_s, "ordner",
+                                    {QKeySequence(u"Ctrl+Return"_s)}, &frmMain::mnuOrdnerÖffnen_Click);
+    mnuSuchen = AktionAnlegen(u"mnuSuchen"_s, u"&Suchen"_s, "suchen",
+                              {QKeySequence::Find, QKeySequence(u"F3"_s)}, &frmMain::mnuSuchen_Click);
+    mnuSucheLeeren = AktionAnlegen(u"mnuSucheLeeren"_s, u"Suche &leeren"_s, "leeren",
+                                   {QKeySequence(u"Ctrl+Shift+F"_s)}, &frmMain::cmdSucheLöschen_Click);
+    mnuBeschreibungsleiste = AktionAnlegen(u"mnuBeschreibungsleiste"_s, u"&Beschreibungsleiste"_s, nullptr,
+                                           {QKeySequence(u"F9"_s)}, &frmMain::mnuBeschreibungsleiste_Click);
+    mnuBeschreibungsleiste->setCheckable(true);
+    mnuInfo =
+        AktionAnlegen(u"mnuInfo"_s, u"&Info"_s, "info", {QKeySequence(u"F1"_s)}, &frmMain::mnuInfo_Click);
+}
+
+void frmMain::MenüsAnlegen() {
+    QMenu* const Datei = menuBar()->addMenu(u"&Datei"_s);
+    Datei->addActions({mnuHinzufügen, mnuOrdnerHinzufügen, mnuDateienHinzufügen});
+    Datei->addSeparator();
+    Datei->addActions({mnuSpeichern, mnuÖffnen});
+    mnuZuletztGeladen = Datei->addMenu(u"&Zuletzt geladene"_s);
+    mnuZuletztGeladen->setObjectName(u"mnuZuletztGeladen"_s);
+    Datei->addSeparator();
+    Datei->addAction(mnuBeenden);
+
+    QMenu* const Bearbeiten = menuBar()->addMenu(u"&Bearbeiten"_s);
+    Bearbeiten->addActions({mnuSuchen, mnuSucheLeeren});
+    Bearbeiten->addSeparator();
+    Bearbeiten->addActions({mnuAllesAuswählen, mnuPfadKopieren, mnuOrdnerÖffnen});
+
+    QMenu* const Ansicht = menuBar()->addMenu(u"&Ansicht"_s);
+    Ansicht->addAction(
+        SchalterAnlegen(u"mnuSpaltentitel"_s, u"Spalten&titel"_s, &Indexoptionen::SpaltenLeiste));
+    Ansicht->addAction(SchalterAnlegen(u"mnuGitternetz"_s, u"&Gitternetz"_s, &Indexoptionen::SpaltenGitter));
+    Ansicht->addAction(SchalterAnlegen(u"mnuSymbole"_s, u"S&ymbole"_s, &Indexoptionen::SpaltenSymbole));
+    Ansicht->addSeparator();
+    Ansicht->addAction(mnuBeschreibungsleiste);
+    QMenu* const Spalten = Ansicht->addMenu(Symbolbild("spalten"), u"&Spalten"_s);
+    Spalten->setObjectName(u"mnuSpalten"_s);
+    connect(Spalten, &QMenu::aboutToShow, this, [this, Spalten] { SpaltenmenüFüllen(*Spalten); });
+
+    menuBar()->addMenu(u"&Hilfe"_s)->addAction(mnuInfo);
+    // Shortcuts hold while a menu is not in the bar, too.
+    addActions({mnuHinzufügen, mnuOrdnerHinzufügen, mnuDateienHinzufügen, mnuSpeichern, mnuÖffnen, mnuBeenden,
+                mnuAllesAuswählen, mnuPfadKopieren, mnuOrdnerÖffnen, mnuSuchen, mnuSucheLeeren,
+                mnuBeschreibungsleiste, mnuInfo});
+}
+
+void frmMain::SpaltenmenüFüllen(QMenu& Menü) {
+    Menü.clear();
+    QMenu* const Tag2 = new QMenu(u"&ID3v2-Felder"_s, &Menü);
+    for (int Nummer = 1; Nummer <= SpaltenAnzahl; ++Nummer) {
+        const QString Name = QtText(SpaltenNamen[static_cast<std::size_t>(Nummer - 1)].Name);
+        QMenu& Ziel = Name.contains(u"ID3v2"_s) ? *Tag2 : Menü;
+        QAction* const Aktion = Ziel.addAction(Name);
+        Aktion->setCheckable(true);
+        const auto& Gezeigt = Programm->Ansicht.Spalten;
+        Aktion->setChecked(std::any_of(Gezeigt.begin(), Gezeigt.end(),
+                                       [Nummer](const Listenspalte& Eine) { return Eine.Nummer == Nummer; }));
+        connect(Aktion, &QAction::triggered, this, [this, Nummer] { SpalteUmschalten(Nummer); });
+    }
+    Menü.addMenu(Tag2);
+}
+
+QWidget* frmMain::ListenbereichAnlegen() {
+    auto* const Bereich = new QWidget(this);
+    auto* const Spalte = new QVBoxLayout(Bereich);
+    Spalte->setContentsMargins(0, 0, 0, 0);
+    Spalte->setSpacing(8);
+
+    fraSuchVorschläge = new Vorschlagsrahmen(Bereich);
+    fraSuchVorschläge->Gewählt = [this](const QString& Wort) {
+        fraSuchVorschläge->hide();
+        Suche->TextSuchen(Wort);
+        Suche->Fokussieren();
+    };
+    fraSuchVorschläge->Erbeten = [this] { cmdSuchVorschlägeAnzeigen_Click(); };
+
+    Modell = std::make_unique<Listenmodell>(Programm->Ansicht, Programm->Index);
+    lstSongs = new Listenansicht(*Modell, Bereich);
+    lstSongs->AuswahlGeändert = [this] { lstSongs_AuswahlGeändert(); };
+    lstSongs->SpaltenGeändert = [this] { lstSongs_SpaltenGeändert(); };
+    lstSongs->Abgelegt = [this](std::vector<std::string> Pfade) { PfadeAblegen(std::move(Pfade)); };
+    lstSongs->Ziehdaten = [this] { return AuswahlDaten(true); };
+    lstSongs->SpaltenmenüErbeten = [this](const QPoint& Ort) {
+        QMenu Menü(this);
+        SpaltenmenüFüllen(Menü);
+        Menü.exec(Ort);
+    };
+    lstSongs->setContextMenuPolicy(Qt::ActionsContextMenu);
+    lstSongs->addActions({mnuPfadKopieren, mnuOrdnerÖffnen, mnuAllesAuswählen});
+
+    fraLeer = new QWidget(Bereich);
+    fraLeer->setObjectName(u"fraLeer"_s);
+    auto* const Mitte = new QVBoxLayout(fraLeer);
+    auto* const lblBild = new QLabel(fraLeer);
+    lblBild->setPixmap(Symbolbild("sammlung").pixmap(QSize(72, 72), devicePixelRatioF()));
+    auto* const lblLeerTitel = new QLabel(u"Hier erscheint Ihre Sammlung"_s, fraLeer);
+    QFont Schrift = lblLeerTitel->font();
+    Schrift.setPointSizeF(Schrift.pointSizeF() * 1.5);
+    lblLeerTitel->setFont(Schrift);
+    auto* const lblLeerText =
+        new QLabel(u"Fügen Sie einen Ordner mit Mediendateien hinzu oder ziehen Sie ihn hierher."_s, fraLeer);
+    auto* const cmdLeerOrdnerHinzufügen =
+        new QPushButton(Symbolbild("ordner-hinzufuegen"), u"Ordner hinzufügen..."_s, fraLeer);
+    cmdLeerOrdnerHinzufügen->setObjectName(u"cmdLeerOrdnerHinzufügen"_s);
+    cmdLeerOrdnerHinzufügen->setMinimumHeight(fontMetrics().height() + 18);
+    cmdLeerOrdnerHinzufügen->setAutoDefault(true);
+    connect(cmdLeerOrdnerHinzufügen, &QPushButton::clicked, mnuOrdnerHinzufügen, &QAction::trigger);
+    Mitte->addStretch(2);
+    for (QWidget* const Teil : std::initializer_list<QWidget*>{lblBild, lblLeerTitel, lblLeerText}) {
+        Mitte->addWidget(Teil, 0, Qt::AlignHCenter);
+    }
+    Mitte->addSpacing(12);
+    Mitte->addWidget(cmdLeerOrdnerHinzufügen, 0, Qt::AlignHCenter);
+    Mitte->addStretch(3);
+
+    Seiten = new QStackedWidget(Bereich);
+    Seiten->addWidget(lstSongs);
+    Seiten->addWidget(fraLeer);
+    Spalte->addWidget(fraSuchVorschläge);
+    Spalte->addWidget(Seiten, 1);
+    return Bereich;
+}
+
+void frmMain::FußAnlegen() {
+    auto* const Fuß = new QWidget(this);
+    auto* const Spalte = new QVBoxLayout(Fuß);
+    Spalte->setContentsMargins(7, 8, 4, 2);
+    Spalte->setSpacing(3);
+    lblIndex = new QLabel(Fuß);
+    lblIndex->setObjectName(u"lblIndex"_s);
+    lblIndex->setAccessibleName(u"Indexdatei"_s);
+    lblIndex->setTextFormat(Qt::PlainText);
+    QFont Schrift = lblIndex->font();
+    Schrift.setBold(true);
+    lblIndex->setFont(Schrift);
+    lblAnzahl = new QLabel(Fuß);
+    lblAnzahl->setObjectName(u"lblAnzahl"_s);
+    lblAnzahl->setTextFormat(Qt::PlainText);
+    Spalte->addWidget(lblIndex);
+    Spalte->addWidget(lblAnzahl);
+    fraFunktionen->FußHinzufügen(Fuß);
+    lblStatus = new QLabel(this);
+    lblStatus->setObjectName(u"lblStatus"_s);
+    lblStatus->setTextFormat(Qt::PlainText);
+    lblStatus->setContentsMargins(12, 0, 0, 0);
+    statusBar()->addWidget(lblStatus, 1);
+    statusBar()->setStyleSheet(u"QStatusBar::item { border: none; }"_s);
+}
+
+void frmMain::OberflächeAnlegen() {
+    auto* const Mitte = new QWidget(this);
+    auto* const Zeilen = new QVBoxLayout(Mitte);
+    Zeilen->setContentsMargins(12, 10, 12, 4);
+    Zeilen->setSpacing(10);
+
+    Suche = new Suchleiste(Programm->Werte, Programm->Abfragen, Mitte);
+    Suche->setObjectName(u"fraSuche"_s);
+    Suche->Aktualisieren = [this] { SucheAktualisieren(*Programm); };
+    Suche->Löschen = [this] { cmdSucheLöschen_Click(); };
+    Suche->ZurListe = [this] {
+        lstSongs->setFocus(Qt::OtherFocusReason);
+        if (!lstSongs->currentIndex().isValid()) {
+            lstSongs->setCurrentIndex(Modell->index(0, lstSongs->isColumnHidden(0) ? 1 : 0));
+        }
+    };
+    Suche->TextGeändert = [this] { AktionenNachführen(); };
+    Suche->DarfSuchen = [this] { return Bereit(); };
+
+    QWidget* const Listenbereich = ListenbereichAnlegen();
+    fraFunktionen = new Funktionsleiste(Mitte);
+    fraFunktionen->GruppeHinzufügen(u"Index"_s, {mnuHinzufügen, mnuSpeichern, mnuÖffnen});
+    fraFunktionen->GruppeHinzufügen(u"Suche"_s, {mnuSucheLeeren});
+    fraFunktionen->GruppeHinzufügen(u"Auswahl"_s, {mnuPfadKopieren, mnuOrdnerÖffnen});
+    fraFunktionen->setMinimumWidth(fontMetrics().averageCharWidth() * 28);
+    FußAnlegen();
+    fraBeschreibung = new Beschreibung(Mitte);
+    fraBeschreibung->setMinimumWidth(fontMetrics().averageCharWidth() * 26);
+
+    auto* const Teiler = new QSplitter(Qt::Horizontal, Mitte);
+    Teiler->setObjectName(u"Teiler"_s);
+    Teiler->setChildrenCollapsible(false);
+    Teiler->setHandleWidth(10);
+    Teiler->setStyleSheet(u"QSplitter::handle { background: transparent; }"_s);
+    Teiler->addWidget(fraFunktionen);
+    Teiler->addWidget(Listenbereich);
+    Teiler->addWidget(fraBeschreibung);
+    Teiler->setStretchFactor(1, 1);
+    const int Zeichen = fontMetrics().averageCharWidth();
+    Teiler->setSizes({Zeichen * 28, Entwurfsbreite - Zeichen * 72, Zeichen * 44});
+
+    Zeilen->addWidget(Suche);
+    Zeilen->addWidget(Teiler, 1);
+    setCentralWidget(Mitte);
+    setTabOrder(Suche, fraSuchVorschläge);
+    setTabOrder(fraSuchVorschläge, lstSongs);
+    setTabOrder(lstSongs, fraBeschreibung);
+    setTabOrder(fraBeschreibung, fraFunktionen);
+}
+
+}  // namespace liedwerk

@@ -1,0 +1,174 @@
+// frmMain: the main window. It fills controls, reads them and calls procedures of the core.
+#pragma once
+
+#include <QAction>
+#include <QCheckBox>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenu>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTimer>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "core/anwendung.h"
+#include "core/beenden.h"
+#include "core/hauptfenster.h"
+#include "ui/qt/beschreibung.h"
+#include "ui/qt/funktionsleiste.h"
+#include "ui/qt/listenansicht.h"
+#include "ui/qt/startleistensymbol.h"
+#include "ui/qt/suchleiste.h"
+#include "ui/qt/vorschlagsrahmen.h"
+
+namespace liedwerk {
+
+class frmMain final : public QMainWindow, public Hauptfenster {
+  public:
+    frmMain();
+    ~frmMain() override;
+    // Builds the controls over what they show. Once, before anything else is called.
+    void Anbinden(Anwendung& Lauf);
+
+    std::function<void()> Beendet;  // the window has closed for good
+    std::function<void()> Drängen;  // gets a run that must end now to its end
+    // The status line.
+    void StatusZeigen(const QString& Text, int Dauer);
+    // The end of the session: saves without a question as soon as no run is active, then Beendet.
+    void SitzungBeenden();
+    // Saves without a question; the session may go on all the same.
+    void SitzungSichern();
+
+    void ListeFreigeben(bool Frei) override;
+    void IndexnameZeigen(std::string_view Name) override;
+    void SpaltenZeigen() override;
+    void ListeZeigen() override;
+    void ZeilenAuswählen(std::size_t Letzte) override;
+    void AuswahlZeigen() override;
+    void ZuletztGeladenZeigen() override;
+    Suchzeile SuchzeileLesen() const override;
+    void SuchzeileLeeren() override;
+    void VorschlägeZeigen(bool Gefunden, const std::vector<std::string>& Vorschläge) override;
+    void ErscheinungAnwenden() override;
+    void ReglerStellen(int NeueLautstärke, int NeueBalance) override;
+    void SymbolEinrichten() override;
+    void SymbolEntfernen() override;
+    void SymbolhinweisZeigen(std::string_view Titel, std::string_view Text) override;
+    void LageSetzen(const Fensterlage& Lage) override;
+    void Zeigen(bool Sichtbar) override;
+    void WillkommenZeigen() override;
+    // Tips, the lock and reminders belong to windows that this version does not have; nobody calls for a tip
+    // while there are none.
+    void TippZeigen(int) override {}
+    int TippAnzahl() const override { return 0; }
+    void SperreZeigen() override {}
+    void TagEditorZeigen() override {}
+    void ShellEinträgeAnmelden() override {}  // the package does it here
+    void EreignisuhrStarten() override {}
+    void EigentümerZeigen(std::string_view Name) override;
+    void SuchfeldFokussieren() override;
+    Fensterlage LageLesen() override;
+    void Minimieren() override { showMinimized(); }
+    void Verbergen() override;
+    void Wiederherstellen() override;
+    int LautstärkeLesen() const override { return Lautstärke; }
+    int BalanceLesen() const override { return Balance; }
+    void SpaltenÜbernehmen() override;
+    int BeendenFragen(bool& Immer) override;
+
+  protected:
+    void closeEvent(QCloseEvent* Ereignis) override;
+    void dragEnterEvent(QDragEnterEvent* Ereignis) override;
+    void dropEvent(QDropEvent* Ereignis) override;
+
+  private:
+    // Building.
+    QAction* AktionAnlegen(const QString& Name, const QString& Text, const char* Bild,
+                           const QList<QKeySequence>& Tasten, void (frmMain::*Handler)());
+    QAction* SchalterAnlegen(const QString& Name, const QString& Text, std::int16_t Indexoptionen::*Option);
+    void AktionenAnlegen();
+    void MenüsAnlegen();
+    QWidget* ListenbereichAnlegen();
+    void FußAnlegen();
+    void OberflächeAnlegen();
+    void SpaltenmenüFüllen(QMenu& Menü);
+
+    // Handlers.
+    void mnuHinzufügen_Click();
+    void mnuOrdnerHinzufügen_Click();
+    void mnuDateienHinzufügen_Click();
+    void mnuSpeichern_Click();
+    void mnuÖffnen_Click();
+    void mnuAllesAuswählen_Click();
+    void mnuPfadKopieren_Click();
+    void mnuOrdnerÖffnen_Click();
+    void mnuSuchen_Click();
+    void cmdSucheLöschen_Click();
+    void mnuBeschreibungsleiste_Click();
+    void mnuInfo_Click();
+    void cmdBeenden_Click();
+    void mnuSymbolÖffnen_Click();
+    void cmdSuchVorschlägeAnzeigen_Click();
+    void lstSongs_AuswahlGeändert();
+    void lstSongs_SpaltenGeändert();
+    void tmrScrollUpdate_Timer();
+
+    void OrdnerHinzufügen(const std::string& Ordner);
+    void DateienHinzufügen(const std::vector<std::string>& Dateien);
+    void PfadeAblegen(std::vector<std::string> Pfade);
+    void IndexLaden(const std::string& Datei);
+    void SpalteUmschalten(int Nummer);
+    void DateiBeschreiben(Satznummer Nummer);
+    QMimeData* AuswahlDaten(bool NurVorhandene) const;
+    void AktionenNachführen();
+    bool Bereit() const { return !Programm->LaufAktiv && !Endet; }
+
+    Anwendung* Programm = nullptr;
+    std::unique_ptr<Listenmodell> Modell;
+    Suchleiste* Suche = nullptr;
+    Vorschlagsrahmen* fraSuchVorschläge = nullptr;
+    QStackedWidget* Seiten = nullptr;
+    QWidget* fraLeer = nullptr;
+    Listenansicht* lstSongs = nullptr;
+    Funktionsleiste* fraFunktionen = nullptr;
+    Beschreibung* fraBeschreibung = nullptr;
+    QLabel* lblIndex = nullptr;
+    QLabel* lblAnzahl = nullptr;
+    QLabel* lblStatus = nullptr;
+    QMenu* mnuZuletztGeladen = nullptr;
+    Startleistensymbol* Symbol = nullptr;
+    std::unique_ptr<QMenu> Symbolmenü;
+    QTimer tmrStatus;
+    QTimer tmrSpalten;
+    QTimer tmrScrollUpdate;
+    QTimer tmrSitzungsende;
+
+    QAction* mnuHinzufügen = nullptr;
+    QAction* mnuOrdnerHinzufügen = nullptr;
+    QAction* mnuDateienHinzufügen = nullptr;
+    QAction* mnuSpeichern = nullptr;
+    QAction* mnuÖffnen = nullptr;
+    QAction* mnuAllesAuswählen = nullptr;
+    QAction* mnuPfadKopieren = nullptr;
+    QAction* mnuOrdnerÖffnen = nullptr;
+    QAction* mnuSuchen = nullptr;
+    QAction* mnuSucheLeeren = nullptr;
+    QAction* mnuBeschreibungsleiste = nullptr;
+    QAction* mnuInfo = nullptr;
+    QAction* mnuBeenden = nullptr;
+    struct Ansichtsschalter {
+        QAction* Aktion;
+        std::int16_t Indexoptionen::*Option;
+    };
+    std::vector<Ansichtsschalter> Schalter;
+
+    int Lautstärke = 128;
+    int Balance = 0;
+    bool ListeFrei = false;
+    bool Endet = false;
+    bool NachSymbolVerborgen = false;  // hidden at the start as soon as the symbol is there
+};
+
+}  // namespace liedwerk

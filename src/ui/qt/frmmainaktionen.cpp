@@ -1,0 +1,256 @@
+// What the main window does when the person (or the session) asks for it.
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QDesktopServices>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QMimeData>
+
+#include "basis/pfad.h"
+#include "basis/text.h"
+#include "core/hinzufuegelauf.h"
+#include "core/laden.h"
+#include "core/suchlauf.h"
+#include "ui/qt/frmhinweise.h"
+#include "ui/qt/frmindexhinzufuegen.h"
+#include "ui/qt/frmmain.h"
+#include "ui/qt/qttext.h"
+
+using namespace Qt::StringLiterals;
+
+namespace liedwerk {
+namespace {
+
+constexpr std::size_t HöchstensZiehen = 10000;  // files in one drag; more would block the pointer
+constexpr int Neuespaltenbreite = 1800;         // twips, for a column that has no default width
+
+}  // namespace
+
+void frmMain::StatusZeigen(const QString& Text, int Dauer) {
+    lblStatus->setText(Text);
+    tmrStatus.stop();
+    if (Dauer > 0) tmrStatus.start(Dauer);
+}
+
+void frmMain::AktionenNachführen() {
+    const std::int16_t Modus = Programm->Index.Programmmodus;
+    const std::size_t Gewählt = Programm->Ansicht.Auswahl.size();
+    const bool Geladen = ListeFrei && Modus != ModusNichtsGeladen;
+    for (QAction* const Aktion : {mnuHinzufügen, mnuOrdnerHinzufügen, mnuDateienHinzufügen})
+        Aktion->setEnabled(Geladen);
+    mnuSpeichern->setEnabled(ListeFrei && Modus == ModusIndexdatei);
+    const bool MitZeilen = !Programm->Ansicht.Zeilen.empty();
+    mnuAllesAuswählen->setEnabled(ListeFrei && MitZeilen);
+    mnuSucheLeeren->setEnabled(ListeFrei && Suche->Gefüllt());
+    mnuPfadKopieren->setEnabled(ListeFrei && Gewählt > 0);
+    mnuOrdnerÖffnen->setEnabled(ListeFrei && Gewählt == 1);
+}
+
+void frmMain::OrdnerHinzufügen(const std::string& Ordner) {
+    if (Ordner.empty() || !Bereit()) return;
+    Ordnerauftrag Auftrag;
+    Auftrag.Ordner = Ordner;
+    Auftrag.Unterordner = Programm->Werte.HinzufügenUnterordner == 1;
+    Auftrag.DateimanagerAnsicht = Programm->Index.Programmmodus == ModusDateimanager;
+    OrdnerHinzufügenLauf(*Programm, Auftrag, {});
+}
+
+void frmMain::DateienHinzufügen(const std::vector<std::string>& Dateien) {
+    if (!Dateien.empty() && Bereit()) DateienHinzufügenLauf(*Programm, Dateien, {}, true);
+}
+
+void frmMain::mnuHinzufügen_Click() {
+    if (!Bereit()) return;
+    Suche->AusstehendesAusführen();
+    frmIndexHinzufügen Form(Programm->Index.Optionen.Dateitypen, this);
+    if (Form.exec() != QDialog::Accepted) return;
+    OrdnerHinzufügen(Form.Wahl().Ordner);
+    DateienHinzufügen(Form.Wahl().Dateien);
+}
+
+void frmMain::mnuOrdnerHinzufügen_Click() {
+    if (!Bereit()) return;
+    Suche->AusstehendesAusführen();
+    OrdnerHinzufügen(OrdnerWählen(this));
+}
+
+void frmMain::mnuDateienHinzufügen_Click() {
+    if (!Bereit()) return;
+    Suche->AusstehendesAusführen();
+    DateienHinzufügen(DateienWählen(this, Programm->Index.Optionen.Dateitypen));
+}
+
+void frmMain::mnuSpeichern_Click() {
+    if (Bereit()) IndexSpeichern(*Programm);
+}
+
+void frmMain::mnuÖffnen_Click() {
+    if (!Bereit()) return;
+    const QString Datei = QFileDialog::getOpenFileName(
+        this, u"Indexdatei öffnen"_s, QtText(PfadVon(Programm->Index.IndexDateiname)),
+        u"Indexdateien (*.lwi)"_s + u";;"_s + u"Alle Dateien (*)"_s);
+    if (!Datei.isEmpty()) IndexLaden(PfadAusQt(Datei));
+}
+
+void frmMain::IndexLaden(const std::string& Datei) {
+    if (!Bereit()) return;
+    SpaltenInIndex(*Programm);
+    AndereDateiLaden(*Programm, Datei);
+}
+
+void frmMain::mnuAllesAuswählen_Click() {
+    lstSongs->selectAll();
+}
+
+QMimeData* frmMain::AuswahlDaten(bool NurVorhandene) const {
+    const auto& Auswahl = Programm->Ansicht.Auswahl;
+    if (Auswahl.empty() || (NurVorhandene && Auswahl.size() > HöchstensZiehen)) return nullptr;
+    std::vector<std::string> Pfade;
+    for (const Satznummer Nummer : Auswahl) {
+        std::string Pfad = Programm->Index.Sätze.Pfad(Nummer);
+        if (!NurVorhandene || DateiExistiert(Pfad)) Pfade.push_back(std::move(Pfad));
+    }
+    if (Pfade.empty()) {
+        Programm->Dienst.Person.StatusZeigen("Diese Datei existiert nicht (mehr).", 3000);
+        return nullptr;
+    }
+    auto* const Daten = new QMimeData;
+    // The list of addresses keeps every byte of a name; the text is for reading.
+    Daten->setData(u"text/uri-list"_s, UriListe(Pfade));
+    Daten->setText(QtText(Verbinden(Pfade, "\n")));
+    return Daten;
+}
+
+void frmMain::mnuPfadKopieren_Click() {
+    if (QMimeData* const Daten = AuswahlDaten(false)) QGuiApplication::clipboard()->setMimeData(Daten);
+}
+
+void frmMain::mnuOrdnerÖffnen_Click() {
+    if (Programm->Ansicht.Auswahl.empty()) return;
+    const std::string Ordner(PfadVon(Programm->Index.Sätze.Pfad(Programm->Ansicht.Auswahl.front())));
+    if (!OrdnerExistiert(Ordner)) {
+        Programm->Dienst.Person.Melden(
+            Symbol::Ausrufezeichen,
+            "Der Ordner '" + Ordner + "' existiert nicht oder ist zurzeit nicht verfügbar.");
+        return;
+    }
+    const QUrl Adresse = QUrl::fromEncoded(UriListe({Ordner}).trimmed());
+    if (!QDesktopServices::openUrl(Adresse)) {
+        Programm->Dienst.Person.Melden(Symbol::Ausrufezeichen,
+                                       "Der Ordner '" + Ordner +
+                                           "' konnte nicht geöffnet werden.\n"
+                                           "Stellen Sie sicher, dass ein Dateimanager eingerichtet ist.");
+    }
+}
+
+void frmMain::mnuSuchen_Click() {
+    Suche->Fokussieren();
+}
+
+void frmMain::cmdSucheLöschen_Click() {
+    if (Bereit()) SucheLöschen(*Programm);
+}
+
+void frmMain::cmdSuchVorschlägeAnzeigen_Click() {
+    if (Bereit()) SucheAktualisieren(*Programm, true);
+}
+
+void frmMain::mnuBeschreibungsleiste_Click() {
+    Programm->Werte.Beschreibungsleiste = mnuBeschreibungsleiste->isChecked() ? 1 : 0;
+    fraBeschreibung->setVisible(mnuBeschreibungsleiste->isChecked());
+}
+
+void frmMain::mnuInfo_Click() {
+    frmInfo(ProgrammnameMitVersion(), this).exec();
+}
+
+void frmMain::cmdBeenden_Click() {
+    close();
+}
+
+void frmMain::mnuSymbolÖffnen_Click() {
+    Wiederherstellen();
+}
+
+void frmMain::lstSongs_AuswahlGeändert() {
+    Programm->Ansicht.Auswahl = lstSongs->AuswahlLesen();
+    AuswahlZeigen();
+}
+
+void frmMain::lstSongs_SpaltenGeändert() {
+    // While a column is drawn wider, every step tells; the last one is taken over.
+    tmrSpalten.start();
+}
+
+void frmMain::SpalteUmschalten(int Nummer) {
+    SpaltenÜbernehmen();
+    auto& Spalten = Programm->Ansicht.Spalten;
+    const auto Weg =
+        std::erase_if(Spalten, [Nummer](const Listenspalte& Eine) { return Eine.Nummer == Nummer; });
+    if (Weg == 0) {
+        const int Breite = SpaltenNamen[static_cast<std::size_t>(Nummer - 1)].Breite;
+        Spalten.push_back({Nummer, Breite > 0 ? Breite : Neuespaltenbreite});
+    }
+    SpaltenZeigen();
+    SpaltenInIndex(*Programm);
+}
+
+void frmMain::tmrScrollUpdate_Timer() {
+    if (Bereit()) RegelmäßigSpeichern(*Programm);
+    tmrScrollUpdate.start();
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* Ereignis) {
+    if (Ereignis->mimeData()->hasUrls()) Ereignis->acceptProposedAction();
+}
+
+void frmMain::dropEvent(QDropEvent* Ereignis) {
+    Ereignis->setDropAction(Qt::CopyAction);
+    Ereignis->accept();
+    PfadeAblegen(PfadeAusUriListe(Ereignis->mimeData()->data(u"text/uri-list"_s)));
+}
+
+void frmMain::PfadeAblegen(std::vector<std::string> Pfade) {
+    if (Pfade.empty() || !ListeFrei) return;
+    // Behind the drop event: the program where the drag began waits for its end.
+    QMetaObject::invokeMethod(
+        this,
+        [this, Pfade = std::move(Pfade)] {
+            if (Bereit()) PfadeHinzufügenLauf(*Programm, Pfade);
+        },
+        Qt::QueuedConnection);
+}
+
+void frmMain::closeEvent(QCloseEvent* Ereignis) {
+    Ereignis->ignore();
+    if (Programm == nullptr || !Bereit() || Programm->Startet) return;
+    const auto Grund = qGuiApp->isSavingSession() ? Schließgrund::Betriebssystem : Schließgrund::Person;
+    if (!FensterSchließen(*Programm, Grund)) return;
+    Endet = true;
+    Ereignis->accept();
+    if (Beendet) Beendet();
+}
+
+void frmMain::SitzungBeenden() {
+    if (Endet) return;
+    if (Programm->LaufAktiv || Programm->Startet || QApplication::activeModalWidget() != nullptr) {
+        // Records in the middle of a run are no state to save: the run is brought to its end first.
+        if (Drängen) Drängen();
+        tmrSitzungsende.start();
+        return;
+    }
+    tmrSitzungsende.stop();
+    Endet = true;
+    FensterSchließen(*Programm, Schließgrund::Betriebssystem);
+    if (Beendet) Beendet();
+}
+
+void frmMain::SitzungSichern() {
+    if (!Bereit() || Programm->Startet) return;
+    FensterSchließen(*Programm, Schließgrund::Betriebssystem);
+    // The logout may still be called off by another program.
+    SymbolEinrichten();
+}
+
+}  // namespace liedwerk

@@ -1,0 +1,262 @@
+// The main window as the core sees it.
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QScreen>
+
+#include "basis/pfad.h"
+#include "medien/medienlesen.h"
+#include "suche/feldwert.h"
+#include "ui/qt/frmbeenden.h"
+#include "ui/qt/frmhinweise.h"
+#include "ui/qt/frmmain.h"
+#include "ui/qt/qttext.h"
+
+using namespace Qt::StringLiterals;
+
+namespace liedwerk {
+namespace {
+
+// A colour of the settings (0xBBGGRR) put into a role; the desktop's own is left alone.
+void FarbeSetzen(QPalette& Palette, QPalette::ColorRole Rolle, std::int32_t Farbe) {
+    if (Farbe == DesktopFarbe) return;
+    Palette.setColor(Rolle, QColor(Farbe & 0xFF, (Farbe >> 8) & 0xFF, (Farbe >> 16) & 0xFF));
+}
+
+// The list's font of the settings. The stored default names a font of another desktop; as long as nothing
+// was chosen, the list has this desktop's font.
+QFont Listenschrift(const Einstellungen& Werte) {
+    QFont Schrift = QGuiApplication::font();
+    const Einstellungen Vorgabe;
+    if (Werte.ListeFont != Vorgabe.ListeFont ||
+        Werte.lngEinstellungenListeFontSize != Vorgabe.lngEinstellungenListeFontSize) {
+        Schrift.setFamily(QtText(Werte.ListeFont));
+        Schrift.setPointSize(std::clamp(Werte.lngEinstellungenListeFontSize, 4, 72));
+    }
+    Schrift.setBold(Werte.ListeFontBold == 1);
+    Schrift.setItalic(Werte.ListeFontItalic == 1);
+    Schrift.setUnderline(Werte.ListeFontUnderline == 1);
+    Schrift.setStrikeOut(Werte.ListeFontStrikeThrough == 1);
+    return Schrift;
+}
+
+}  // namespace
+
+void frmMain::ListeFreigeben(bool Frei) {
+    ListeFrei = Frei;
+    lstSongs->setEnabled(Frei);
+    AktionenNachführen();
+}
+
+void frmMain::IndexnameZeigen(std::string_view Name) {
+    const QString Text = QtText(Name);
+    lblIndex->setText(lblIndex->fontMetrics().elidedText(Text, Qt::ElideMiddle, fraFunktionen->width() - 14));
+    lblIndex->setToolTip(Text);
+}
+
+void frmMain::SpaltenZeigen() {
+    const Indexoptionen& Optionen = Programm->Index.Optionen;
+    for (const Ansichtsschalter& Einer : Schalter)
+        Einer.Aktion->setChecked(Optionen.*Einer.Option == 1);
+    lstSongs->SpaltenZeigen(Programm->Ansicht.Spalten, Optionen.SpaltenSymbole == 1);
+    lstSongs->header()->setVisible(Optionen.SpaltenLeiste == 1);
+    lstSongs->GitterZeigen(Optionen.SpaltenGitter == 1);
+    lstSongs->ZeilenErneuern(Programm->Ansicht.Auswahl);
+}
+
+void frmMain::ListeZeigen() {
+    lstSongs->ZeilenErneuern(Programm->Ansicht.Auswahl);
+    lblAnzahl->setText(QtText(StatusText(Programm->Ansicht, Programm->Index)));
+    const bool Leer = ListeFrei && Programm->Index.IndexAnzahl() == 0;
+    Seiten->setCurrentWidget(Leer ? fraLeer : static_cast<QWidget*>(lstSongs));
+    AktionenNachführen();
+}
+
+void frmMain::ZeilenAuswählen(std::size_t Letzte) {
+    lstSongs->LetzteAuswählen(static_cast<int>(Letzte));
+}
+
+void frmMain::AuswahlZeigen() {
+    const auto& Auswahl = Programm->Ansicht.Auswahl;
+    AktionenNachführen();
+    if (Auswahl.size() == 1 && Auswahl.front() <= Programm->Index.IndexAnzahl()) {
+        DateiBeschreiben(Auswahl.front());
+    } else {
+        fraBeschreibung->HinweisZeigen(QtText(AuswahlText(Auswahl.size(), Programm->Index)));
+    }
+}
+
+void frmMain::DateiBeschreiben(Satznummer Nummer) {
+    const Katalog& Index = Programm->Index;
+    const std::string Pfad = Index.Sätze.Pfad(Nummer);
+    const auto Feld = [&](std::string_view Name) {
+        std::string Wert;
+        Feldtyp Typ{};
+        FeldWert(Index, Nummer, Name, Wertform::Anzeigen, true, Wert, Typ);
+        return QtText(Wert);
+    };
+    QStringList Untertitel = {Feld("Interpret"), Feld("Titel")};
+    Untertitel.removeAll(QString());
+    // What the thread uses is its own or outlives it; the medium is the record's, no drive is asked.
+    auto Typen = std::make_shared<const std::vector<Dateityp>>(Index.Optionen.Dateitypen);
+    Medienumgebung Umgebung;
+    Umgebung.TAGsBytesSuchen = Programm->Werte.TAGsBytesSuchen;
+    Umgebung.Zeit = &Programm->Dienst.Zeit;
+    Umgebung.Auskunft = Programm->Dienst.Auskunft;
+    fraBeschreibung->DateiZeigen(QtText(DateinameVon(Pfad)), Untertitel.join(u" – "_s),
+                                 [=, Satz = Index.Sätze.Lesen(Nummer)]() mutable {
+                                     Umgebung.Dateitypen = Typen.get();
+                                     const bool Vorhanden = DateiExistiert(Pfad);
+                                     Leseauftrag Auftrag;
+                                     Auftrag.Code = Lesecode{false, false, true, false};
+                                     Auftrag.GrößeLesen = true;
+                                     if (Vorhanden) Satz = MedienDatenLesen(Umgebung, Pfad, Satz, Auftrag);
+                                     return DateiinformationBilden(Pfad, Satz, Vorhanden);
+                                 });
+}
+
+void frmMain::ZuletztGeladenZeigen() {
+    mnuZuletztGeladen->clear();
+    int Nummer = 0;
+    for (const std::string& Name : Programm->Werte.ZuletztGeladen) {
+        ++Nummer;
+        const QString Text = QtText(Name).replace(u'&', u"&&"_s);
+        QAction* const Aktion = mnuZuletztGeladen->addAction(
+            Nummer < 10 ? u"&%1  %2"_s.arg(QString::number(Nummer), Text) : Text);
+        connect(Aktion, &QAction::triggered, this, [this, Name] { IndexLaden(Name); });
+    }
+    mnuZuletztGeladen->setEnabled(Nummer > 0);
+}
+
+Suchzeile frmMain::SuchzeileLesen() const {
+    return Suche->Lesen();
+}
+
+void frmMain::SuchzeileLeeren() {
+    Suche->Leeren();
+    fraSuchVorschläge->hide();
+}
+
+void frmMain::VorschlägeZeigen(bool Gefunden, const std::vector<std::string>& Vorschläge) {
+    // An empty index has its own page, which says more than "nothing found".
+    fraSuchVorschläge->Zeigen(Gefunden || Programm->Index.IndexAnzahl() == 0, Vorschläge,
+                              Programm->Werte.SucheVorschlägeErstellen == 1);
+}
+
+void frmMain::ErscheinungAnwenden() {
+    const Einstellungen& Werte = Programm->Werte;
+    QPalette Liste = QGuiApplication::palette();
+    FarbeSetzen(Liste, QPalette::Text, Werte.FarbeListen);
+    FarbeSetzen(Liste, QPalette::Base, Werte.FarbeListenHintergrund);
+    if (Werte.FarbeListenHintergrund != DesktopFarbe)
+        Liste.setColor(QPalette::AlternateBase, Liste.color(QPalette::Base));
+    if (Werte.FarbeListen != DesktopFarbe || Werte.FarbeListenHintergrund != DesktopFarbe)
+        lstSongs->setPalette(Liste);
+    lstSongs->setFont(Listenschrift(Werte));
+    QPalette Funktionen = QGuiApplication::palette();
+    FarbeSetzen(Funktionen, QPalette::ButtonText, Werte.FarbeFunktionen);
+    FarbeSetzen(Funktionen, QPalette::WindowText, Werte.FarbeÜberschrift);
+    FarbeSetzen(Funktionen, QPalette::Window, Werte.FarbeFunktionenHintergrund);
+    if (Funktionen != QGuiApplication::palette()) {
+        fraFunktionen->setPalette(Funktionen);
+        fraFunktionen->setAutoFillBackground(Werte.FarbeFunktionenHintergrund != DesktopFarbe);
+    }
+    if (Werte.FarbeBeschreibungen != DesktopFarbe) {
+        QPalette Text = QGuiApplication::palette();
+        FarbeSetzen(Text, QPalette::Text, Werte.FarbeBeschreibungen);
+        FarbeSetzen(Text, QPalette::WindowText, Werte.FarbeBeschreibungen);
+        fraBeschreibung->setPalette(Text);
+    }
+    mnuBeschreibungsleiste->setChecked(Werte.Beschreibungsleiste == 1);
+    fraBeschreibung->setVisible(Werte.Beschreibungsleiste == 1);
+    ZuletztGeladenZeigen();
+}
+
+void frmMain::ReglerStellen(int NeueLautstärke, int NeueBalance) {
+    Lautstärke = NeueLautstärke;
+    Balance = NeueBalance;
+}
+
+void frmMain::SymbolEinrichten() {
+    Symbol->Einrichten(Symbolmenü.get());
+}
+
+void frmMain::SymbolEntfernen() {
+    Symbol->Entfernen();
+}
+
+void frmMain::SymbolhinweisZeigen(std::string_view Titel, std::string_view Text) {
+    Symbol->HinweisZeigen(QtText(Titel), QtText(Text));
+}
+
+void frmMain::LageSetzen(const Fensterlage& Lage) {
+    const QRect Wunsch(Lage.Links, Lage.Oben, Lage.Breite, Lage.Höhe);
+    // A screen that was unplugged since must not take the window with it.
+    const bool Sichtbar = QGuiApplication::screenAt(Wunsch.center()) != nullptr;
+    if (!Lage.Zentriert && Sichtbar) {
+        setGeometry(Wunsch);
+    } else {
+        const QRect Platz = screen()->availableGeometry();
+        const QSize Größe = (Lage.Zentriert ? size() : Wunsch.size()).boundedTo(Platz.size() * 0.96);
+        setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, Größe, Platz));
+    }
+    if (Lage.Maximiert) setWindowState(windowState() | Qt::WindowMaximized);
+}
+
+void frmMain::Zeigen(bool Sichtbar) {
+    if (Sichtbar) {
+        show();
+        return;
+    }
+    // Only a symbol that is really there may stand for the window; a desktop that just starts gets a moment.
+    NachSymbolVerborgen = !Symbol->Vorhanden();
+}
+
+void frmMain::WillkommenZeigen() {
+    frmWillkommen Form(ProgrammnameMitVersion(), this);
+    // The start goes on first; the folder is asked for as soon as everything stands.
+    if (Form.exec() == frmWillkommen::OrdnerGewünscht) {
+        QMetaObject::invokeMethod(
+            this, [this] { mnuOrdnerHinzufügen->trigger(); }, Qt::QueuedConnection);
+    }
+}
+
+void frmMain::EigentümerZeigen(std::string_view Name) {
+    frmEigentümer(Name, isVisible() ? this : nullptr).exec();
+}
+
+void frmMain::SuchfeldFokussieren() {
+    if (isVisible() && !isMinimized()) Suche->Fokussieren();
+}
+
+Fensterlage frmMain::LageLesen() {
+    const QRect Lage = isMaximized() || isMinimized() ? normalGeometry() : geometry();
+    return {false, Lage.x(), Lage.y(), Lage.width(), Lage.height(), isMaximized()};
+}
+
+void frmMain::Verbergen() {
+    if (Symbol->Vorhanden()) {
+        hide();
+    } else {
+        showMinimized();
+    }
+}
+
+void frmMain::Wiederherstellen() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
+void frmMain::SpaltenÜbernehmen() {
+    Programm->Ansicht.Spalten = lstSongs->SpaltenLesen(Programm->Ansicht.Spalten);
+}
+
+int frmMain::BeendenFragen(bool& Immer) {
+    frmBeenden Form(Symbol->Vorhanden(), isVisible() ? this : nullptr);
+    const int Antwort = Form.exec();
+    Immer = Form.Immer();
+    return Antwort;
+}
+
+}  // namespace liedwerk

@@ -1,0 +1,59 @@
+#include "ui/qt/funktionsleiste.h"
+
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace liedwerk {
+
+Funktionsleiste::Funktionsleiste(QWidget* Eltern) : QWidget(Eltern) {
+    setObjectName(u"fraFunktionen"_s);
+    Spalte = new QVBoxLayout(this);
+    Spalte->setContentsMargins(0, 0, 0, 0);
+    Spalte->setSpacing(2);
+    Spalte->addStretch(1);
+}
+
+void Funktionsleiste::GruppeHinzufügen(const QString& Titel, const QList<QAction*>& Aktionen) {
+    auto* const Gruppe = new QWidget(this);
+    auto* const Zeilen = new QVBoxLayout(Gruppe);
+    Zeilen->setContentsMargins(0, 0, 0, 12);
+    Zeilen->setSpacing(1);
+    auto* const Kopf = new QLabel(Titel, Gruppe);
+    QFont Schrift = Kopf->font();
+    Schrift.setBold(true);
+    Kopf->setFont(Schrift);
+    Kopf->setContentsMargins(7, 0, 0, 3);
+    Zeilen->addWidget(Kopf);
+    for (QAction* const Aktion : Aktionen) {
+        auto* const Knopf = new QToolButton(Gruppe);
+        // "mnuSpeichern" in the menu, "cmdSpeichern" here.
+        Knopf->setObjectName(u"cmd"_s + Aktion->objectName().mid(3));
+        Knopf->setDefaultAction(Aktion);
+        Knopf->setAccessibleName(Aktion->iconText());
+        Knopf->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        Knopf->setAutoRaise(true);
+        Knopf->setIconSize({18, 18});
+        Knopf->setFocusPolicy(Qt::TabFocus);
+        Knopf->setCursor(Qt::PointingHandCursor);
+        Knopf->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        Knopf->setMinimumHeight(Knopf->fontMetrics().height() + 12);
+        Zeilen->addWidget(Knopf);
+        const auto Nachführen = [Aktion, Knopf, Gruppe, Aktionen] {
+            // Some room between symbol and text; the button has just taken the bare text over again.
+            Knopf->setText(u"  "_s + Aktion->iconText());
+            Knopf->setVisible(Aktion->isEnabled());
+            Gruppe->setVisible(std::any_of(Aktionen.begin(), Aktionen.end(),
+                                           [](const QAction* Eine) { return Eine->isEnabled(); }));
+        };
+        connect(Aktion, &QAction::changed, Knopf, Nachführen);
+        Nachführen();
+    }
+    Spalte->insertWidget(Spalte->count() - 1, Gruppe);
+}
+
+void Funktionsleiste::FußHinzufügen(QWidget* Fuß) {
+    Spalte->addWidget(Fuß);
+}
+
+}  // namespace liedwerk

@@ -1,0 +1,147 @@
+// The desktop program: puts ports, core and windows together and runs them.
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QSessionManager>
+#include <QSocketNotifier>
+#include <QTimer>
+#include <QTranslator>
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+
+#include "core/start.h"
+#include "plattform/endesignal.h"
+#include "plattform/linux/ordner.h"
+#include "plattform/linux/orte.h"
+#include "plattform/linux/uhr.h"
+#include "plattform/linux/wertdatei.h"
+#include "plattform/qt/laufwerke.h"
+#include "plattform/qt/medienauskunft.h"
+#include "ui/qt/fensteroberflaeche.h"
+#include "ui/qt/frmmain.h"
+#include "ui/qt/qttext.h"
+#include "ui/qt/uebersetzer.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using namespace liedwerk;
+
+constexpr const char* OhneAnzeige =
+    "Liedwerk: Es ist keine grafische Oberfläche erreichbar.\n"
+    "Starten Sie das Programm auf einem Desktop, oder verwenden Sie liedwerk-cli.\n";
+
+constexpr const char* Hilfetext =
+    "Aufruf: liedwerk [INDEXDATEI | ORDNER]\n"
+    "        liedwerk --dir ORDNER...\n"
+    "        liedwerk --tag DATEI...\n"
+    "\n"
+    "Ohne Namen wird der zuletzt verwendete Index geöffnet.\n"
+    "\n"
+    "  --dir      zeigt die Dateien der Ordner, ohne einen Index zu verwenden\n"
+    "  --tag      bearbeitet die TAGs der Dateien\n"
+    "  --         was folgt, ist ein Name\n"
+    "  --hilfe    zeigt diesen Text\n"
+    "  --version  zeigt die Version\n";
+
+std::vector<std::string> Argumente(int Anzahl, char** Werte) {
+    return {Werte + 1, Werte + Anzahl};
+}
+
+// Until the display has answered. Qt ends the process when none does; what it says then is no help to a
+// person.
+bool Verbindend = true;
+
+void QtMeldung(QtMsgType Art, const QMessageLogContext& Umfeld, const QString& Text) {
+    if (Verbindend) {
+        if (Art != QtFatalMsg) return;
+        std::fputs(OhneAnzeige, stderr);
+        std::_Exit(1);
+    }
+    std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(Art, Umfeld, Text)));
+}
+
+bool AnzeigeGenannt() {
+    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
+void DeutschEinrichten(QApplication& Qt) {
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    auto* const Grund = new Grundübersetzer(&Qt);
+    QCoreApplication::installTranslator(Grund);
+    auto* const Voll = new QTranslator(&Qt);
+    if (Voll->load(QLocale(), u"qtbase"_s, u"_"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QCoreApplication::installTranslator(Voll);
+    }
+}
+
+// The end as the session asks for it: by signal, or by the session manager.
+void SitzungsendeVerbinden(QApplication& Qt, frmMain& Fenster) {
+    const int Signale = EndesignaleAnnehmen();
+    if (Signale >= 0) {
+        auto* const Melder = new QSocketNotifier(Signale, QSocketNotifier::Read, &Qt);
+        QObject::connect(Melder, &QSocketNotifier::activated, &Fenster, [Melder, &Fenster] {
+            Melder->setEnabled(false);
+            Fenster.SitzungBeenden();
+        });
+    }
+    QObject::connect(
+        &Qt, &QGuiApplication::commitDataRequest, &Fenster,
+        [&Fenster](QSessionManager&) { Fenster.SitzungSichern(); }, Qt::DirectConnection);
+}
+
+int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
+    const Systemuhr Zeit;
+    const Systemlaufwerke Drives;
+    const Systemordnerleser Ordner;
+    const TaglibAuskunft Auskunft;
+    Wertdatei Nutzerwerte(Einstellungsdatei());
+    Wertdatei Rechnerwerte(Rechnereinstellungsdatei());
+    Fensteroberfläche Person;
+    frmMain Fenster;
+    Anwendung Programm(Dienste{Person, Fenster, Zeit, Drives, Ordner, &Auskunft, Nutzerwerte, &Rechnerwerte,
+                               Programmordner()});
+    Fenster.Anbinden(Programm);
+    Person.BesitzerSetzen(&Fenster);
+    Person.Status = [&](const QString& Text, int Dauer) { Fenster.StatusZeigen(Text, Dauer); };
+    Person.FortschrittErwünscht = [&] { return Programm.Werte.StartBildschirm == 1; };
+    Fenster.Drängen = [&] { Person.Drängen(); };
+    Fenster.Beendet = [] { QCoreApplication::exit(0); };
+    SitzungsendeVerbinden(Qt, Fenster);
+    QTimer::singleShot(0, &Fenster, [&] {
+        Main(Programm, Auftrag);
+        if (Programm.BeendenErbeten) QCoreApplication::exit(0);
+    });
+    return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int Anzahl, char** Werte) {
+    const Startauftrag Vorab = StartauftragLesen(Argumente(Anzahl, Werte));
+    if (Vorab.Hilfe) {
+        std::fputs(Hilfetext, stdout);
+        return 0;
+    }
+    if (Vorab.Version) {
+        std::printf("%s\n", ProgrammnameMitVersion().c_str());
+        return 0;
+    }
+    if (!AnzeigeGenannt()) {
+        std::fputs(OhneAnzeige, stderr);
+        return 1;
+    }
+    qInstallMessageHandler(QtMeldung);
+    QCoreApplication::setApplicationName(u"liedwerk"_s);
+    QGuiApplication::setApplicationDisplayName(QtText(Programmtitel));
+    QGuiApplication::setDesktopFileName(u"org.liedwerk.Liedwerk"_s);
+    QApplication Qt(Anzahl, Werte);
+    Verbindend = false;
+    // A window that is hidden in the tray is no reason to end.
+    QApplication::setQuitOnLastWindowClosed(false);
+    DeutschEinrichten(Qt);
+    // Qt has taken its own switches ("-style") out by now.
+    return FensterBetreiben(Qt, StartauftragLesen(Argumente(Anzahl, Werte)));
+}

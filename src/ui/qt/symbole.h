@@ -1,0 +1,21 @@
+// The program's own symbols: line drawings that take the text colour of the palette, light or dark.
+#pragma once
+
+#include <QIcon>
+#include <string_view>
+
+namespace liedwerk {
+
+// The symbol of daten/symbole of this name, drawn in the palette's text colour of the moment.
+QIcon Symbolbild(const char* Name);
+// The program's own coloured symbol.
+QIcon Programmsymbol();
+
+// Symbol of a file by its extension, and its name for people who do not see it.
+struct Dateisymbol {
+    QIcon Bild;
+    QString Name;
+};
+const Dateisymbol& DateisymbolVon(std::string_view Pfad);
+
+}  // namespace liedwerk

@@ -1,0 +1,4 @@
+// Precompiled: what nearly every form includes.
+#pragma once
+
+#include <QtWidgets>
