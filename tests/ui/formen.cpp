@@ -1,0 +1,230 @@
+// The small forms, the progress window, and what holds for every form.
+#include <QAccessible>
+#include <QElapsedTimer>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QSet>
+
+#include "tests/ui/fensterlauf.h"
+#include "ui/qt/fensteroberflaeche.h"
+#include "ui/qt/frmbeenden.h"
+#include "ui/qt/frmdateinichtverfuegbar.h"
+#include "ui/qt/frmhinweise.h"
+#include "ui/qt/frmindexhinzufuegen.h"
+#include "ui/qt/symbole.h"
+#include "ui/qt/uebersetzer.h"
+
+using namespace Qt::StringLiterals;
+
+namespace liedwerk::test {
+namespace {
+
+QString Mnemonik(const QString& Text) {
+    const QKeySequence Taste = QKeySequence::mnemonic(Text);
+    return Taste.isEmpty() ? QString() : Taste.toString();
+}
+
+// What a person who does not see the control would hear.
+bool HatNamen(const QWidget& Teil) {
+    const QAccessibleInterface* const Stimme =
+        QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&Teil));
+    return Stimme != nullptr && !Stimme->text(QAccessible::Name).isEmpty();
+}
+
+// Every control that takes input has a name for the program and one for people; no key of one level is
+// given twice.
+void FormPrüfen(QWidget& Form, const QSet<QString>& Doppelt = {}) {
+    SCOPED_TRACE(Form.objectName().toStdString());
+    QSet<QString> Tasten;
+    const auto Vergeben = [&](const QString& Text) {
+        const QString Taste = Mnemonik(Text);
+        if (Taste.isEmpty() || Doppelt.contains(Taste)) return;
+        EXPECT_FALSE(Tasten.contains(Taste)) << Taste.toStdString() << " twice: " << Text.toStdString();
+        Tasten.insert(Taste);
+    };
+    if (auto* const Hauptform = qobject_cast<QMainWindow*>(&Form)) {
+        for (const QAction* const Menü : Hauptform->menuBar()->actions())
+            Vergeben(Menü->text());
+    }
+    for (const QWidget* const Teil : Form.findChildren<QWidget*>()) {
+        // Parts that Qt builds into its own controls belong to them.
+        const bool Eigenes = !Teil->objectName().startsWith(u"qt_"_s) && Teil->focusPolicy() != Qt::NoFocus &&
+                             Teil->focusProxy() == nullptr && !qobject_cast<const QMenu*>(Teil) &&
+                             !Teil->objectName().isEmpty();
+        if (const auto* const Knopf = qobject_cast<const QPushButton*>(Teil)) Vergeben(Knopf->text());
+        if (const auto* const Haken = qobject_cast<const QCheckBox*>(Teil)) Vergeben(Haken->text());
+        if (const auto* const Zeile = qobject_cast<const QLabel*>(Teil); Zeile && Zeile->buddy())
+            Vergeben(Zeile->text());
+        EXPECT_TRUE(!Eigenes || HatNamen(*Teil)) << Teil->objectName().toStdString();
+        const bool Eingabe = qobject_cast<const QAbstractButton*>(Teil) ||
+                             qobject_cast<const QComboBox*>(Teil) ||
+                             qobject_cast<const QAbstractItemView*>(Teil);
+        const bool VonQt = Teil->metaObject()->className() == QByteArray("QLineEditIconButton") ||
+                           Teil->parent()->inherits("QComboBoxPrivateContainer") ||
+                           Teil->parent()->inherits("QToolBar") || Teil->objectName().startsWith(u"qt_"_s);
+        EXPECT_FALSE(Eingabe && !VonQt && Teil->objectName().isEmpty()) << Teil->metaObject()->className();
+    }
+    for (const QMenu* const Menü : Form.findChildren<QMenu*>()) {
+        QSet<QString> ImMenü;
+        for (const QAction* const Aktion : Menü->actions()) {
+            const QString Taste = Mnemonik(Aktion->text());
+            if (Taste.isEmpty()) continue;
+            EXPECT_FALSE(ImMenü.contains(Taste)) << Aktion->text().toStdString();
+            ImMenü.insert(Taste);
+        }
+    }
+}
+
+TEST(Formen, JedesSteuerelementHatNamenUndEigeneTaste) {
+    Umgebung Welt;
+    Lauf Eins(Welt);
+    Eins.OrdnerHinzufügen(Welt.Musikordner());
+    FormPrüfen(Eins.Fenster);
+    QSet<QKeySequence> Kürzel;
+    for (const QAction* const Aktion : Eins.Fenster.actions()) {
+        for (const QKeySequence& Tasten : Aktion->shortcuts()) {
+            EXPECT_FALSE(Kürzel.contains(Tasten)) << Tasten.toString().toStdString();
+            Kürzel.insert(Tasten);
+        }
+    }
+    frmBeenden Beenden(true, nullptr);
+    FormPrüfen(Beenden);
+    frmDateiNichtVerfügbar Fehlt({"Text", {}}, nullptr);
+    FormPrüfen(Fehlt, {u"Alt+A"_s});
+    frmIndexHinzufügen Hinzufügen(Eins.Programm.Index.Optionen.Dateitypen, nullptr);
+    FormPrüfen(Hinzufügen);
+    frmInfo Info("Liedwerk", nullptr);
+    FormPrüfen(Info);
+    frmWillkommen Willkommen("Liedwerk", nullptr);
+    FormPrüfen(Willkommen);
+    frmFortschritt Fortschritt(nullptr);
+    FormPrüfen(Fortschritt);
+}
+
+TEST(Formen, FehlenderDatenträgerWirdErkanntSobaldErDaIst) {
+    int Blicke = 0;
+    const Verfügbarkeitsfrage Frage{"Die Datei fehlt.", [&](std::string& Aktuell) {
+                                        Aktuell = ++Blicke == 1 ? "FALSCH" : "RICHTIG";
+                                        return Blicke == 2;
+                                    }};
+    frmDateiNichtVerfügbar Form(Frage, nullptr);
+    QTimer::singleShot(1500, &Form,
+                       [&] { EXPECT_EQ(Teil<QLabel>(Form, u"lblAktuell"_s).text(), u"FALSCH"_s); });
+    EXPECT_EQ(Form.exec(), 0);
+    EXPECT_EQ(Blicke, 2);
+
+    const std::pair<QString, Verfügbarkeitsantwort> Wege[] = {
+        {u"cmdÜberspringen"_s, Verfügbarkeitsantwort::Überspringen},
+        {u"cmdAbbrechen"_s, Verfügbarkeitsantwort::Abbrechen},
+        {u"cmdÜberspringenAlle"_s, Verfügbarkeitsantwort::AlleÜberspringen}};
+    for (const auto& [Knopf, Antwort] : Wege) {
+        Fensteroberfläche Person;
+        ImDialogKlicken(Knopf);
+        EXPECT_EQ(Person.DateiNichtVerfügbarZeigen({"Text", {}}), Antwort);
+    }
+}
+
+TEST(Formen, FragenAntwortenDeutschUndSchließenIstHarmlos) {
+    Fensteroberfläche Person;
+    const auto Drücken = [](Qt::Key Taste) {
+        QTimer::singleShot(0, qApp, [Taste] { QTest::keyClick(QApplication::activeModalWidget(), Taste); });
+    };
+    Drücken(Qt::Key_Return);
+    EXPECT_EQ(Person.JaNein(Symbol::Frage, "Wirklich?", Antwort::Nein), Antwort::Nein);
+    Drücken(Qt::Key_Return);
+    EXPECT_EQ(Person.JaNein(Symbol::Frage, "Wirklich?"), Antwort::Ja);
+    Drücken(Qt::Key_Escape);
+    EXPECT_EQ(Person.JaNein(Symbol::Frage, "Wirklich?"), Antwort::Nein);
+    Drücken(Qt::Key_Escape);
+    EXPECT_EQ(Person.Fragen(Symbol::Frage, "Speichern?", Knöpfe::JaNeinAbbrechen, Antwort::Ja),
+              Antwort::Abbrechen);
+    const Grundübersetzer Deutsch;
+    EXPECT_EQ(Deutsch.translate("QPlatformTheme", "Cancel", nullptr, -1), u"Abbrechen"_s);
+    EXPECT_TRUE(Deutsch.translate("QPlatformTheme", "Unknown text", nullptr, -1).isNull());
+}
+
+TEST(Formen, FortschrittKommtSpätUndLässtSichAbbrechen) {
+    Fensteroberfläche Person;
+    EXPECT_TRUE(Person.FortschrittZeigen("ohne Lauf", 1));
+    Person.FortschrittStarten("Füge hinzu", true, 1000);
+    QElapsedTimer Uhr;
+    Uhr.start();
+    while (Uhr.elapsed() < 200)
+        ASSERT_TRUE(Person.FortschrittZeigen("früh", 1));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    while (Uhr.elapsed() < 700)
+        Person.FortschrittZeigen("/ein/Pfad", 500);
+    QWidget* const Form = QApplication::activeModalWidget();
+    ASSERT_NE(Form, nullptr);
+    EXPECT_EQ(Teil<QProgressBar>(*Form, u"prgFortschritt"_s).value(), 500);
+    QTest::keyClick(Form, Qt::Key_Escape);
+    EXPECT_FALSE(Person.FortschrittZeigen("", 501));
+    Person.FortschrittSchließen();
+    EXPECT_FALSE(Person.FortschrittOffen());
+
+    // Where the person does not want to see it, it stays away.
+    Person.FortschrittErwünscht = [] { return false; };
+    Person.FortschrittStarten("Still", false, 0);
+    Uhr.start();
+    while (Uhr.elapsed() < 450)
+        Person.FortschrittZeigen("x", 1);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    Person.FortschrittSchließen();
+}
+
+TEST(Formen, RestzeitWirdErstGenanntWennSieSichSchätzenLässt) {
+    EXPECT_TRUE(Restzeit(0.5, 1000).isEmpty());
+    EXPECT_TRUE(Restzeit(0.001, 60000).isEmpty());
+    EXPECT_EQ(Restzeit(0.5, 20000), u"Noch etwa 25 Sekunden"_s);
+    EXPECT_EQ(Restzeit(0.1, 60000), u"Noch etwa 9 Minuten"_s);
+    EXPECT_EQ(Restzeit(0.99, 100000), u"Gleich fertig"_s);
+}
+
+TEST(Formen, DateifilterNenntWasVerwaltetWird) {
+    EXPECT_TRUE(DateifilterBilden({}).Hindernis.startsWith(
+        u"Sie können keine Dateien hinzufügen, da kein Dateityp eing"_s));
+    EXPECT_TRUE(DateifilterBilden({{"mp3=0", "110"}}).Hindernis.contains(u"freigegeben"_s));
+    const Dateifilter Filter = DateifilterBilden({{"mp3=1", "110"}, {"txt=0", "000"}, {"ogg=1", "010"}});
+    EXPECT_EQ(Filter.Unterstützte, u"Unterstützte Dateiformate (*.mp3 *.ogg)"_s);
+}
+
+TEST(Formen, AdresslistenErhaltenJedesByteEinesNamens) {
+    const std::vector<std::string> Pfade = {"/Musik/a b#c?.mp3", "/M\xfcsik/100%.mp3",
+                                            "/Müsik/\xf0\x9f\x8e\xb5.mp3"};
+    EXPECT_EQ(PfadeAusUriListe(UriListe(Pfade)), Pfade);
+    EXPECT_EQ(
+        PfadeAusUriListe("# Kommentar\r\nhttp://anderswo/x\r\nfile://rechner/a\r\nfile:/b%00c\r\nfile:/d"),
+        (std::vector<std::string>{"/a", "/d"}));
+}
+
+TEST(Formen, SymboleFolgenDerSchriftfarbe) {
+    const QPalette Vorher = QGuiApplication::palette();
+    const auto Hellstes = [] {
+        const QImage Bild = Symbolbild("ordner").pixmap(32, 32).toImage();
+        int Wert = 0;
+        for (int y = 0; y < Bild.height(); ++y) {
+            for (int x = 0; x < Bild.width(); ++x) {
+                if (qAlpha(Bild.pixel(x, y)) > 200) Wert = std::max(Wert, qGray(Bild.pixel(x, y)));
+            }
+        }
+        return Wert;
+    };
+    EXPECT_LT(Hellstes(), 80);
+    QPalette Dunkel = Vorher;
+    Dunkel.setColor(QPalette::WindowText, Qt::white);
+    QGuiApplication::setPalette(Dunkel);
+    EXPECT_GT(Hellstes(), 200);
+    QGuiApplication::setPalette(Vorher);
+}
+
+}  // namespace
+}  // namespace liedwerk::test
+
+int main(int Anzahl, char** Werte) {
+    testing::InitGoogleTest(&Anzahl, Werte);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+    const QApplication Qt(Anzahl, Werte);
+    QApplication::setQuitOnLastWindowClosed(false);
+    return RUN_ALL_TESTS();
+}
