@@ -1,6 +1,6 @@
 #include "plattform/qt/laufwerke.h"
 
-#include <unistd.h>
+#include <sys/stat.h>
 
 #include "basis/datei.h"
 #include "basis/pfad.h"
@@ -11,14 +11,19 @@ namespace {
 
 // A link that is bent while a run is on shows after this time.
 constexpr std::chrono::seconds Merkzeit(1);
+constexpr std::size_t HöchsteMerkzahl = 4096;
 
 bool HatLaufwerksbuchstaben(std::string_view Pfad) {
     return Pfad.size() >= 2 && Pfad[1] == ':';
 }
 
-bool IstLink(const std::string& Pfad) {
-    char Erstes = 0;
-    return ::readlink(Pfad.c_str(), &Erstes, 1) > 0;
+// True when a name lies on the same drive as the folder that holds it: for everything but folders, links, and
+// the places of removable media that are not there now.
+bool LiegtBeimOrdner(std::string_view Pfad) {
+    struct stat Angaben {};
+    if (::lstat(std::string(Pfad).c_str(), &Angaben) == 0)
+        return !S_ISDIR(Angaben.st_mode) && !S_ISLNK(Angaben.st_mode);
+    return Wechselort(Pfad) != MitTrenner(Pfad);
 }
 
 // The kind of a mount outside of the places for removable media, whose line does not tell.
@@ -31,25 +36,25 @@ Laufwerksart FesteArtPrüfen(const Einhängung& Eingehängt) {
 
 }  // namespace
 
-std::string Systemlaufwerke::Aufgelöst(std::string_view Pfad) const {
+// The drive on which the files of a folder lie. An operation over many files asks for neighbours.
+std::string Systemlaufwerke::OrdnerlaufwerkVon(std::string_view Ordner) const {
+    const auto& Einhängungen = Tabelle.Jetzt();
     const auto Jetzt = std::chrono::steady_clock::now();
-    const auto Oben = PfadVon(Pfad);
-    if (Oben != Ordner || Jetzt - OrdnerZeit > Merkzeit) {
-        Ordner = Oben;
-        OrdnerOhneLinks = LinksFolgen(Oben);
+    if (OrdnerStand != Tabelle.Stand() || Jetzt - OrdnerZeit > Merkzeit ||
+        Ordnerlaufwerke.size() > HöchsteMerkzahl) {
+        Ordnerlaufwerke.clear();
+        OrdnerStand = Tabelle.Stand();
         OrdnerZeit = Jetzt;
     }
-    std::string Ganz = PfadVerbinden(OrdnerOhneLinks, DateinameVon(Pfad));
-    return IstLink(Ganz) ? LinksFolgen(Ganz) : Ganz;
+    auto& Laufwerk = Ordnerlaufwerke[std::string(Ordner)];
+    if (Laufwerk.empty()) Laufwerk = liedwerk::LaufwerkVon(Einhängungen, LinksFolgen(Ordner));
+    return Laufwerk;
 }
 
 std::string Systemlaufwerke::LaufwerkVon(std::string_view Pfad) const {
     if (!IstPosixPfad(Pfad)) return std::string(HatLaufwerksbuchstaben(Pfad) ? Pfad.substr(0, 3) : "");
     const std::lock_guard Gesperrt(Riegel);
-    std::string Echt = Aufgelöst(Pfad);
-    // A file that lies directly in such a place is not a drive itself.
-    if (Wechselort(Echt).size() == Echt.size() + 1 && DateiExistiert(Echt)) Echt = PfadVon(Echt);
-    return liedwerk::LaufwerkVon(Tabelle.Jetzt(), Echt);
+    return OrdnerlaufwerkVon(LiegtBeimOrdner(Pfad) ? PfadVon(Pfad) : Pfad);
 }
 
 Laufwerksart Systemlaufwerke::Art(std::string_view Laufwerk) const {

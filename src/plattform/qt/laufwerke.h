@@ -4,6 +4,8 @@
 #include <chrono>
 #include <map>
 #include <mutex>
+#include <string>
+#include <unordered_map>
 
 #include "plattform/laufwerke.h"
 #include "plattform/linux/einhaengungstabelle.h"
@@ -22,13 +24,13 @@ class Systemlaufwerke final : public Laufwerke {
     bool Vorhanden(std::string_view Laufwerk) const override;
 
   private:
-    std::string Aufgelöst(std::string_view Pfad) const;
+    std::string OrdnerlaufwerkVon(std::string_view Ordner) const;
 
     mutable std::mutex Riegel;
     mutable Einhängungstabelle Tabelle;
-    // The folder resolved last: an operation over many files asks for neighbours.
-    mutable std::string Ordner;
-    mutable std::string OrdnerOhneLinks;
+    // Drives by folder, for one state of the table and not for long: links may be bent meanwhile.
+    mutable std::unordered_map<std::string, std::string> Ordnerlaufwerke;
+    mutable unsigned OrdnerStand = 0;
     mutable std::chrono::steady_clock::time_point OrdnerZeit;
     // Kinds that had to be asked for, valid for one state of the table.
     mutable std::map<std::string, Laufwerksart, std::less<>> Arten;
