@@ -13,28 +13,55 @@ unsigned ByteBei(std::string_view Bytes, std::size_t Stelle) {
     return static_cast<unsigned char>(Bytes[Stelle]);
 }
 
-// 0-based place of "ID3"; npos when absent. Compares whole blocks at once, which the compiler turns into
-// vector instructions: most files have no tag, and then all of the search range is looked at.
+// 0-based place of "ID3" at or behind Ab; npos when absent. Most files have no tag, and then all of the
+// search range is looked at: whole blocks are tested at once for the first two letters, in bytes, which the
+// compiler turns into vector instructions.
 std::size_t KennungSuchen(std::string_view Bytes, std::size_t Ab) {
-    constexpr std::size_t Block = 64;
-    for (; Ab + Block + 2 <= Bytes.size(); Ab += Block) {
+    constexpr std::size_t Block = 256;
+    for (; Ab + Block < Bytes.size(); Ab += Block) {
         const char* Stück = Bytes.data() + Ab;
-        int Treffer = 0;
+        unsigned char Treffer = 0;
         for (std::size_t Stelle = 0; Stelle < Block; ++Stelle) {
-            Treffer |= static_cast<int>(Stück[Stelle] == 'I') & static_cast<int>(Stück[Stelle + 1] == 'D') &
-                       static_cast<int>(Stück[Stelle + 2] == '3');
+            const auto Erster = static_cast<unsigned char>(Stück[Stelle] == Id3v2Kennung[0]);
+            const auto Zweiter = static_cast<unsigned char>(Stück[Stelle + 1] == Id3v2Kennung[1]);
+            Treffer = static_cast<unsigned char>(Treffer | (Erster & Zweiter));
         }
-        if (Treffer != 0) break;
+        if (Treffer == 0) continue;
+        // The third letter of a match that begins in the block lies up to two bytes behind it.
+        const std::size_t Fund = Bytes.substr(Ab, Block + 2).find(Id3v2Kennung);
+        if (Fund != std::string_view::npos) return Ab + Fund;
     }
     return Bytes.find(Id3v2Kennung, Ab);
 }
 
+// What is kept in memory of a file's beginning. A search range beyond is read in pieces of this length.
+constexpr std::uint64_t Vorrat = std::uint64_t{1} << 20;
+
 // Looks into the first bytes before all of the range is read: a tag is nearly always there.
-std::size_t TagSuchen(Dateianfang& Anfang, std::uint64_t Bereich) {
+std::optional<std::uint64_t> TagSuchen(Dateianfang& Anfang, std::uint64_t Bereich) {
     constexpr std::uint64_t ErstesStück = 4096;
-    const std::size_t Fund = KennungSuchen(Anfang.Bis(std::min(ErstesStück, Bereich)), 0);
-    if (Fund != std::string_view::npos || Bereich <= ErstesStück) return Fund;
-    return KennungSuchen(Anfang.Bis(Bereich), ErstesStück - Id3v2Kennung.size());
+    constexpr std::uint64_t Überlappung = Id3v2Kennung.size() - 1;
+    std::size_t Fund = KennungSuchen(Anfang.Bis(std::min(ErstesStück, Bereich)), 0);
+    if (Fund == std::string_view::npos && Bereich > ErstesStück) {
+        Fund = KennungSuchen(Anfang.Bis(std::min(Vorrat, Bereich)), ErstesStück - Überlappung);
+    }
+    if (Fund != std::string_view::npos) return Fund;
+    for (std::uint64_t Stelle = Vorrat; Stelle < Bereich; Stelle += Vorrat) {
+        const std::uint64_t Ab = Stelle - Überlappung;
+        const std::uint64_t Länge = std::min(Vorrat + Überlappung, Bereich - Ab);
+        Fund = KennungSuchen(Anfang.Quelle().Lesen(Ab, Länge), 0);
+        if (Fund != std::string_view::npos) return Ab + Fund;
+    }
+    return std::nullopt;
+}
+
+// The bytes at a place of the file, as far as it has them; Speicher holds those that lie far from its
+// beginning.
+std::string_view Ausschnitt(Dateianfang& Anfang, std::uint64_t Stelle, std::uint64_t Länge,
+                            std::string& Speicher) {
+    if (Stelle + Länge > Vorrat) return Speicher = Anfang.Quelle().Lesen(Stelle, Länge);
+    const std::string_view Bytes = Anfang.Bis(Stelle + Länge);
+    return Bytes.substr(std::min<std::uint64_t>(Stelle, Bytes.size()));
 }
 
 // What differs between the frames of version 2.2 and the later ones.
@@ -142,12 +169,13 @@ Id3v2Ergebnis Mp3TAGLesenV2(Dateianfang& Anfang, std::int64_t BytesSuchen, Daten
     const std::uint64_t Dateigröße = Anfang.Dateigröße();
     const std::uint64_t Bereich =
         BytesSuchen <= 0 ? Dateigröße : std::min(static_cast<std::uint64_t>(BytesSuchen), Dateigröße);
-    const std::size_t Fund = TagSuchen(Anfang, Bereich);
-    if (Fund == std::string_view::npos) return Id3v2Ergebnis::Gelesen;
+    const auto Fund = TagSuchen(Anfang, Bereich);
+    if (!Fund) return Id3v2Ergebnis::Gelesen;
 
     // The header counts only as far as the search range reaches.
-    const std::string_view Kopf =
-        Anfang.Bis(std::min<std::uint64_t>(Fund + Id3v2KopfLänge, Bereich)).substr(Fund);
+    std::string Speicher;
+    const std::uint64_t KopfLänge = std::min<std::uint64_t>(Id3v2KopfLänge, Bereich - *Fund);
+    const std::string_view Kopf = Ausschnitt(Anfang, *Fund, KopfLänge, Speicher);
     if (Kopf.size() <= Id3v2HauptversionStelle) return Id3v2Ergebnis::Abgebrochen;
     const unsigned Hauptversion = ByteBei(Kopf, Id3v2HauptversionStelle);
     if (Hauptversion < 2 || Hauptversion > 4) return Id3v2Ergebnis::Abgelehnt;
@@ -158,7 +186,7 @@ Id3v2Ergebnis Mp3TAGLesenV2(Dateianfang& Anfang, std::int64_t BytesSuchen, Daten
     const auto Größe = GrößenfeldLesen(Kopf.substr(Id3v2GrößeStelle));
     if (!Größe) return Id3v2Ergebnis::Abgelehnt;
     Satz.Id3v2Größe = *Größe + static_cast<std::int32_t>(Id3v2KopfLänge);
-    Satz.Id3v2Position = static_cast<std::int64_t>(Fund) + 1;
+    Satz.Id3v2Position = static_cast<std::int64_t>(*Fund) + 1;
 
     const bool Fuß = (Schalter & Id3v2SchalterFuß) != 0;
     if (Fuß) Satz.Id3v2Größe += static_cast<std::int32_t>(Id3v2FußLänge);
@@ -166,14 +194,15 @@ Id3v2Ergebnis Mp3TAGLesenV2(Dateianfang& Anfang, std::int64_t BytesSuchen, Daten
     std::size_t RahmenStelle = Id3v2KopfLänge;
     if ((Schalter & Id3v2SchalterErweitert) != 0) {
         // Kept: the size is read at the file's eleventh byte, wherever the tag begins.
-        const std::string_view Feld = Anfang.Bis(Id3v2KopfLänge + 4).substr(Id3v2KopfLänge);
+        const std::string_view Feld = Ausschnitt(Anfang, Id3v2KopfLänge, 4, Speicher);
         if (Feld.size() < 4) return Id3v2Ergebnis::Abgebrochen;
         const auto Erweiterung = GrößenfeldLesen(Feld);
         if (!Erweiterung) return Id3v2Ergebnis::Abgelehnt;
         Benutzt += *Erweiterung;
         RahmenStelle += static_cast<std::size_t>(*Erweiterung);
     }
-    const std::string_view Tag = Anfang.Bis(Fund + static_cast<std::uint64_t>(Satz.Id3v2Größe)).substr(Fund);
+    const std::string_view Tag =
+        Ausschnitt(Anfang, *Fund, static_cast<std::uint64_t>(Satz.Id3v2Größe), Speicher);
     RahmenLesen(Tag.substr(std::min(RahmenStelle, Tag.size())), Hauptversion == 2 ? Kurzform : Langform,
                 Benutzt, Satz);
     Satz.HatId3v2 = TagVorhanden;

@@ -146,7 +146,11 @@ TEST_F(Id3v2, SucheUndAblehnung) {
     EXPECT_EQ(Lesen(std::string(98, 'x') + Tag).HatId3v2, TagFehlt);
     EXPECT_EQ(Lesen(std::string(90, 'x') + Tag).V2Titel, "a");  // the tag itself may reach further
     Umgebung.TAGsBytesSuchen = 0;
-    EXPECT_EQ(Lesen(std::string(200000, 'x') + Tag).Id3v2Position, 200001);
+    for (const std::size_t Stelle : {200000U, 1048574U, 1048575U, 1048576U, 3000000U}) {
+        const Datensatz Satz = Lesen(std::string(Stelle, 'x') + Tag, "0100");
+        EXPECT_EQ(Satz.Id3v2Position, Stelle + 1);
+        EXPECT_EQ(Satz.V2Titel, "a");
+    }
     const Datensatz Alt{.Id3v2WeitereFelder = "x", .V2Titel = "alt", .V2Qualität = 3};
     for (const std::string& Inhalt : {"ID3\5\0\0\0\0\0\0"s, "ID3\3\0\0\1\0\0\0"s, "ID3\3"s, "ID3"s, ""s}) {
         const Datensatz Satz = Lesen(Inhalt, "0100", Alt);
