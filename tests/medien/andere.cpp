@@ -64,18 +64,13 @@ TEST_F(Ogg, KommentareWerdenGefundenUndBegrenzt) {
     EXPECT_EQ(Satz.Titelnummer, "3");
     EXPECT_EQ(Satz.Genre, 17);
     EXPECT_EQ(Satz.HatId3v1, TagVorhanden);
-    const Datensatz Fremd = Lesen(OggDatei({"ALBUM=Auch TITLE=Innen", "GENRE=Schuhplattler",
-                                            "TITLE=Gr\xF6\xDF"
-                                            "e"}),
-                                  "0010", {}, "a.ogg");
+    const Datensatz Fremd =
+        Lesen(OggDatei({"ALBUM=Auch TITLE=Innen", "GENRE=Schuhplattler", "ARTIST=" + AnsiText("Größe")}),
+              "0010", {}, "a.ogg");
     EXPECT_EQ(Fremd.Titel, "Innen");  // the first key in the block wins
+    EXPECT_EQ(Fremd.Interpret, "Größe");
     EXPECT_EQ(Fremd.Genre, KeinGenre);
     EXPECT_EQ(Fremd.V2Genre, "Schuhplattler");
-    EXPECT_EQ(Lesen(OggDatei({"ARTIST=Gr\xF6\xDF"
-                              "e"}),
-                    "0010", {}, "a.ogg")
-                  .Interpret,
-              "Größe");
 }
 
 TEST_F(Ogg, DieMarkeGiltNurGanzInEinemBlock) {
