@@ -60,7 +60,7 @@ Satznummer Reihum(Satznummer& Nummer) {
 void ZeileZerlegen(benchmark::State& Stand) {
     Satznummer Nummer = 0;
     Rohwerte Werte;
-    for (auto _ : Stand) {
+    while (Stand.KeepRunning()) {
         benchmark::DoNotOptimize(SatzzeileZerlegen(Probe().Sätze.PlatzVon(Reihum(Nummer)).Zeile, Werte));
     }
 }
@@ -68,7 +68,7 @@ BENCHMARK(ZeileZerlegen);
 
 void SatzLesen(benchmark::State& Stand) {
     Satznummer Nummer = 0;
-    for (auto _ : Stand)
+    while (Stand.KeepRunning())
         benchmark::DoNotOptimize(Probe().Sätze.Lesen(Reihum(Nummer)));
 }
 BENCHMARK(SatzLesen);
@@ -78,7 +78,7 @@ void SatzSetzen(benchmark::State& Stand) {
     werkzeug::Zufall Würfel(2);
     const Datensatz Satz = SatzBilden(Würfel);
     const Satznummer Nummer = Sätze.Anhängen("/musik/eins.mp3", Satz);
-    for (auto _ : Stand)
+    while (Stand.KeepRunning())
         Sätze.Setzen(Nummer, "/musik/eins.mp3", Satz);
 }
 BENCHMARK(SatzSetzen);
@@ -88,7 +88,7 @@ void Feldzugriff(benchmark::State& Stand, std::string_view Name) {
     Satznummer Nummer = 0;
     std::string Wert;
     Feldtyp Typ{};
-    for (auto _ : Stand) {
+    while (Stand.KeepRunning()) {
         benchmark::DoNotOptimize(
             FeldWert(Probe(), Reihum(Nummer), Feld, Wertform::Anzeigen, true, Wert, Typ));
     }
@@ -101,7 +101,7 @@ void TextFalten(benchmark::State& Stand) {
     const std::string Text =
         "Die Großen Öfen - Überfahrt im Nebel (Live) /home/anna/Musik/Folk/1999/Überfahrt.mp3";
     std::string Ziel;
-    for (auto _ : Stand) {
+    while (Stand.KeepRunning()) {
         Ziel.clear();
         FaltenAnhängen(Ziel, Text);
         benchmark::DoNotOptimize(Ziel.data());
@@ -112,13 +112,13 @@ BENCHMARK(TextFalten);
 
 void IndexwertHinUndHer(benchmark::State& Stand) {
     const std::string Text = "Überfahrt im Nebel";
-    for (auto _ : Stand)
+    while (Stand.KeepRunning())
         benchmark::DoNotOptimize(IndexwertLesen(IndexwertSchreiben(Text)));
 }
 BENCHMARK(IndexwertHinUndHer);
 
 void ZahlLesen(benchmark::State& Stand) {
-    for (auto _ : Stand)
+    while (Stand.KeepRunning())
         benchmark::DoNotOptimize(GanzzahlLesen<std::int32_t>("4196597"));
 }
 BENCHMARK(ZahlLesen);
@@ -126,7 +126,7 @@ BENCHMARK(ZahlLesen);
 void Textsuche(benchmark::State& Stand) {
     Suchpuffer Puffer;
     const Feldwahl Feld = FeldFinden(Standardsuche);
-    for (auto _ : Stand) {
+    while (Stand.KeepRunning()) {
         benchmark::DoNotOptimize(Puffer.Treffer(Probe(), Feld, false, "nebel", 1, Satzanzahl));
     }
     Stand.SetItemsProcessed(Stand.iterations() * Satzanzahl);
