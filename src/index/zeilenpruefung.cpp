@@ -11,6 +11,8 @@
 namespace liedwerk {
 namespace {
 
+constexpr std::size_t GenaueStellen = std::numeric_limits<double>::digits10;
+
 bool IstZiffer(char Zeichen) {
     return Zeichen >= '0' && Zeichen <= '9';
 }
@@ -57,6 +59,8 @@ bool IstZahlform(std::string_view Wert, const Wertprüfung& Prüfung) {
         !std::all_of(Ziffern.begin(), Ziffern.end(), IstZiffer)) {
         return false;
     }
+    // Longer numbers are rounded on the way through the numeric test; that is the patient way's business.
+    if (Ziffern.size() > GenaueStellen) return false;
     if (Ziffern.size() <= Prüfung.SichereStellen) return !Negativ || Prüfung.Kleinste < 0;
     std::int64_t Zahl = 0;
     const auto Gelesen = std::from_chars(Wert.data(), Wert.data() + Wert.size(), Zahl);
