@@ -171,6 +171,9 @@ Speicherwunsch SpeicherfrageStellen(Anwendung& Programm) {
 }
 
 bool FensterSchließen(Anwendung& Programm, Schließgrund Grund) {
+    // A run that is under way is cancelled first; only the session's end does not wait. What memory holds
+    // between two turns of the event loop is whole: a load is unchanged, an adding run has not committed yet.
+    if (Programm.LaufAktiv && Grund != Schließgrund::Betriebssystem) return false;
     SpaltenInIndex(Programm);
     const bool PersonWählt = Grund == Schließgrund::Person || Grund == Schließgrund::Programm;
     if (PersonWählt && !EndeGewählt(Programm)) return false;

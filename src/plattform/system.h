@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "plattform/laufwerke.h"
 #include "plattform/medienauskunft.h"
@@ -10,5 +11,7 @@ namespace liedwerk {
 
 std::unique_ptr<Laufwerke> SystemlaufwerkeÖffnen();
 std::unique_ptr<Medienauskunft> SystemauskunftÖffnen();
+// Name and version of the operating system and its kernel.
+std::string Systemtext();
 
 }  // namespace liedwerk

@@ -100,6 +100,11 @@ TEST_F(Lauftest, BeendenReaktionEntscheidet) {
         EXPECT_TRUE(Fenster.Gerufen(Fall.Ruf)) << Fall.Ruf;
         EXPECT_EQ(Gesichert(), Fall.Endet) << Fall.Ruf;
     }
+    P->LaufAktiv = true;
+    P->Werte.BeendenReaktion = 2;
+    EXPECT_FALSE(FensterSchließen(*P, Schließgrund::Person));  // a run is under way
+    EXPECT_TRUE(FensterSchließen(*P, Schließgrund::Betriebssystem));
+    P->LaufAktiv = false;
     Fenster.Immer = true;
     P->Werte.BeendenReaktion = 0;
     Fenster.Beendenantwort = 3;

@@ -1,5 +1,8 @@
 #include "plattform/system.h"
 
+#include <QString>
+#include <QSysInfo>
+
 #include "plattform/qt/laufwerke.h"
 #include "plattform/qt/medienauskunft.h"
 
@@ -11,6 +14,11 @@ std::unique_ptr<Laufwerke> SystemlaufwerkeÖffnen() {
 
 std::unique_ptr<Medienauskunft> SystemauskunftÖffnen() {
     return std::make_unique<TaglibAuskunft>();
+}
+
+std::string Systemtext() {
+    return (QSysInfo::prettyProductName() + ", " + QSysInfo::kernelType() + " " + QSysInfo::kernelVersion())
+        .toStdString();
 }
 
 }  // namespace liedwerk

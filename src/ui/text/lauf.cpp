@@ -46,7 +46,7 @@ struct Programmlauf::Welt {
           Nutzerwerte(EinstellungenDesLaufs(Global)),
           Rechnerwerte(Rechnereinstellungsdatei()),
           Programm(Dienste{Person, Fenster, *Zeit, *Drives, Ordner, Auskunft.get(), Nutzerwerte,
-                           &Rechnerwerte, OrdnerDesLaufs(Global)}) {}
+                           &Rechnerwerte, OrdnerDesLaufs(Global), "", Systemtext()}) {}
 
     std::unique_ptr<Uhr> Zeit;
     Textoberfläche Person;
