@@ -105,7 +105,7 @@ constexpr std::string_view Globalhilfe =
     "  --json                    das Ergebnis als ein JSON-Dokument\n"
     "  --still                   keine Fortschrittsanzeige\n"
     "  --hilfe, --version        auch hinter einem Befehl: dessen Hilfe\n"
-    "  --                     beendet die Optionen\n"
+    "  --                        beendet die Optionen\n"
     "\n"
     "Befehle:\n";
 
