@@ -29,6 +29,7 @@ bauen() {
         cat "$protokoll" >&2
         scheitern "Der Bau „$vorgabe“ ließ sich nicht einrichten (siehe oben)."
     }
-    (cd "$WURZEL" && cmake --build --preset "$vorgabe" -j "$KERNE" "${ziele[@]}" -- --quiet) ||
+    (cd "$WURZEL" && cmake --build --preset "$vorgabe" -j "$KERNE" "${ziele[@]}" -- --quiet) |
+        sed '/^ninja: no work to do/d' ||
         scheitern "Der Bau „$vorgabe“ ist fehlgeschlagen (siehe oben)."
 }
