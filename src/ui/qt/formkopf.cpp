@@ -52,6 +52,7 @@ QList<QPushButton*> KnöpfeHinzufügen(QVBoxLayout& Spalte, QDialog& Form, const
     for (const Formknopf& Einer : Liste) {
         auto* const Knopf = new QPushButton(Einer.Text, &Form);
         Knopf->setObjectName(Einer.Name);
+        Knopf->setMinimumHeight(Knopf->fontMetrics().height() + 14);
         QObject::connect(Knopf, &QPushButton::clicked, &Form,
                          [&Form, Nummer = Einer.Nummer] { Form.done(Nummer); });
         Fuß->addWidget(Knopf);

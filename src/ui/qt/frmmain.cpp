@@ -220,7 +220,7 @@ QWidget* frmMain::ListenbereichAnlegen() {
     fraLeer->setObjectName(u"fraLeer"_s);
     auto* const Mitte = new QVBoxLayout(fraLeer);
     auto* const lblBild = new QLabel(fraLeer);
-    lblBild->setPixmap(Symbolbild("sammlung").pixmap(QSize(72, 72), devicePixelRatioF()));
+    lblBild->setPixmap(Symbolbild("sammlung").pixmap(QSize(72, 72), devicePixelRatioF(), QIcon::Disabled));
     auto* const lblLeerTitel = new QLabel(u"Hier erscheint Ihre Sammlung"_s, fraLeer);
     QFont Schrift = lblLeerTitel->font();
     Schrift.setPointSizeF(Schrift.pointSizeF() * 1.5);
@@ -228,9 +228,11 @@ QWidget* frmMain::ListenbereichAnlegen() {
     auto* const lblLeerText =
         new QLabel(u"Fügen Sie einen Ordner mit Mediendateien hinzu oder ziehen Sie ihn hierher."_s, fraLeer);
     auto* const cmdLeerOrdnerHinzufügen =
-        new QPushButton(Symbolbild("ordner-hinzufuegen"), u"Ordner hinzufügen..."_s, fraLeer);
+        new QPushButton(Symbolbild("ordner-hinzufuegen"), u"  Ordner hinzufügen..."_s, fraLeer);
     cmdLeerOrdnerHinzufügen->setObjectName(u"cmdLeerOrdnerHinzufügen"_s);
-    cmdLeerOrdnerHinzufügen->setMinimumHeight(fontMetrics().height() + 18);
+    cmdLeerOrdnerHinzufügen->setAccessibleName(u"Ordner hinzufügen"_s);
+    cmdLeerOrdnerHinzufügen->setMinimumSize(fontMetrics().averageCharWidth() * 32,
+                                            fontMetrics().height() + 18);
     cmdLeerOrdnerHinzufügen->setAutoDefault(true);
     connect(cmdLeerOrdnerHinzufügen, &QPushButton::clicked, mnuOrdnerHinzufügen, &QAction::trigger);
     Mitte->addStretch(2);

@@ -25,6 +25,18 @@ class Zeilenzeichner final : public QStyledItemDelegate {
     QSize sizeHint(const QStyleOptionViewItem& Vorgabe, const QModelIndex& Zelle) const override {
         return {QStyledItemDelegate::sizeHint(Vorgabe, Zelle).width(), Vorgabe.fontMetrics.height() + 9};
     }
+    // Numbers stand at the right edge; without some room they would run into the next column.
+    void paint(QPainter* Maler, const QStyleOptionViewItem& Vorgabe,
+               const QModelIndex& Zelle) const override {
+        QStyleOptionViewItem Stil = Vorgabe;
+        initStyleOption(&Stil, Zelle);
+        const QWidget* const Liste = Vorgabe.widget;
+        if (Stil.displayAlignment & Qt::AlignRight) {
+            Liste->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &Stil, Maler, Liste);
+            Stil.rect.adjust(0, 0, -7, 0);
+        }
+        Liste->style()->drawControl(QStyle::CE_ItemViewItem, &Stil, Maler, Liste);
+    }
 };
 
 }  // namespace

@@ -7,7 +7,8 @@
 #include <QTranslator>
 #include <cstdio>
 #include <cstdlib>
-#include <optional>
+#include <filesystem>
+#include <memory>
 
 #include "core/start.h"
 #include "plattform/endesignal.h"
@@ -15,8 +16,7 @@
 #include "plattform/linux/orte.h"
 #include "plattform/linux/uhr.h"
 #include "plattform/linux/wertdatei.h"
-#include "plattform/qt/laufwerke.h"
-#include "plattform/qt/medienauskunft.h"
+#include "plattform/system.h"
 #include "ui/qt/fensteroberflaeche.h"
 #include "ui/qt/frmmain.h"
 #include "ui/qt/qttext.h"
@@ -44,6 +44,15 @@ constexpr const char* Hilfetext =
     "  --         was folgt, ist ein Name\n"
     "  --hilfe    zeigt diesen Text\n"
     "  --version  zeigt die Version\n";
+
+// The names as full paths: the person gave them as seen from the folder in which the program was started.
+Startauftrag MitVollenPfaden(Startauftrag Auftrag) {
+    std::error_code Fehler;
+    const std::string Arbeitsordner = std::filesystem::current_path(Fehler).string();
+    for (std::string& Name : Auftrag.Namen)
+        Name = VollerPfad(Name, Arbeitsordner);
+    return Auftrag;
+}
 
 std::vector<std::string> Argumente(int Anzahl, char** Werte) {
     return {Werte + 1, Werte + Anzahl};
@@ -94,15 +103,15 @@ void SitzungsendeVerbinden(QApplication& Qt, frmMain& Fenster) {
 
 int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     const Systemuhr Zeit;
-    const Systemlaufwerke Drives;
+    const std::unique_ptr<Laufwerke> Drives = SystemlaufwerkeÖffnen();
     const Systemordnerleser Ordner;
-    const TaglibAuskunft Auskunft;
+    const std::unique_ptr<Medienauskunft> Auskunft = SystemauskunftÖffnen();
     Wertdatei Nutzerwerte(Einstellungsdatei());
     Wertdatei Rechnerwerte(Rechnereinstellungsdatei());
     Fensteroberfläche Person;
     frmMain Fenster;
-    Anwendung Programm(Dienste{Person, Fenster, Zeit, Drives, Ordner, &Auskunft, Nutzerwerte, &Rechnerwerte,
-                               Programmordner()});
+    Anwendung Programm(Dienste{Person, Fenster, Zeit, *Drives, Ordner, Auskunft.get(), Nutzerwerte,
+                               &Rechnerwerte, Programmordner()});
     Fenster.Anbinden(Programm);
     Person.BesitzerSetzen(&Fenster);
     Person.Status = [&](const QString& Text, int Dauer) { Fenster.StatusZeigen(Text, Dauer); };
@@ -111,6 +120,12 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     Fenster.Beendet = [] { QCoreApplication::exit(0); };
     SitzungsendeVerbinden(Qt, Fenster);
     QTimer::singleShot(0, &Fenster, [&] {
+        if (!Nutzerwerte.Lesefehler().empty()) {
+            Person.Melden(Symbol::Ausrufezeichen, "Die Einstellungen in '" + Einstellungsdatei() +
+                                                      "' konnten nicht gelesen werden; es gelten die "
+                                                      "Vorgaben.\n" +
+                                                      Nutzerwerte.Lesefehler());
+        }
         Main(Programm, Auftrag);
         if (Programm.BeendenErbeten) QCoreApplication::exit(0);
     });
@@ -143,5 +158,5 @@ int main(int Anzahl, char** Werte) {
     QApplication::setQuitOnLastWindowClosed(false);
     DeutschEinrichten(Qt);
     // Qt has taken its own switches ("-style") out by now.
-    return FensterBetreiben(Qt, StartauftragLesen(Argumente(Anzahl, Werte)));
+    return FensterBetreiben(Qt, MitVollenPfaden(StartauftragLesen(Argumente(Anzahl, Werte))));
 }

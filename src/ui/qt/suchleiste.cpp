@@ -27,6 +27,8 @@ Suchfeld::Suchfeld(QWidget* Eltern) : QComboBox(Eltern) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     lineEdit()->setPlaceholderText(u"Suchbegriff eingeben"_s);
     lineEdit()->setAccessibleName(u"Suchbegriff"_s);
+    QEvent Farbwechsel(QEvent::PaletteChange);
+    changeEvent(&Farbwechsel);
     lineEdit()->addAction(Symbolbild("suchen"), QLineEdit::LeadingPosition);
 }
 
@@ -51,7 +53,15 @@ void Suchfeld::resizeEvent(QResizeEvent* Ereignis) {
 
 void Suchfeld::changeEvent(QEvent* Ereignis) {
     QComboBox::changeEvent(Ereignis);
-    if (lineEdit() != nullptr) EingabeAusrichten();
+    if (lineEdit() == nullptr) return;
+    EingabeAusrichten();
+    if (Ereignis->type() != QEvent::PaletteChange) return;
+    // Some desktops hand over a dark palette whose hint colour was made for a light one.
+    QPalette Farben = palette();
+    QColor Hinweis = Farben.color(QPalette::Text);
+    Hinweis.setAlpha(165);
+    Farben.setColor(QPalette::PlaceholderText, Hinweis);
+    lineEdit()->setPalette(Farben);
 }
 
 void Suchfeld::paintEvent(QPaintEvent* Ereignis) {
