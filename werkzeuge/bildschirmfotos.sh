@@ -26,7 +26,7 @@ export LIEDWERK_ORDNER="$arbeit/programm"
 mkdir -p "$XDG_CONFIG_HOME/liedwerk" "$LIEDWERK_ORDNER" "$XDG_RUNTIME_DIR"
 chmod 700 "$XDG_RUNTIME_DIR"
 index="$LIEDWERK_ORDNER/lwStamm.lwi"
-printf '#TAG:lw10\r\n#OPT:SPALTEN=5=2900=1,4=2500=2,6=2100=3,7=800=4,13=900=5,9=1500=6\r\n' >"$index"
+printf '#TAG:lw10\r\n#OPT:SPALTEN=5=2900=1,4=2500=2,6=2100=3,7=800=4,13=900=5,9=1500=6,3=0=0\r\n' >"$index"
 "$bau/src/ui/text/liedwerk-cli" --index "$index" --still --setze Mp3TagLesen=111 hinzufuegen "$musik" >/dev/null
 bereit() { printf 'Start=100\nTippsAktueller=0\n%s' "${1:-}" >"$XDG_CONFIG_HOME/liedwerk/einstellungen.ini"; }
 
@@ -51,8 +51,8 @@ waehlen='xdotool key Down; sleep 0.3; xdotool key Down Down'
 
 bereit "$gross"
 foto hauptfenster 1280x800 "$waehlen"
-foto suche 1280x800 'xdotool type --delay 60 "berg"; sleep 1.5'
-foto nichtsgefunden 1280x800 'xdotool type --delay 60 "berk"; sleep 1.5'
+foto suche 1280x800 'xdotool type --delay 60 "montag"; sleep 1.5'
+foto nichtsgefunden 1280x800 'xdotool type --delay 60 "montak"; sleep 1.5'
 foto hinzufuegen 1280x800 'xdotool key ctrl+n'
 foto info 1280x800 'xdotool key F1'
 foto beenden 1280x800 'xdotool key ctrl+q'
