@@ -1,8 +1,9 @@
 // The border between the bytes of a file and text in memory.
 //
 // A file's single-byte text is Windows-1252 on every platform; text in memory is UTF-8. The five bytes that
-// Windows-1252 leaves free (81, 8D, 8F, 90, 9D hex) stand for U+0081, U+008D, U+008F, U+0090 and U+009D, so that
-// every byte survives the way in and out. Whoever counts characters of a file counts bytes, before conversion.
+// Windows-1252 leaves free (81, 8D, 8F, 90, 9D hex) stand for U+0081, U+008D, U+008F, U+0090 and U+009D, so
+// that every byte survives the way in and out. Whoever counts characters of a file counts bytes, before
+// conversion.
 #pragma once
 
 #include <optional>

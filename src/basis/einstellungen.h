@@ -1,7 +1,9 @@
-// The settings of the user: one plain struct and the one table that names every value, its kind and its default.
+// The settings of the user: one plain struct and the one table that names every value, its kind and its
+// default.
 //
-// The struct, the store (core/einstellungsspeicher), "--setze" of the command line and the tests all come from the
-// table, in its order. Check-box values are compared with 1 exactly, the "...Leer" flags with "not 0".
+// The struct, the store (core/einstellungsspeicher), "--setze" of the command line and the tests all come
+// from the table, in its order. Check-box values are compared with 1 exactly, the "...Leer" flags with "not
+// 0".
 #pragma once
 
 #include <cstdint>

@@ -1,7 +1,8 @@
 // The port to the person: messages, questions, progress, and one turn of the event loop.
 //
-// All texts are German and final; an implementation shows them and adds nothing but its own frame. The window's and
-// the command line's implementations stand in ui/, the scripted one of the tests in plattform/speicher.
+// All texts are German and final; an implementation shows them and adds nothing but its own frame. The
+// window's and the command line's implementations stand in ui/, the scripted one of the tests in
+// plattform/speicher.
 #pragma once
 
 #include <cstdint>
@@ -44,11 +45,12 @@ class Oberfläche {
     // frmDateiNichtVerfügbar, modal.
     virtual Verfügbarkeitsantwort DateiNichtVerfügbarZeigen(const Verfügbarkeitsfrage& Frage) = 0;
 
-    // Fortschritt, the one modal progress window. Starting while it is open changes its title and bound. Höchstens is
-    // ignored without percentage. The window appears after 300 ms at the earliest.
+    // Fortschritt, the one modal progress window. Starting while it is open changes its title and bound.
+    // Höchstens is ignored without percentage. The window appears after 300 ms at the earliest.
     virtual void FortschrittStarten(std::string_view Titel, bool MitProzent, std::int64_t Höchstens) = 0;
-    // Sets text (an empty one keeps the old) and position, gives the event loop a turn, and is false when the person
-    // has cancelled. True as well when no progress is open. Cheap enough for every record: it throttles itself.
+    // Sets text (an empty one keeps the old) and position, gives the event loop a turn, and is false when the
+    // person has cancelled. True as well when no progress is open. Cheap enough for every record: it
+    // throttles itself.
     virtual bool FortschrittZeigen(std::string_view Text, std::int64_t Position) = 0;
     virtual void FortschrittSchließen() = 0;
     virtual bool FortschrittOffen() const = 0;

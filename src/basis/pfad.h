@@ -1,9 +1,9 @@
 // Paths and their parts. A path is its bytes.
 //
-// A path that begins with "/" is a POSIX path with the separator "/"; its bytes are the system's own. Any other path
-// is a Windows path with the separator "\" (drive letter or UNC). Every helper follows the style of the path in hand,
-// so that an index from another system can be searched, sorted and shown here. A folder's name has no separator at
-// its end, except a root.
+// A path that begins with "/" is a POSIX path with the separator "/"; its bytes are the system's own. Any
+// other path is a Windows path with the separator "\" (drive letter or UNC). Every helper follows the style
+// of the path in hand, so that an index from another system can be searched, sorted and shown here. A
+// folder's name has no separator at its end, except a root.
 #pragma once
 
 #include <cstdint>

@@ -18,6 +18,8 @@ class Protokoll {
 };
 
 // "dd.mm.yyyy hh:nn:ss", the stamp with which many log lines end.
-inline std::string Zeitstempel(const Uhr& Zeit) { return DatumZeitText(Zeit.Jetzt()); }
+inline std::string Zeitstempel(const Uhr& Zeit) {
+    return DatumZeitText(Zeit.Jetzt());
+}
 
 }  // namespace liedwerk

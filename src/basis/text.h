@@ -1,7 +1,8 @@
 // UTF-8 text: walking, case, comparing, cutting.
 //
-// Comparison "without regard to case" folds Unicode simple case for Latin, Greek and Cyrillic letters and leaves
-// every other character as it is. Bytes that are no valid UTF-8 (POSIX paths may hold any) stand for themselves.
+// Comparison "without regard to case" folds Unicode simple case for Latin, Greek and Cyrillic letters and
+// leaves every other character as it is. Bytes that are no valid UTF-8 (POSIX paths may hold any) stand for
+// themselves.
 #pragma once
 
 #include <cstddef>
@@ -11,8 +12,8 @@
 
 namespace liedwerk {
 
-// One code point taken from Text at Stelle (0-based byte offset, moved behind it). A byte that starts no valid
-// UTF-8 sequence gives 0xDC00 + byte, which no valid text can hold.
+// One code point taken from Text at Stelle (0-based byte offset, moved behind it). A byte that starts no
+// valid UTF-8 sequence gives 0xDC00 + byte, which no valid text can hold.
 char32_t ZeichenLesen(std::string_view Text, std::size_t& Stelle);
 
 // Appends a code point as UTF-8; 0xDC80 to 0xDCFF, the broken bytes of ZeichenLesen, come back as that byte.

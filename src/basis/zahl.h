@@ -15,10 +15,12 @@ namespace liedwerk {
 std::optional<double> Zahl(std::string_view Text);
 
 // True when Zahl gives a value.
-inline bool IstNumerisch(std::string_view Text) { return Zahl(Text).has_value(); }
+inline bool IstNumerisch(std::string_view Text) {
+    return Zahl(Text).has_value();
+}
 
-// The number rounded to the nearest integer, an exact half to the even neighbour; nothing when it is no number or
-// lies outside of the type's range.
+// The number rounded to the nearest integer, an exact half to the even neighbour; nothing when it is no
+// number or lies outside of the type's range.
 template <class Ganzzahl>
 std::optional<Ganzzahl> Gerundet(double Wert) {
     const double Rund = std::nearbyint(Wert);
