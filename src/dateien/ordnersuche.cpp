@@ -17,6 +17,7 @@ struct Suchlauf {
     Oberfläche* Person;
     std::vector<std::string>& FundListe;
     std::set<std::pair<std::uint64_t, std::uint64_t>> Besucht;
+    std::vector<std::pair<std::string, Ordnereintrag>> Verweise;  // links to folders, each with its folder
 
     bool Weiter(const std::string& Ordner) {
         return Person == nullptr || Person->FortschrittZeigen(Ordner, 0);
@@ -40,7 +41,11 @@ struct Suchlauf {
         Leser.Auflisten(Ordner, [&](const Ordnereintrag& Eintrag) {
             if (Eintrag.IstOrdner) {
                 if (Suche.OrdnerAuflisten) FundListe.push_back(Ordner + Eintrag.Name);
-                if (Suche.Unterordner) Unterordner.push_back(Eintrag);
+                if (Suche.Unterordner && Eintrag.IstVerweis) {
+                    Verweise.emplace_back(Ordner, Eintrag);
+                } else if (Suche.Unterordner) {
+                    Unterordner.push_back(Eintrag);
+                }
             } else if (Gesucht(Eintrag.Name)) {
                 FundListe.push_back(Ordner + Eintrag.Name);
             }
@@ -48,9 +53,21 @@ struct Suchlauf {
             return Fortsetzen;
         });
         if (!Fortsetzen) return false;
-        for (const auto& Eintrag : Unterordner) {
-            if (!Weiter(Ordner)) return false;
-            if (Erstmals(Eintrag) && !Durchsuchen(Ordner + Eintrag.Name + Trenner(Ordner))) return false;
+        return std::all_of(Unterordner.begin(), Unterordner.end(),
+                           [&](const Ordnereintrag& Eintrag) { return Absteigen(Ordner, Eintrag); });
+    }
+
+    bool Absteigen(const std::string& Ordner, const Ordnereintrag& Eintrag) {
+        if (!Weiter(Ordner)) return false;
+        return !Erstmals(Eintrag) || Durchsuchen(Ordner + Eintrag.Name + Trenner(Ordner));
+    }
+
+    // Links to folders come last: a folder that has a place of its own in the walk is found there, whatever
+    // the order of the listing, and a second walk finds its files under the same names.
+    bool VerweisenFolgen() {
+        for (std::size_t i = 0; i < Verweise.size(); ++i) {
+            const auto [Ordner, Eintrag] = Verweise[i];  // a copy: further links may come in
+            if (!Absteigen(Ordner, Eintrag)) return false;
         }
         return true;
     }
@@ -60,9 +77,9 @@ struct Suchlauf {
 
 bool DateienSuchenAPI(const Ordnerleser& Leser, std::string_view Ordner, const Ordnersuche& Suche,
                       Oberfläche* Person, std::vector<std::string>& FundListe) {
-    Suchlauf Lauf{Leser, Suche, Person, FundListe, {}};
+    Suchlauf Lauf{Leser, Suche, Person, FundListe, {}, {}};
     if (const auto Stand = DateistandLesen(Ordner)) Lauf.Besucht.emplace(Stand->Gerät, Stand->Inode);
-    return Lauf.Durchsuchen(MitTrenner(Ordner));
+    return Lauf.Durchsuchen(MitTrenner(Ordner)) && Lauf.VerweisenFolgen();
 }
 
 }  // namespace liedwerk

@@ -9,8 +9,9 @@
 namespace liedwerk {
 
 struct Ordnereintrag {
-    std::string Name;        // the system's bytes; never "." or ".."
-    bool IstOrdner = false;  // links followed
+    std::string Name;         // the system's bytes; never "." or ".."
+    bool IstOrdner = false;   // links followed
+    bool IstVerweis = false;  // a link leads there
     // Identity of a folder, so that a walk visits none twice.
     std::uint64_t Gerät = 0;
     std::uint64_t Inode = 0;

@@ -18,6 +18,13 @@ bool IstPunktname(std::string_view Name) {
     return Name == "." || Name == "..";
 }
 
+// True for a symbolic link.
+bool IstVerweis(int Ordner, const dirent& Roh) {
+    if (Roh.d_type != DT_UNKNOWN) return Roh.d_type == DT_LNK;
+    struct stat Angaben {};
+    return ::fstatat(Ordner, Roh.d_name, &Angaben, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(Angaben.st_mode);
+}
+
 // Fills the kind of an entry. False for what is neither file nor folder, links followed.
 bool ArtLesen(int Ordner, const dirent& Roh, Ordnereintrag& Eintrag) {
     // A plain file is told by the listing itself; only links, folders (for their identity) and file systems
@@ -33,6 +40,7 @@ bool ArtLesen(int Ordner, const dirent& Roh, Ordnereintrag& Eintrag) {
     }
     if (!S_ISDIR(Angaben.st_mode)) return S_ISREG(Angaben.st_mode);
     Eintrag.IstOrdner = true;
+    Eintrag.IstVerweis = IstVerweis(Ordner, Roh);
     Eintrag.Gerät = Angaben.st_dev;
     Eintrag.Inode = Angaben.st_ino;
     return true;
