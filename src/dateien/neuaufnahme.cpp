@@ -22,6 +22,12 @@ unsigned Fadenzahl(std::size_t Dateien) {
         std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, std::min(Höchstens, Dateien + 1)));
 }
 
+// What the walk over a folder takes for a file too: nothing can be read from a pipe or a device.
+bool IstGewöhnlicheDatei(std::string_view Pfad) {
+    const auto Stand = DateistandLesen(Pfad);
+    return Stand && Stand->IstDatei;
+}
+
 // A log line that stays one line.
 std::string Einzeilig(std::string_view Text) {
     return Ersetzen(Ersetzen(Text, "\r", "\\r"), "\n", "\\n");
@@ -81,7 +87,7 @@ Neuaufnahme::Plan Neuaufnahme::Planen(const std::string& Pfad, const Aufnahmereg
     Neu.Zeigen =
         IstOrdner || DateiTypErlaubt(Umgebung.Index.Optionen.Dateitypen, Pfad, false, false, false, true);
     if (!Neu.Zeigen) return Neu;
-    const bool Fehlt = Regel.ErstVorhanden && Regel.KeineDoppelten && !DateiExistiert(Pfad);
+    const bool Fehlt = Regel.ErstVorhanden && !IstGewöhnlicheDatei(Pfad);
     if (Fehlt || HatZeilenende(Pfad)) return Neu;
     if (Regel.KeineDoppelten) Neu.Treffer = DoppelterSatz(Pfad);
     Neu.Art = Neu.Treffer != 0 ? Schritt::Doppelt : Schritt::Lesen;

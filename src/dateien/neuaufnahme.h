@@ -22,7 +22,7 @@ namespace liedwerk {
 struct Aufnahmeregel {
     bool KeineDoppelten = false;
     bool OrdnerErlaubt = false;     // a folder is an entry, whatever the file types say
-    bool ErstVorhanden = false;     // a missing file is passed over before it can count as a duplicate
+    bool ErstVorhanden = false;     // what is no file (missing, a pipe) is passed over and no duplicate
     bool ZweimalZeigen = false;     // progress only for paths of a managed type, before and behind the test
     std::string_view NichtBeiText;  // paths whose file name contains it are passed over
 };

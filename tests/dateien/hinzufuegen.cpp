@@ -7,6 +7,7 @@
 #include <mutex>
 #include <set>
 #include <stdexcept>
+#include <sys/stat.h>
 #include <thread>
 
 #include "basis/pfad.h"
@@ -231,15 +232,17 @@ TEST_F(Hinzufügeprobe, DerDateimanagerZeigtOrdnerUndDenÜbergeordnetenUngezähl
 TEST_F(Hinzufügeprobe, EinzelneDateienInIhrerReihenfolgeOhneFehlendeUndOrdner) {
     const auto A = Ordner.Datei("a.mp3");
     const auto B = Ordner.Datei("b.mp3");
+    const auto Rohr = Ordner.In("rohr.mp3");
+    ASSERT_EQ(mkfifo(Rohr.c_str(), 0600), 0);
     const std::vector<std::string> Dateien = {
-        B, Ordner.In("fehlt.mp3"), Ordner.Pfad, Ordner.Datei("c.txt"), A, B};
+        B, Ordner.In("fehlt.mp3"), Ordner.Pfad, Ordner.Datei("c.txt"), Rohr, A, B};
     const auto Ergebnis = EinfachDateiHinzufügen(Umgebung(), Dateien, true);
     EXPECT_TRUE(Ergebnis.Gelungen);
     ASSERT_EQ(Index.IndexAnzahl(), 3) << "a path given twice in one run is added twice";
     EXPECT_EQ(Index.Sätze.Pfad(1), B);
     EXPECT_EQ(Index.Sätze.Pfad(2), A);
     EXPECT_EQ(Person.Titel, std::vector<std::string>{"Füge Dateien hinzu"});
-    EXPECT_EQ(Person.Zeigungen, 6);
+    EXPECT_EQ(Person.Zeigungen, 7);
     Index.IndexGeändert = false;
     std::filesystem::remove(A);
     EXPECT_EQ(EinfachDateiHinzufügen(Umgebung(), {A}, true).Anzahl, 0);
