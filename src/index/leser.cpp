@@ -1,7 +1,9 @@
 #include "index/leser.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <new>
+#include <optional>
 
 #include "basis/pfad.h"
 #include "basis/text.h"
@@ -23,6 +25,8 @@ constexpr int WegTagEditor = 2;
 
 // Number of the error "out of memory", as the log shows it.
 constexpr int SpeicherFehlt = 7;
+
+const Dateifehler NichtGanzLesbar{EIO, "Die Datei kann nicht ganz gelesen werden"};
 
 // One load with what all its steps need.
 struct Ladevorgang {
@@ -83,12 +87,24 @@ void NachSicherungenSehen(const Ladevorgang& Lauf) {
             "Indexdatei wird jetzt neu erstellt.");
 }
 
+// Whether the load can go on with what lies under the name; nothing when the file is known to be missing. A
+// disk or a server that does not answer says nothing about its files, and to create an index that is there
+// all the same would empty it.
+std::optional<bool> IndexSuchen(const Ladevorgang& Lauf) {
+    Dateifehler Fehler;
+    if (Lesedatei::Öffnen(Lauf.Datei, &Fehler).Offen()) return true;
+    if (Fehler.Nummer == ENOENT || Fehler.Nummer == ENOTDIR) return std::nullopt;
+    return Lauf.ZugriffGescheitert(Fehler);
+}
+
 bool NeuErstellen(const Ladevorgang& Lauf) {
     Dateiersatz Ersatz;
     const auto Öffnung = Ersatz.Öffnen(Lauf.Datei, Lauf.Datei + std::string(TemporärEndung));
     if (Öffnung == Dateiersatz::Öffnung::Gesperrt) {
         return Lauf.ZugriffGescheitert({1, "Die Datei wird gerade von einem anderen Programm geschrieben"});
     }
+    // Only now nobody else can make it any more: another program may have done it since the first look.
+    if (const auto Gefunden = IndexSuchen(Lauf)) return *Gefunden;
     Ersatz.Schreiben(IndexVersionNeu);
     Ersatz.Schreiben(Zeilenende);
     return Ersatz.Übernehmen() || Lauf.ZugriffGescheitert(Ersatz.Fehler());
@@ -96,7 +112,7 @@ bool NeuErstellen(const Ladevorgang& Lauf) {
 
 // False when there is no file to load and none could be made.
 bool FehlendeErstellen(const Ladevorgang& Lauf) {
-    if (DateiExistiert(Lauf.Datei)) return true;
+    if (const auto Gefunden = IndexSuchen(Lauf)) return *Gefunden;
     Lauf.LoggenMitStempel("Indexdatei nicht gefunden");
     if (!Lauf.StillErstellen) {
         const std::string Ordner(OrdnerDer(Lauf.Datei));
@@ -164,7 +180,11 @@ bool InhaltLesen(const Ladevorgang& Lauf, bool& Unvollständig) {
     Dateifehler Fehler;
     const Lesedatei Quelle = Lesedatei::Öffnen(Lauf.Datei, &Fehler);
     if (!Quelle.Offen()) return Lauf.ZugriffGescheitert(Fehler);
-    if (!VersionLesen(Lauf, ErsteZeileLesen(Quelle.Lesen(0, HöchsterKopf)).Text)) return false;
+    const std::string Anfang = Quelle.Lesen(0, HöchsterKopf);
+    // A first line that cannot be read is not a foreign one.
+    if (Anfang.size() != std::min(Quelle.Größe(), HöchsterKopf))
+        return Lauf.ZugriffGescheitert(NichtGanzLesbar);
+    if (!VersionLesen(Lauf, ErsteZeileLesen(Anfang).Text)) return false;
     if (Lauf.MitFortschritt && Lauf.Weg == WegIndex) {
         Lauf.Umgebung.Person.FortschrittStarten("Lade '" + std::string(DateinameVon(Lauf.Datei)) + "'", true,
                                                 static_cast<std::int64_t>(Quelle.Größe()));
@@ -172,7 +192,7 @@ bool InhaltLesen(const Ladevorgang& Lauf, bool& Unvollständig) {
     }
     auto Block = IndexblockLesen(Quelle);
     // A part of an index must not pass for the whole: the next save would make it so.
-    if (!Block) return Lauf.ZugriffGescheitert({5, "Die Datei kann nicht ganz gelesen werden"});
+    if (!Block) return Lauf.ZugriffGescheitert(NichtGanzLesbar);
     if (Lauf.Index.Formatstand == -1) {
         PfadzeilenÜbernehmen(Lauf.Index, *Block);
         Unvollständig = true;

@@ -70,7 +70,8 @@ void SicherungskopienFühren(const std::string& Ziel, const Einstellungen& Werte
     const Zeitpunkt Jetzt = Umgebung.Zeit.Jetzt();
     const auto Funde = SicherungskopienSuchen(Umgebung.Ordner, OrdnerDer(Ziel));
     for (const std::string& Datei : Funde.value_or(std::vector<std::string>())) {
-        if (!BeginntMitOhneGroß(Datei, Ziel)) continue;
+        // Where upper and lower case make two files, the backups of the other one are none of ours.
+        if (!PfadeGleich(std::string_view(Datei).substr(0, Ziel.size()), Ziel)) continue;
         const auto Stand = DateistandLesen(Datei);
         if (!Stand) continue;
         const Zeitpunkt Zeit = Umgebung.Zeit.Lokal(Stand->Änderungszeit);

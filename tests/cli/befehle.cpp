@@ -1,5 +1,6 @@
 // The real program on real files.
 #include <cctype>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -116,6 +117,20 @@ TEST_F(Programmtest, EinFehlenderIndexEntstehtNurWoErSoll) {
     EXPECT_EQ(Index(), "#TAG:lw100\r\n");
     EXPECT_EQ(Cli("--index musik index-info"), 1);
     EXPECT_EQ(Cli("--index fehlt/x.lwi index-neu"), 1);
+    EXPECT_NE(Fehler.find("nicht existiert."), std::string::npos);
+}
+
+TEST_F(Programmtest, NachVerlustDesIndexVergehtKeineSicherung) {
+    const std::string Sicherung = Ordner + "/p/lwStamm.lwi - Backup vom 01.02.2003 10-00-00.bak";
+    ASSERT_EQ(Cli("--setze BackupsSpeichern=1 hinzufuegen musik"), 0);
+    std::ofstream(Ordner + "/e.ini", std::ios::app) << "BackupsSpeichern=1\n";
+    fs::rename(Ordner + "/p/lwStamm.lwi", Sicherung);
+    fs::last_write_time(Sicherung, fs::last_write_time(Sicherung) - std::chrono::hours(24 * 30));
+    for (int Lauf = 1; Lauf <= 2; ++Lauf) {
+        EXPECT_EQ(Cli("--setze HinzufügenKeineDoppelten=0 hinzufuegen musik/a.mp3"), 0);
+        EXPECT_EQ(Fehler.find("mindestens eine Sicherungskopie") != std::string::npos, Lauf == 1);
+        EXPECT_TRUE(fs::exists(Sicherung));
+    }
 }
 
 TEST_F(Programmtest, NichtsWirdUngefragtErsetzt) {

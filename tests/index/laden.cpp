@@ -59,6 +59,29 @@ TEST_F(LadenTest, FehlendeDateiWirdAngelegt) {
     EXPECT_TRUE(Person.Meldungen.empty());
 }
 
+TEST_F(LadenTest, NurWasSicherFehltWirdAngelegt) {
+    // Another program makes the index while we look for backups.
+    struct Dazwischen final : public liedwerk::Ordnerleser {
+        std::function<void()> Tun;
+        bool Auflisten(std::string_view, const std::function<bool(const Ordnereintrag&)>&) const override {
+            Tun();
+            return true;
+        }
+    } Leserin;
+    Leserin.Tun = [&] { Ablegen(Datei, Kopf() + Beispielzeile + "\r\n"); };
+    const Indexumgebung Eigene{Person, Log, Uhr, Leserin, Ordner, Leser, Verfügbarkeit};
+    EXPECT_EQ(DateiLaden(Index, Werte, Eigene, Datei, false, false, 1), Ladeergebnis::Index);
+    EXPECT_EQ(Index.IndexAnzahl(), 1);
+    EXPECT_FALSE(fs::exists(Datei + "~"));
+    // What cannot be opened is not missing.
+    fs::remove(Datei);
+    fs::create_symlink(Datei, Datei);
+    Log.Zeilen.clear();
+    EXPECT_EQ(Laden(Datei), Ladeergebnis::Fehlschlag);
+    EXPECT_FALSE(Geloggt("nicht gefunden"));
+    EXPECT_TRUE(Geloggt("Fehler beim Zugriff - "));
+}
+
 TEST_F(LadenTest, NebenEinerFehlendenDateiSchaltenSicherungenDasSichernAb) {
     Ablegen(Ordner + "/b.BAK", "");
     Werte.BackupsSpeichern = 1;

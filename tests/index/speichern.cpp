@@ -174,14 +174,18 @@ TEST_F(SpeichernTest, SicherungenEntstehenNachAbstandUndVergehenNachTagen) {
     Altern(Junge, 3);
     Ablegen(Fremde, "fremd");
     Altern(Fremde, 24 * 30);
+    // Of another index, whose name differs in case only.
+    const std::string Große = Ordner + "/A.LWI - Backup vom 15.11.2026 09-00-00.bak";
+    Ablegen(Große, "groß");
+    Altern(Große, 24 * 30);
     EXPECT_EQ(Speichern(), Speicherergebnis::Gespeichert);
-    EXPECT_EQ(Sicherungen(), (std::vector<std::string>{Junge, Fremde}));
+    EXPECT_EQ(Sicherungen(), (std::vector<std::string>{Große, Junge, Fremde}));
 
     fs::remove(Junge);
     Ablegen(Alte, "alt");
     Altern(Alte, 24 * 6);
     EXPECT_EQ(Speichern(), Speicherergebnis::Gespeichert);
-    EXPECT_EQ(Sicherungen(), (std::vector<std::string>{Neue, Fremde}));
+    EXPECT_EQ(Sicherungen(), (std::vector<std::string>{Große, Neue, Fremde}));
     EXPECT_EQ(Inhalt(Neue), Kopf());
     EXPECT_TRUE(Person.Meldungen.empty());
 }

@@ -118,8 +118,16 @@ bool Programmlauf::IndexLaden(bool Anlegen) {
             "andere mit --index.");
         return false;
     }
-    Programm().Index.IndexDateiname = Name;
-    return StandardDateiLaden(Programm(), ModusNichtsGeladen, Anlegen);
+    Anwendung& P = Programm();
+    P.Index.IndexDateiname = Name;
+    const std::int16_t Vorher = P.Werte.BackupsSpeichern;
+    const bool Geladen = StandardDateiLaden(P, ModusNichtsGeladen, false);
+    // A lost index has its backups left: later runs must not push these out with copies of the new one.
+    if (P.Werte.BackupsSpeichern != Vorher) {
+        P.Dienst.Nutzerwerte.Schreiben("BackupsSpeichern", P.Werte.BackupsSpeichern);
+        if (const std::string Fehler = P.Dienst.Nutzerwerte.Sichern(); !Fehler.empty()) Fehlermelden(Fehler);
+    }
+    return Geladen;
 }
 
 std::optional<std::vector<Satznummer>> Programmlauf::Nummern(const std::vector<Satznummer>& Gewünschte) {
