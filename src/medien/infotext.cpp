@@ -74,9 +74,8 @@ void FormatAnhängen(const Datensatz& Satz, Zeilen& Info) {
 }
 
 std::string Id3v1Text(const Datensatz& Satz) {
-    // What other formats show in these fields is no tag of their file.
-    const bool NurAngezeigt = Satz.HatId3v1 == TagVorhanden && Satz.Dateityp != DateiartMpeg;
-    if (NurAngezeigt || Satz.HatId3v1 == TagOhneDaten) {
+    // What other formats show in these fields, if anything, is no tag of their file.
+    if (Satz.Dateityp != DateiartMpeg || Satz.HatId3v1 == TagOhneDaten) {
         return "Es wurde kein gültiger ID3v1-TAG gefunden. Angezeigt werden formatspezifische Informationen, "
                "sofern vorhanden.";
     }

@@ -202,8 +202,9 @@ TEST(Infotext, NenntAllesInSeinerOrdnung) {
     EXPECT_EQ(Ende({.Dateityp = DateiartCdTitel, .Dauer = 5}), "Dauer: 00:05\n" + Nichts);
     EXPECT_EQ(Ende({.Dateityp = DateiartMpeg}),
               "Kein Dateiheader gefunden - keine weiteren Informationen verfügbar\n");
-    EXPECT_TRUE(DateiinformationBilden("/a", {.Dateityp = DateiartOgg, .HatId3v1 = TagVorhanden}, true)
-                    .Id3v1.ends_with("Angezeigt werden formatspezifische Informationen, sofern vorhanden."));
+    for (const auto Mark : {TagVorhanden, TagFehlt})
+        EXPECT_TRUE(DateiinformationBilden("/a", {.Dateityp = DateiartOgg, .HatId3v1 = Mark}, true)
+                        .Id3v1.ends_with("formatspezifische Informationen, sofern vorhanden."));
 }
 
 // Seeded, so that a failure comes again.
