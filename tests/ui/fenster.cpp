@@ -124,6 +124,11 @@ TEST_F(Fenster, BreiteUndReihenfolgeDerSpaltenKommenInDenIndex) {
         QTest::qWaitFor([&] { return Eins.Programm.Ansicht.Spalten[0].Nummer == Vorher[1].Nummer; }, 2000));
     EXPECT_NE(Eins.Programm.Index.Optionen.Spalten.find("5=1400=1"), std::string::npos)
         << Eins.Programm.Index.Optionen.Spalten;
+    const std::string Umgestellt = Eins.Programm.Index.Optionen.Spalten;
+    SpaltenInIndex(Eins.Programm);
+    EXPECT_EQ(Eins.Programm.Index.Optionen.Spalten, Umgestellt) << "a second look must not turn them back";
+    EXPECT_EQ(Kopf.visualIndex(1), 1);
+    EXPECT_EQ(Eins.Songs().model()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Titel"));
 }
 
 TEST_F(Fenster, AuswahlFührtBeschreibungUndFunktionen) {

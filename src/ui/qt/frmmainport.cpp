@@ -2,6 +2,7 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QScreen>
+#include <algorithm>
 
 #include "basis/pfad.h"
 #include "medien/medienlesen.h"
@@ -249,7 +250,14 @@ void frmMain::Wiederherstellen() {
 }
 
 void frmMain::SpaltenÜbernehmen() {
-    Programm->Ansicht.Spalten = lstSongs->SpaltenLesen(Programm->Ansicht.Spalten);
+    auto& Spalten = Programm->Ansicht.Spalten;
+    auto Gelesen = lstSongs->SpaltenLesen(Spalten);
+    const bool Umgestellt =
+        !std::equal(Gelesen.begin(), Gelesen.end(), Spalten.begin(), Spalten.end(),
+                    [](const Listenspalte& A, const Listenspalte& B) { return A.Nummer == B.Nummer; });
+    Spalten = std::move(Gelesen);
+    // The header still draws the old order in moved places; over the new one it would move it once more.
+    if (Umgestellt) SpaltenZeigen();
 }
 
 int frmMain::BeendenFragen(bool& Immer) {

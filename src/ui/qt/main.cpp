@@ -150,7 +150,7 @@ int main(int Anzahl, char** Werte) {
     }
     qInstallMessageHandler(QtMeldung);
     QCoreApplication::setApplicationName(u"liedwerk"_s);
-    QGuiApplication::setApplicationDisplayName(QtText(Programmtitel));
+    // No display name: Qt would append it to every window's title, which names the program already.
     QGuiApplication::setDesktopFileName(u"org.liedwerk.Liedwerk"_s);
     QApplication Qt(Anzahl, Werte);
     Verbindend = false;
