@@ -32,6 +32,23 @@ TEST_F(Fenster, LeererIndexZeigtWasZuTunIstUndVerschwindetNachDemHinzufügen) {
     EXPECT_TRUE(Teil<QLabel>(Eins.Fenster, u"lblAnzahl"_s).text().startsWith(u"3 Datei(en) im Index"_s));
 }
 
+TEST_F(Fenster, MeldungSchreibtSichInDenTitelUndGehtWieder) {
+    Lauf Eins(Welt);
+    const QString Normal = QtText(ProgrammnameMitVersion());
+    const auto Titel = [&] { return Eins.Fenster.windowTitle(); };
+    QSet<QString> Gesehen;
+    Eins.Fenster.StatusZeigen(QStringLiteral("Fertig"), 0);
+    QObject::connect(&Eins.Fenster, &QWidget::windowTitleChanged, &Eins.Fenster,
+                     [&](const QString& Text) { Gesehen.insert(Text); });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Titel() == QStringLiteral("Fertig"); }, 2000));
+    EXPECT_TRUE(Gesehen.contains(QStringLiteral("F")) && Gesehen.contains(QStringLiteral("Fert")));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Titel() == Normal; }, 4000));
+    Eins.Fenster.StatusZeigen(QStringLiteral("Noch etwas"), 0);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Titel().startsWith(QStringLiteral("No")); }, 2000));
+    Eins.Fenster.StatusZeigen({}, 0);
+    EXPECT_EQ(Titel(), Normal) << "nothing to tell leaves no half text";
+}
+
 TEST_F(Fenster, SucheWartetAufDiePauseImTippen) {
     Lauf Eins(Welt);
     Eins.OrdnerHinzufügen(Welt.Musikordner());

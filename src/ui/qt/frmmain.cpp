@@ -21,10 +21,9 @@ constexpr int Entwurfshöhe = 720;
 
 }  // namespace
 
-frmMain::frmMain() {
+frmMain::frmMain() : Fenstertitel(*this, QtText(ProgrammnameMitVersion())) {
     setObjectName(u"frmMain"_s);
     setWindowIcon(Programmsymbol());
-    setWindowTitle(QtText(ProgrammnameMitVersion()));
     setAcceptDrops(true);
     resize(Entwurfsbreite, Entwurfshöhe);
 }
@@ -266,6 +265,7 @@ void frmMain::FußAnlegen() {
     lblAnzahl = new QLabel(Fuß);
     lblAnzahl->setObjectName(u"lblAnzahl"_s);
     lblAnzahl->setTextFormat(Qt::PlainText);
+    lblAnzahl->setWordWrap(true);
     Spalte->addWidget(lblIndex);
     Spalte->addWidget(lblAnzahl);
     fraFunktionen->FußHinzufügen(Fuß);

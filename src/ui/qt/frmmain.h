@@ -21,6 +21,7 @@
 #include "ui/qt/listenansicht.h"
 #include "ui/qt/startleistensymbol.h"
 #include "ui/qt/suchleiste.h"
+#include "ui/qt/titelschrift.h"
 #include "ui/qt/vorschlagsrahmen.h"
 
 namespace liedwerk {
@@ -140,6 +141,7 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     QMenu* mnuZuletztGeladen = nullptr;
     Startleistensymbol* Symbol = nullptr;
     std::unique_ptr<QMenu> Symbolmenü;
+    Titelschrift Fenstertitel;
     QTimer tmrStatus;
     QTimer tmrSpalten;
     QTimer tmrScrollUpdate;

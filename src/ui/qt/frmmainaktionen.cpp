@@ -29,6 +29,7 @@ constexpr int Neuespaltenbreite = 1800;         // twips, for a column that has 
 
 void frmMain::StatusZeigen(const QString& Text, int Dauer) {
     lblStatus->setText(Text);
+    Fenstertitel.Zeigen(Text);
     tmrStatus.stop();
     if (Dauer > 0) tmrStatus.start(Dauer);
 }
@@ -82,7 +83,9 @@ void frmMain::mnuDateienHinzufügen_Click() {
 }
 
 void frmMain::mnuSpeichern_Click() {
-    if (Bereit()) IndexSpeichern(*Programm);
+    if (!Bereit()) return;
+    SpaltenInIndex(*Programm);
+    IndexSpeichern(*Programm);
 }
 
 void frmMain::mnuÖffnen_Click() {

@@ -50,7 +50,10 @@ QVariant Listenmodell::data(const QModelIndex& Zelle, int Rolle) const {
         return QtText(Listenzelle(Quelle, Index, static_cast<std::size_t>(Zelle.row()),
                                   static_cast<std::size_t>(Zelle.column() - 1)));
     }
-    const Dateisymbol& Symbol = DateisymbolVon(Index.Sätze.Pfad(Nummer));
+    // Folders stand in the list of the file manager only; unlike its files they have no size.
+    const bool IstOrdner =
+        Index.Programmmodus == ModusDateimanager && Index.Sätze.Zahl(Nummer, FeldGröße) < 0;
+    const Dateisymbol& Symbol = IstOrdner ? Ordnersymbol() : DateisymbolVon(Index.Sätze.Pfad(Nummer));
     if (Rolle == Qt::AccessibleTextRole) return Symbol.Name;
     return Symbol.Bild;
 }

@@ -110,8 +110,10 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     Wertdatei Rechnerwerte(Rechnereinstellungsdatei());
     Fensteroberfläche Person;
     frmMain Fenster;
+    const std::string Eigenordner = Programmordner();
+    const Temporärindex Temporär(Eigenordner);
     Anwendung Programm(Dienste{Person, Fenster, Zeit, *Drives, Ordner, Auskunft.get(), Nutzerwerte,
-                               &Rechnerwerte, Programmordner()});
+                               &Rechnerwerte, Eigenordner, Temporär.Pfad()});
     Fenster.Anbinden(Programm);
     Person.BesitzerSetzen(&Fenster);
     Person.Status = [&](const QString& Text, int Dauer) { Fenster.StatusZeigen(Text, Dauer); };

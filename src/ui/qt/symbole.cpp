@@ -101,4 +101,9 @@ const Dateisymbol& DateisymbolVon(std::string_view Pfad) {
     return Bilder[Sonstige];
 }
 
+const Dateisymbol& Ordnersymbol() {
+    static const Dateisymbol Bild{Symbolbild("ordner"), u"Ordner"_s};
+    return Bild;
+}
+
 }  // namespace liedwerk

@@ -17,5 +17,6 @@ struct Dateisymbol {
     QString Name;
 };
 const Dateisymbol& DateisymbolVon(std::string_view Pfad);
+const Dateisymbol& Ordnersymbol();
 
 }  // namespace liedwerk
