@@ -23,7 +23,6 @@ constexpr int Entwurfshöhe = 720;
 
 frmMain::frmMain() : Fenstertitel(*this, QtText(ProgrammnameMitVersion())) {
     setObjectName(u"frmMain"_s);
-    setWindowIcon(Programmsymbol());
     setAcceptDrops(true);
     resize(Entwurfsbreite, Entwurfshöhe);
 }

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "basis/datei.h"
 #include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
 
@@ -50,10 +51,11 @@ QVariant Listenmodell::data(const QModelIndex& Zelle, int Rolle) const {
         return QtText(Listenzelle(Quelle, Index, static_cast<std::size_t>(Zelle.row()),
                                   static_cast<std::size_t>(Zelle.column() - 1)));
     }
-    // Folders stand in the list of the file manager only; unlike its files they have no size.
-    const bool IstOrdner =
-        Index.Programmmodus == ModusDateimanager && Index.Sätze.Zahl(Nummer, FeldGröße) < 0;
-    const Dateisymbol& Symbol = IstOrdner ? Ordnersymbol() : DateisymbolVon(Index.Sätze.Pfad(Nummer));
+    // Folders stand in the list of the file manager only. They have no size: no file's icon needs the disk.
+    const std::string Pfad = Index.Sätze.Pfad(Nummer);
+    const bool IstOrdner = Index.Programmmodus == ModusDateimanager &&
+                           Index.Sätze.Zahl(Nummer, FeldGröße) <= 0 && OrdnerExistiert(Pfad);
+    const Dateisymbol& Symbol = IstOrdner ? Ordnersymbol() : DateisymbolVon(Pfad);
     if (Rolle == Qt::AccessibleTextRole) return Symbol.Name;
     return Symbol.Bild;
 }

@@ -20,6 +20,7 @@
 #include "ui/qt/fensteroberflaeche.h"
 #include "ui/qt/frmmain.h"
 #include "ui/qt/qttext.h"
+#include "ui/qt/symbole.h"
 #include "ui/qt/uebersetzer.h"
 
 using namespace Qt::StringLiterals;
@@ -156,6 +157,7 @@ int main(int Anzahl, char** Werte) {
     QGuiApplication::setDesktopFileName(u"org.liedwerk.Liedwerk"_s);
     QApplication Qt(Anzahl, Werte);
     Verbindend = false;
+    QApplication::setWindowIcon(Programmsymbol());
     // A window that is hidden in the tray is no reason to end.
     QApplication::setQuitOnLastWindowClosed(false);
     DeutschEinrichten(Qt);
