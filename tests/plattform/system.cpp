@@ -1,6 +1,9 @@
 // Folders, links, clock and places of the real system.
+#include "plattform/system.h"
+
 #include <gtest/gtest.h>
 #include <map>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -95,6 +98,23 @@ TEST(Orte, JederProzessHatSeinenTemporärenIndex) {
         EXPECT_FALSE(DateiExistiert(ZweiterPfad));
     }
     EXPECT_EQ(Temporärindex(Ordner.Pfad).Pfad(), Ordner.In("tmp.lwi"));
+}
+
+TEST(Medienauskunft, MillionenLeererAbschnitteFressenKeinenSpeicher) {
+    const Probeordner Ordner;
+    std::string Datei = "RIFF\xFF\xFF\xFF\x02WAVEfmt ";
+    Datei += std::string("\x10\0\0\0\1\0\1\0\0\0\0\0\0\0\0\0\0\0\0\0", 20);
+    while (Datei.size() < std::size_t{48} << 20U)
+        Datei.append("AAAA\0\0\0\0", 8);
+    const std::string Pfad = Ordner.Datei("a.wav", Datei);
+    const auto Höchststand = [] {
+        struct rusage Verbrauch {};
+        getrusage(RUSAGE_SELF, &Verbrauch);
+        return Verbrauch.ru_maxrss;  // KiB
+    };
+    const auto Vorher = Höchststand();
+    SystemauskunftÖffnen()->Lesen(Pfad);
+    EXPECT_LT(Höchststand() - Vorher, 64 << 10);
 }
 
 }  // namespace

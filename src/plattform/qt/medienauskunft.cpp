@@ -18,16 +18,18 @@ namespace {
 
 constexpr std::chrono::seconds Frist(10);
 
-// A file of ours as TagLib reads it: bounded by its real size and by time. A reader that gets no more bytes
-// comes to its end.
+// A file of ours as TagLib reads it: bounded by its real size, by time, and by what may be read of it in all.
+// A reader that gets no more bytes comes to its end.
 class Lesestrom final : public TagLib::IOStream {
   public:
     explicit Lesestrom(std::string_view Pfad) : Name(Pfad), Datei(Lesedatei::Öffnen(Pfad)) {}
     TagLib::FileName name() const override { return Name.c_str(); }
     TagLib::ByteVector readBlock(unsigned long Länge) override {
         const auto Größe = static_cast<unsigned long>(length());
-        if (Stelle >= Größe || std::chrono::steady_clock::now() > Ende) return {};
-        const auto Anzahl = static_cast<unsigned>(std::min({Länge, Größe - Stelle, HöchsterBlock}));
+        if (Stelle >= Größe || Lesungen == 0 || std::chrono::steady_clock::now() > Ende) return {};
+        --Lesungen;
+        const auto Anzahl = static_cast<unsigned>(std::min({Länge, Größe - Stelle, Bytes}));
+        Bytes -= Anzahl;
         TagLib::ByteVector Block(Anzahl, '\0');
         Block.resize(static_cast<unsigned>(Datei.Lesen(Block.data(), Stelle, Anzahl)));
         Stelle += Block.size();
@@ -50,8 +52,10 @@ class Lesestrom final : public TagLib::IOStream {
     long length() override { return static_cast<long>(Datei.Größe()); }
 
   private:
-    // More than any tag that is asked for here; a block of this size never comes from a sound file.
-    static constexpr unsigned long HöchsterBlock = 64UL << 20U;
+    // More than the headers and tags of any sound file. A broken one may hold millions of empty chunks or
+    // gigabytes of attributes, and TagLib keeps them all.
+    unsigned long Bytes = 64UL << 20U;
+    unsigned long Lesungen = 100000;
     std::string Name;
     Lesedatei Datei;
     unsigned long Stelle = 0;
