@@ -21,6 +21,13 @@ Suchcode SuchcodeLesen(std::string_view Code) {
     return {Ziffer(0), Ziffer(1), Ziffer(2), Ziffer(3)};
 }
 
+std::string SuchcodeBilden(const Suchcode& Wahl) {
+    std::string Code;
+    for (const int Ziffer : {Wahl.MussDarfNicht, Wahl.UndOder, Wahl.Wo, Wahl.BeideTags})
+        Code += std::to_string(Ziffer);
+    return Code;
+}
+
 bool SucheHinzufügen(Suchabfragen& Menge, std::string_view Begriff, std::string_view Feld,
                      std::string_view Code) {
     Menge.Liste.push_back(AbfrageBilden(Begriff, Feld, Code));
@@ -49,6 +56,14 @@ bool SucheEntfernen(Suchabfragen& Menge, const std::vector<bool>& Gelöscht) {
 bool SucheZurücksetzen(Suchabfragen& Menge) {
     Menge.Liste.clear();
     return true;
+}
+
+bool BuchstabensucheSetzen(Suchabfragen& Menge, std::string_view Buchstabe, std::string_view Feld) {
+    return SucheZurücksetzen(Menge) && SucheHinzufügen(Menge, Buchstabe, Feld, "0020");
+}
+
+std::string AbfrageZeile(const Suchabfrage& Abfrage) {
+    return "Suche nach '" + Abfrage.Begriff + "' im Feld '" + Abfrage.Feld + "'";
 }
 
 std::string SuchzeileÜbernehmen(Suchabfragen& Menge, std::string_view Begriff, std::string_view Feld,

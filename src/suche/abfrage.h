@@ -25,6 +25,8 @@ struct Suchcode {
     int BeideTags = 0;
 };
 Suchcode SuchcodeLesen(std::string_view Code);
+// The code of four choices, each 0 to 9.
+std::string SuchcodeBilden(const Suchcode& Wahl);
 
 // SucheAnzahl, SucheFeld, SucheBegriff and SucheCode in one; numbers are 1-based.
 struct Suchabfragen {
@@ -41,6 +43,13 @@ bool SucheSetzen(Suchabfragen& Menge, std::size_t Nummer, std::string_view Begri
 // Drops the queries whose flag is set; false when the set is empty.
 bool SucheEntfernen(Suchabfragen& Menge, const std::vector<bool>& Gelöscht);
 bool SucheZurücksetzen(Suchabfragen& Menge);
+// The letter buttons: the set becomes the one query for values of Feld that begin with Buchstabe.
+bool BuchstabensucheSetzen(Suchabfragen& Menge, std::string_view Buchstabe, std::string_view Feld);
+
+// What the search row shows instead of a text while there are two queries or more.
+inline constexpr std::string_view MehrereAbfragen = "(Mehrere Abfragen)";
+// A query as the list of queries shows it.
+std::string AbfrageZeile(const Suchabfrage& Abfrage);
 
 // The code of a new query from the search row.
 inline std::string_view Standardcode(bool AlsWort) {

@@ -11,6 +11,8 @@
 #include "ui/qt/frmdateinichtverfuegbar.h"
 #include "ui/qt/frmhinweise.h"
 #include "ui/qt/frmindexhinzufuegen.h"
+#include "ui/qt/frmsucheerweitert.h"
+#include "ui/qt/frmsucheerweiterthinzufuegen.h"
 #include "ui/qt/symbole.h"
 #include "ui/qt/uebersetzer.h"
 
@@ -97,6 +99,10 @@ TEST(Formen, JedesSteuerelementHatNamenUndEigeneTaste) {
     FormPrüfen(Info);
     frmWillkommen Willkommen("Liedwerk", nullptr);
     FormPrüfen(Willkommen);
+    frmSucheErweitert Erweitert(Eins.Programm.Abfragen, Eins.Programm.Werte, Eins.Person, nullptr);
+    FormPrüfen(Erweitert);
+    frmSucheErweitertHinzufügen Abfrage(Eins.Programm.Abfragen, 1, Eins.Programm.Werte, Eins.Person, nullptr);
+    FormPrüfen(Abfrage);
     frmFortschritt Fortschritt(nullptr);
     FormPrüfen(Fortschritt);
 }

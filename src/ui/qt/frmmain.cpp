@@ -130,6 +130,16 @@ void frmMain::AktionenAnlegen() {
                               {QKeySequence::Find, QKeySequence(u"F3"_s)}, &frmMain::mnuSuchen_Click);
     mnuSucheLeeren = AktionAnlegen(u"mnuSucheLeeren"_s, u"Suche &leeren"_s, "leeren",
                                    {QKeySequence(u"Ctrl+Shift+F"_s)}, &frmMain::cmdSucheLöschen_Click);
+    mnuSucheHinzufügen =
+        AktionAnlegen(u"mnuSucheHinzufügen"_s, u"Such-Abfrage &hinzufügen..."_s, "suche-hinzufuegen",
+                      {QKeySequence(u"Ctrl+Shift+H"_s)}, &frmMain::cmdSucheHinzufügen_Click);
+    mnuSucheÄndern = AktionAnlegen(u"mnuSucheÄndern"_s, u"Such-Abfrage ä&ndern..."_s, "suche-aendern",
+                                   {QKeySequence(u"Ctrl+Shift+E"_s)}, &frmMain::cmdSucheÄndern_Click);
+    mnuSucheMehr = AktionAnlegen(u"mnuSucheMehr"_s, u"&Mehrere Such-Abfragen..."_s, "suche-mehr",
+                                 {QKeySequence(u"Ctrl+Shift+M"_s)}, &frmMain::cmdSucheMehr_Click);
+    mnuSchnellsuche = AktionAnlegen(u"mnuSchnellsuche"_s, u"S&chnellsuche"_s, nullptr,
+                                    {QKeySequence(u"F8"_s)}, &frmMain::mnuSchnellsuche_Click);
+    mnuSchnellsuche->setCheckable(true);
     mnuBeschreibungsleiste = AktionAnlegen(u"mnuBeschreibungsleiste"_s, u"&Beschreibungsleiste"_s, nullptr,
                                            {QKeySequence(u"F9"_s)}, &frmMain::mnuBeschreibungsleiste_Click);
     mnuBeschreibungsleiste->setCheckable(true);
@@ -148,7 +158,7 @@ void frmMain::MenüsAnlegen() {
     Datei->addAction(mnuBeenden);
 
     QMenu* const Bearbeiten = menuBar()->addMenu(u"&Bearbeiten"_s);
-    Bearbeiten->addActions({mnuSuchen, mnuSucheLeeren});
+    Bearbeiten->addActions({mnuSuchen, mnuSucheHinzufügen, mnuSucheÄndern, mnuSucheMehr, mnuSucheLeeren});
     Bearbeiten->addSeparator();
     Bearbeiten->addActions({mnuAllesAuswählen, mnuPfadKopieren, mnuOrdnerÖffnen});
 
@@ -158,7 +168,7 @@ void frmMain::MenüsAnlegen() {
     Ansicht->addAction(SchalterAnlegen(u"mnuGitternetz"_s, u"&Gitternetz"_s, &Indexoptionen::SpaltenGitter));
     Ansicht->addAction(SchalterAnlegen(u"mnuSymbole"_s, u"S&ymbole"_s, &Indexoptionen::SpaltenSymbole));
     Ansicht->addSeparator();
-    Ansicht->addAction(mnuBeschreibungsleiste);
+    Ansicht->addActions({mnuBeschreibungsleiste, mnuSchnellsuche});
     QMenu* const Spalten = Ansicht->addMenu(Symbolbild("spalten"), u"&Spalten"_s);
     Spalten->setObjectName(u"mnuSpalten"_s);
     connect(Spalten, &QMenu::aboutToShow, this, [this, Spalten] { SpaltenmenüFüllen(*Spalten); });
@@ -167,7 +177,8 @@ void frmMain::MenüsAnlegen() {
     // Shortcuts hold while a menu is not in the bar, too.
     addActions({mnuHinzufügen, mnuOrdnerHinzufügen, mnuDateienHinzufügen, mnuSpeichern, mnuÖffnen, mnuBeenden,
                 mnuAllesAuswählen, mnuPfadKopieren, mnuOrdnerÖffnen, mnuSuchen, mnuSucheLeeren,
-                mnuBeschreibungsleiste, mnuInfo});
+                mnuSucheHinzufügen, mnuSucheÄndern, mnuSucheMehr, mnuSchnellsuche, mnuBeschreibungsleiste,
+                mnuInfo});
 }
 
 void frmMain::SpaltenmenüFüllen(QMenu& Menü) {
@@ -295,10 +306,15 @@ void frmMain::OberflächeAnlegen() {
     Suche->TextGeändert = [this] { AktionenNachführen(); };
     Suche->DarfSuchen = [this] { return Bereit(); };
 
+    fraBuchstaben = new Buchstabenleiste(Mitte);
+    fraBuchstaben->setObjectName(u"fraBuchstaben"_s);
+    fraBuchstaben->Geklickt = [this](const QString& Buchstabe) { cmdSucheBuchstabe_Click(Buchstabe); };
+
     QWidget* const Listenbereich = ListenbereichAnlegen();
     fraFunktionen = new Funktionsleiste(Mitte);
     fraFunktionen->GruppeHinzufügen(u"Index"_s, {mnuHinzufügen, mnuSpeichern, mnuÖffnen});
-    fraFunktionen->GruppeHinzufügen(u"Suche"_s, {mnuSucheLeeren});
+    fraFunktionen->GruppeHinzufügen(u"Suche"_s,
+                                    {mnuSucheHinzufügen, mnuSucheÄndern, mnuSucheMehr, mnuSucheLeeren});
     fraFunktionen->GruppeHinzufügen(u"Auswahl"_s, {mnuPfadKopieren, mnuOrdnerÖffnen});
     fraFunktionen->setMinimumWidth(fontMetrics().averageCharWidth() * 28);
     FußAnlegen();
@@ -318,9 +334,11 @@ void frmMain::OberflächeAnlegen() {
     Teiler->setSizes({Zeichen * 28, Entwurfsbreite - Zeichen * 72, Zeichen * 44});
 
     Zeilen->addWidget(Suche);
+    Zeilen->addWidget(fraBuchstaben);
     Zeilen->addWidget(Teiler, 1);
     setCentralWidget(Mitte);
-    setTabOrder(Suche, fraSuchVorschläge);
+    setTabOrder(Suche, fraBuchstaben);
+    setTabOrder(fraBuchstaben, fraSuchVorschläge);
     setTabOrder(fraSuchVorschläge, lstSongs);
     setTabOrder(lstSongs, fraBeschreibung);
     setTabOrder(fraBeschreibung, fraFunktionen);

@@ -17,6 +17,7 @@
 #include "core/beenden.h"
 #include "core/hauptfenster.h"
 #include "ui/qt/beschreibung.h"
+#include "ui/qt/buchstabenleiste.h"
 #include "ui/qt/funktionsleiste.h"
 #include "ui/qt/listenansicht.h"
 #include "ui/qt/startleistensymbol.h"
@@ -107,6 +108,11 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     void mnuOrdnerÖffnen_Click();
     void mnuSuchen_Click();
     void cmdSucheLöschen_Click();
+    void cmdSucheHinzufügen_Click();
+    void cmdSucheÄndern_Click();
+    void cmdSucheMehr_Click();
+    void cmdSucheBuchstabe_Click(const QString& Buchstabe);
+    void mnuSchnellsuche_Click();
     void mnuBeschreibungsleiste_Click();
     void mnuInfo_Click();
     void cmdBeenden_Click();
@@ -116,6 +122,10 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     void lstSongs_SpaltenGeändert();
     void tmrScrollUpdate_Timer();
 
+    void AbfrageBearbeiten(std::size_t Nummer);
+    void AbfragenAuflisten();
+    void MengeNachführen();
+    void MengeSuchen();
     void OrdnerHinzufügen(const std::string& Ordner);
     void DateienHinzufügen(const std::vector<std::string>& Dateien);
     void PfadeAblegen(std::vector<std::string> Pfade);
@@ -129,6 +139,7 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     Anwendung* Programm = nullptr;
     std::unique_ptr<Listenmodell> Modell;
     Suchleiste* Suche = nullptr;
+    Buchstabenleiste* fraBuchstaben = nullptr;
     Vorschlagsrahmen* fraSuchVorschläge = nullptr;
     QStackedWidget* Seiten = nullptr;
     QWidget* fraLeer = nullptr;
@@ -157,6 +168,10 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     QAction* mnuOrdnerÖffnen = nullptr;
     QAction* mnuSuchen = nullptr;
     QAction* mnuSucheLeeren = nullptr;
+    QAction* mnuSucheHinzufügen = nullptr;
+    QAction* mnuSucheÄndern = nullptr;
+    QAction* mnuSucheMehr = nullptr;
+    QAction* mnuSchnellsuche = nullptr;
     QAction* mnuBeschreibungsleiste = nullptr;
     QAction* mnuInfo = nullptr;
     QAction* mnuBeenden = nullptr;

@@ -44,6 +44,9 @@ void frmMain::AktionenNachführen() {
     const bool MitZeilen = !Programm->Ansicht.Zeilen.empty();
     mnuAllesAuswählen->setEnabled(ListeFrei && MitZeilen);
     mnuSucheLeeren->setEnabled(ListeFrei && Suche->Gefüllt());
+    for (QAction* const Aktion : {mnuSucheHinzufügen, mnuSucheÄndern, mnuSucheMehr})
+        Aktion->setEnabled(Geladen);
+    fraBuchstaben->setEnabled(Geladen);
     mnuPfadKopieren->setEnabled(ListeFrei && Gewählt > 0);
     mnuOrdnerÖffnen->setEnabled(ListeFrei && Gewählt == 1);
 }
@@ -147,21 +150,14 @@ void frmMain::mnuOrdnerÖffnen_Click() {
     }
 }
 
-void frmMain::mnuSuchen_Click() {
-    Suche->Fokussieren();
-}
-
-void frmMain::cmdSucheLöschen_Click() {
-    if (Bereit()) SucheLöschen(*Programm);
-}
-
-void frmMain::cmdSuchVorschlägeAnzeigen_Click() {
-    if (Bereit()) SucheAktualisieren(*Programm, true);
-}
-
 void frmMain::mnuBeschreibungsleiste_Click() {
     Programm->Werte.Beschreibungsleiste = mnuBeschreibungsleiste->isChecked() ? 1 : 0;
     fraBeschreibung->setVisible(mnuBeschreibungsleiste->isChecked());
+}
+
+void frmMain::mnuSchnellsuche_Click() {
+    Programm->Werte.SchnellsucheZeigen = mnuSchnellsuche->isChecked() ? 1 : 0;
+    fraBuchstaben->setVisible(mnuSchnellsuche->isChecked());
 }
 
 void frmMain::mnuInfo_Click() {

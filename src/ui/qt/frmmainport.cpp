@@ -169,6 +169,8 @@ void frmMain::ErscheinungAnwenden() {
     }
     mnuBeschreibungsleiste->setChecked(Werte.Beschreibungsleiste == 1);
     fraBeschreibung->setVisible(Werte.Beschreibungsleiste == 1);
+    mnuSchnellsuche->setChecked(Werte.SchnellsucheZeigen == 1);
+    fraBuchstaben->setVisible(Werte.SchnellsucheZeigen == 1);
     ZuletztGeladenZeigen();
 }
 

@@ -72,15 +72,20 @@ void Suchfeld::wheelEvent(QWheelEvent* Ereignis) {
     Ereignis->ignore();
 }
 
+QStringList Suchfeldnamen() {
+    QStringList Namen = {QtText(Standardsuche)};
+    for (const Spalte& Eine : SpaltenNamen)
+        Namen += QtText(Eine.Name);
+    return Namen;
+}
+
 Suchleiste::Suchleiste(const Einstellungen& Einstellwerte, const Suchabfragen& Abfragen, QWidget* Eltern)
     : QWidget(Eltern), Werte(Einstellwerte), Menge(Abfragen) {
     auto* const lblSuche = new QLabel(u"S&uchen in:"_s, this);
     cboSuche = new QComboBox(this);
     cboSuche->setObjectName(u"cboSuche"_s);
     cboSuche->setAccessibleName(u"Suchen in"_s);
-    cboSuche->addItem(QtText(Standardsuche));
-    for (const Spalte& Eine : SpaltenNamen)
-        cboSuche->addItem(QtText(Eine.Name));
+    cboSuche->addItems(Suchfeldnamen());
     cboSuche->setMaxVisibleItems(20);
     lblSuche->setBuddy(cboSuche);
     txtSongname = new Suchfeld(this);
@@ -137,6 +142,19 @@ void Suchleiste::Leeren() {
     txtSongname->setEditText({});
     cboSuche->setEnabled(true);
     txtSongname->setEnabled(true);
+    SucheÄnderungSperren = Vorher;
+}
+
+void Suchleiste::MengeZeigen() {
+    if (Menge.SucheAnzahl() == 0) return Leeren();
+    const bool Vorher = SucheÄnderungSperren;
+    SucheÄnderungSperren = true;
+    tmrListe.stop();
+    const bool Eine = Menge.SucheAnzahl() == 1;
+    cboSuche->setEnabled(Eine);
+    txtSongname->setEnabled(Eine);
+    cboSuche->setCurrentIndex(Eine ? cboSuche->findText(QtText(Menge.Liste.front().Feld)) : -1);
+    txtSongname->setEditText(QtText(Eine ? std::string_view(Menge.Liste.front().Begriff) : MehrereAbfragen));
     SucheÄnderungSperren = Vorher;
 }
 

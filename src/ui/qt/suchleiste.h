@@ -31,6 +31,9 @@ class Suchfeld final : public QComboBox {
     void EingabeAusrichten();
 };
 
+// The entries of a field box: the standard search and the columns.
+QStringList Suchfeldnamen();
+
 class Suchleiste final : public QWidget {
   public:
     // The query count is asked for at every change.
@@ -42,6 +45,8 @@ class Suchleiste final : public QWidget {
     std::function<void()> TextGeändert;   // whoever changed it
 
     Suchzeile Lesen() const;
+    // The row as the set has it: its one query, or "(Mehrere Abfragen)" and disabled. Starts no search.
+    void MengeZeigen();
     void Leeren();  // first entry, empty text, enabled; starts no search
     // A text put in from elsewhere (a suggestion), searched at once.
     void TextSuchen(const QString& Text);

@@ -1,0 +1,87 @@
+// What the main window does around the search: row, queries, letters, suggestions.
+#include "core/suchlauf.h"
+#include "ui/qt/frmmain.h"
+#include "ui/qt/frmsucheerweitert.h"
+#include "ui/qt/frmsucheerweiterthinzufuegen.h"
+#include "ui/qt/qttext.h"
+
+using namespace Qt::StringLiterals;
+
+namespace liedwerk {
+
+void frmMain::mnuSuchen_Click() {
+    Suche->Fokussieren();
+}
+
+void frmMain::cmdSucheLöschen_Click() {
+    if (Bereit()) SucheLöschen(*Programm);
+}
+
+void frmMain::cmdSuchVorschlägeAnzeigen_Click() {
+    if (Bereit()) SucheAktualisieren(*Programm, true);
+}
+
+// The set was changed elsewhere than in the row: the row shows it, the list follows.
+void frmMain::MengeSuchen() {
+    Suche->MengeZeigen();
+    AktionenNachführen();
+    SucheAktualisieren(*Programm);
+}
+
+void frmMain::cmdSucheHinzufügen_Click() {
+    if (!Bereit()) return;
+    Suche->AusstehendesAusführen();
+    AbfrageBearbeiten(0);
+}
+
+// The set as the row has it, also before the first search: there is a query to show and to change.
+void frmMain::MengeNachführen() {
+    Suche->AusstehendesAusführen();
+    if (Programm->Abfragen.SucheAnzahl() == 0) SucheAktualisieren(*Programm);
+}
+
+void frmMain::cmdSucheÄndern_Click() {
+    if (!Bereit()) return;
+    MengeNachführen();
+    if (SuchzeileLesen().Aktiv) {
+        AbfrageBearbeiten(1);
+    } else {
+        AbfragenAuflisten();
+    }
+}
+
+void frmMain::cmdSucheMehr_Click() {
+    if (!Bereit()) return;
+    MengeNachführen();
+    AbfragenAuflisten();
+}
+
+void frmMain::AbfrageBearbeiten(std::size_t Nummer) {
+    frmSucheErweitertHinzufügen Form(Programm->Abfragen, Nummer, Programm->Werte, Programm->Dienst.Person,
+                                     this);
+    if (Form.exec() != QDialog::Accepted) return;
+    // A further query is seldom the last one: unless the search shall begin at once, the list of all is next.
+    if (Programm->Abfragen.SucheAnzahl() > 1 && Programm->Werte.SucheDirektStarten != 1) {
+        AbfragenAuflisten();
+    } else {
+        MengeSuchen();
+    }
+}
+
+void frmMain::AbfragenAuflisten() {
+    frmSucheErweitert(Programm->Abfragen, Programm->Werte, Programm->Dienst.Person, this).exec();
+    MengeSuchen();
+}
+
+void frmMain::cmdSucheBuchstabe_Click(const QString& Buchstabe) {
+    if (!Bereit()) return;
+    Oberfläche& Person = Programm->Dienst.Person;
+    const QString Feld = fraBuchstaben->Feld();
+    if (Feld.isEmpty())
+        return Person.Melden(Symbol::Ausrufezeichen, "Die Suche konnte nicht bestimmt werden.");
+    if (!BuchstabensucheSetzen(Programm->Abfragen, Utf8Text(Buchstabe), Utf8Text(Feld)))
+        Person.Melden(Symbol::Ausrufezeichen, "Die Such-Abfrage konnte nicht gespeichert werden.");
+    MengeSuchen();
+}
+
+}  // namespace liedwerk
