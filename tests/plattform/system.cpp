@@ -1,6 +1,7 @@
 // Folders, links, clock and places of the real system.
 #include "plattform/system.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <map>
 #include <sys/resource.h>
@@ -8,6 +9,7 @@
 #include <unistd.h>
 
 #include "basis/datei.h"
+#include "basis/pfad.h"
 #include "dateien/probeordner.h"
 #include "plattform/linux/einhaengungen.h"
 #include "plattform/linux/ordner.h"
@@ -75,6 +77,9 @@ TEST(Orte, FolgenDerUmgebung) {
     setenv("LIEDWERK_ORDNER", Ordner.In("neu/tief/").c_str(), 1);
     EXPECT_EQ(Programmordner(), Ordner.In("neu/tief"));
     EXPECT_TRUE(OrdnerExistiert(Ordner.In("neu/tief")));
+    setenv("LIEDWERK_ORDNER", std::filesystem::relative(Ordner.In("kurz")).c_str(), 1);
+    EXPECT_TRUE(IstPosixPfad(Programmordner()));
+    EXPECT_TRUE(OrdnerExistiert(Ordner.In("kurz")));
     unsetenv("LIEDWERK_ORDNER");
     setenv("XDG_CONFIG_HOME", "relativ", 1);
     setenv("HOME", "/heim", 1);

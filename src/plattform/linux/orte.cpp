@@ -2,10 +2,12 @@
 
 #include <cstdlib>
 #include <fcntl.h>
+#include <filesystem>
 #include <pwd.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
+#include <system_error>
 #include <unistd.h>
 
 #include "basis/datei.h"
@@ -24,7 +26,7 @@ std::string Umgebungswert(const char* Name) {
 
 std::string Heimatordner() {
     std::string Ordner = Umgebungswert("HOME");
-    if (!Ordner.empty()) return Ordner;
+    if (IstPosixPfad(Ordner)) return Ordner;
     const passwd* Eintrag = ::getpwuid(::geteuid());
     return Eintrag == nullptr || Eintrag->pw_dir == nullptr ? std::string("/") : std::string(Eintrag->pw_dir);
 }
@@ -53,7 +55,9 @@ std::string EigenerOrdner() {
 
 std::string GewählterOrdner() {
     const std::string Gesetzt = Umgebungswert("LIEDWERK_ORDNER");
-    if (!Gesetzt.empty()) return OhneTrenner(Gesetzt);
+    std::error_code Fehler;
+    // A relative path would not be known for one of this system.
+    if (!Gesetzt.empty()) return OhneTrenner(std::filesystem::absolute(Gesetzt, Fehler).string());
     const std::string Eigener = EigenerOrdner();
     const bool ImSystem = MitTrenner(Eigener).starts_with("/usr/");
     if (!Eigener.empty() && !ImSystem && ::faccessat(AT_FDCWD, Eigener.c_str(), W_OK, AT_EACCESS) == 0) {
