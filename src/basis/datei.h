@@ -68,6 +68,8 @@ class Lesedatei {
     // State at the time of opening.
     const Dateistand& Stand() const { return Zustand; }
     std::uint64_t Größe() const { return Zustand.Größe; }
+    // Tells a file from an earlier one whose inode number it was given; 0 when the file system cannot.
+    std::uint32_t Generation() const;
     // Reads up to Länge bytes at the 0-based offset Stelle into Ziel; gives the number read, less only at the
     // end of the file or on an error.
     std::size_t Lesen(char* Ziel, std::uint64_t Stelle, std::size_t Länge) const;

@@ -59,10 +59,11 @@ struct Katalog {
     Indexoptionen Optionen;
     std::vector<Termin> Termine;
 
-    std::string IndexDateiname;      // full path of the loaded file, or the folder or names handed over
-    Dateistand IndexDateiZeit;       // the file as seen at load, for the change test
-    bool IndexDateiBekannt = false;  // IndexDateiZeit holds a state
-    int Formatstand = 2;             // 2, 1, 0 by the version line; -1 for a file of unknown form
+    std::string IndexDateiname;  // full path of the loaded file, or the folder or names handed over
+    Dateistand IndexDateiZeit;   // the file as seen at load, for the change test
+    std::uint32_t IndexDateiGeneration = 0;  // Lesedatei::Generation of the same file
+    bool IndexDateiBekannt = false;          // IndexDateiZeit holds a state
+    int Formatstand = 2;                     // 2, 1, 0 by the version line; -1 for a file of unknown form
     std::int16_t Programmmodus = ModusNichtsGeladen;
     bool IndexGeändert = false;  // memory and file differ
 

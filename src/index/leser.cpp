@@ -203,6 +203,7 @@ bool InhaltLesen(const Ladevorgang& Lauf, bool& Unvollständig) {
     TrefferZurücksetzen(Lauf.Index);
     // The state of what has been read, not of what stands under the name by now.
     Lauf.Index.IndexDateiZeit = Quelle.Stand();
+    Lauf.Index.IndexDateiGeneration = Quelle.Generation();
     Lauf.Index.IndexDateiBekannt = true;
     return true;
 }

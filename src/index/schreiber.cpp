@@ -50,7 +50,10 @@ bool ÜberschreibenErlaubt(Speichervorgang& Lauf) {
     if (Index.Programmmodus != ModusIndexdatei) return true;
     const auto Stand = DateistandLesen(Lauf.Ziel);
     if (!Stand || !Stand->IstDatei) return true;
-    if (Index.IndexDateiBekannt && IstDerselbeStand(*Stand, Index.IndexDateiZeit)) return true;
+    // Two saves within a second may give the file the inode number again that it had when it was read.
+    if (Index.IndexDateiBekannt && IstDerselbeStand(*Stand, Index.IndexDateiZeit) &&
+        Lesedatei::Öffnen(Lauf.Ziel).Generation() == Index.IndexDateiGeneration)
+        return true;
     if (Lauf.Gebilligt && IstDerselbeStand(*Stand, *Lauf.Gebilligt)) return true;
     const std::string Titel(Programmtitel);
     const std::string Frage =
@@ -210,6 +213,7 @@ Speicherergebnis Ersetzen(Speichervorgang& Lauf, Dateiersatz& Ersatz) {
         return Lauf.Scheitern(Fehler);
     }
     Lauf.Index.IndexDateiZeit = Ersatz.Stand();
+    Lauf.Index.IndexDateiGeneration = Lesedatei::Öffnen(Lauf.Ziel).Generation();
     Lauf.Index.IndexDateiBekannt = true;
     Lauf.Index.IndexGeändert = false;
     return Speicherergebnis::Gespeichert;

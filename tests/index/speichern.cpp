@@ -123,6 +123,21 @@ TEST_F(SpeichernTest, FremdeÄnderungWirdErfragt) {
     EXPECT_EQ(Person.Gefragt.size(), 2U);
 }
 
+TEST_F(SpeichernTest, ZweiFremdeSpeicherungenInEinerSekundeFallenAuf) {
+    InhaltLaden(Kopf() + Beispielzeile + "\r\n");
+    if (Index.IndexDateiGeneration == 0) GTEST_SKIP() << "the file system does not tell";
+    const auto Zeit = fs::last_write_time(Datei);
+    const std::string Fremd = Kopf() + ZeileMit({{FeldInterpret, "BABA"}}) + "\r\n";
+    // The second one is given the inode that the first one has set free.
+    for (int Mal = 0; Mal < 2; ++Mal) {
+        Ablegen(Datei + ".neu", Fremd);
+        fs::rename(Datei + ".neu", Datei);
+        fs::last_write_time(Datei, Zeit);
+    }
+    EXPECT_EQ(Speichern(), Speicherergebnis::Abgebrochen);
+    EXPECT_EQ(Inhalt(Datei), Fremd);
+}
+
 TEST_F(SpeichernTest, AbbruchLässtAlteDateiUndÄnderungBestehen) {
     InhaltLaden(Kopf() + Beispielzeile + "\r\n");
     SatzAnhängen(Index, "/neu", Satz("t"));

@@ -5,7 +5,9 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <limits>
+#include <linux/fs.h>
 #include <sys/file.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -176,6 +178,13 @@ Lesedatei& Lesedatei::operator=(Lesedatei&& Andere) noexcept {
 
 Lesedatei::~Lesedatei() {
     if (Griff >= 0) ::close(Griff);
+}
+
+std::uint32_t Lesedatei::Generation() const {
+    // The call is declared with a long, but file systems fill in an int.
+    long Nummer = 0;
+    if (::ioctl(Griff, FS_IOC_GETVERSION, &Nummer) != 0) return 0;
+    return static_cast<std::uint32_t>(Nummer);
 }
 
 std::size_t Lesedatei::Lesen(char* Ziel, std::uint64_t Stelle, std::size_t Länge) const {
