@@ -316,7 +316,10 @@ void frmMain::OberflächeAnlegen() {
     fraFunktionen->GruppeHinzufügen(u"Suche"_s,
                                     {mnuSucheHinzufügen, mnuSucheÄndern, mnuSucheMehr, mnuSucheLeeren});
     fraFunktionen->GruppeHinzufügen(u"Auswahl"_s, {mnuPfadKopieren, mnuOrdnerÖffnen});
-    fraFunktionen->setMinimumWidth(fontMetrics().averageCharWidth() * 28);
+    // Wide enough for the counts of a large collection in one line each.
+    fraFunktionen->setMinimumWidth(std::max(fontMetrics().averageCharWidth() * 28,
+                                            fontMetrics().horizontalAdvance(u"1000000 Datei(en) gefunden"_s) +
+                                                fontMetrics().averageCharWidth() * 4));
     FußAnlegen();
     fraBeschreibung = new Beschreibung(Mitte);
     fraBeschreibung->setMinimumWidth(fontMetrics().averageCharWidth() * 26);

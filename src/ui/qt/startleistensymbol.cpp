@@ -13,6 +13,7 @@ using namespace Qt::StringLiterals;
 namespace liedwerk {
 namespace {
 
+constexpr int Wachtakt = 5000;   // milliseconds between two looks whether the X11 tray is still there
 constexpr int Wartezeit = 3000;  // milliseconds that a desktop may take to bring up its tray after the login
 
 QString Wirtsdienst() {
@@ -47,9 +48,26 @@ void Startleistensymbol::WirtSuchen() {
         if (Symbol) return;
         // An older kind of tray, known to X11 only, needs no service.
         if (QGuiApplication::platformName() == u"xcb") Anlegen();
-        if (!Symbol && OhneWirt) OhneWirt();
+        if (Symbol) {
+            Wache.start(Wachtakt);
+        } else if (OhneWirt) {
+            OhneWirt();
+        }
     });
     Geduld.start(Wartezeit);
+    Wache.setTimerType(Qt::VeryCoarseTimer);
+    Wache.callOnTimeout(this, [this] { WirtPrüfen(); });
+}
+
+// The older kind tells nobody when it goes: without a look now and then, a hidden window would be lost.
+void Startleistensymbol::WirtPrüfen() {
+    if (!QSystemTrayIcon::isSystemTrayAvailable()) {
+        const bool War = Symbol != nullptr;
+        Symbol.reset();
+        if (War && Verwaist) Verwaist();
+    } else {
+        Anlegen();
+    }
 }
 
 void Startleistensymbol::Anlegen() {
@@ -66,7 +84,10 @@ void Startleistensymbol::Anlegen() {
 }
 
 void Startleistensymbol::Entfernen() {
-    Geduld.stop();
+    for (QTimer* const Uhr : {&Geduld, &Wache}) {
+        Uhr->stop();
+        Uhr->disconnect(this);
+    }
     Wächter.reset();
     Symbol.reset();
 }

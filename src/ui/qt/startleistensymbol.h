@@ -27,11 +27,13 @@ class Startleistensymbol final : public QObject {
   private:
     void Anlegen();
     void WirtSuchen();
+    void WirtPrüfen();
 
     QMenu* Menü = nullptr;
     std::unique_ptr<QSystemTrayIcon> Symbol;
     std::unique_ptr<QDBusServiceWatcher> Wächter;
     QTimer Geduld;
+    QTimer Wache;  // runs only while the symbol is of the older kind
 };
 
 }  // namespace liedwerk
