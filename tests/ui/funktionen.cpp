@@ -114,7 +114,12 @@ TEST_F(Funktionen, FensterlageKommtWiederUndNieAußerhalbDerBildschirme) {
     EXPECT_EQ(Gelesen.Breite, 900);
     Lage.Links = 50000;  // a screen that is gone
     Eins.Fenster.LageSetzen(Lage);
-    EXPECT_TRUE(Eins.Fenster.screen()->availableGeometry().contains(Eins.Fenster.geometry().center()));
+    const QRect Schirm = Eins.Fenster.screen()->availableGeometry();
+    EXPECT_TRUE(Schirm.contains(Eins.Fenster.geometry().center()));
+    // A screen that has become smaller than the window.
+    Eins.Fenster.LageSetzen({false, 0, 0, Schirm.width() * 2 - 50, Schirm.height() * 2 - 50, false});
+    EXPECT_LE(Eins.Fenster.height(), Schirm.height());
+    EXPECT_GE(Eins.Fenster.y(), Schirm.top());
 }
 
 TEST_F(Funktionen, SicherungDerSitzungSpeichertUndDasProgrammLäuftWeiter) {

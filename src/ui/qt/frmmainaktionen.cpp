@@ -115,7 +115,7 @@ QMimeData* frmMain::AuswahlDaten(bool NurVorhandene) const {
     std::vector<std::string> Pfade;
     for (const Satznummer Nummer : Auswahl) {
         std::string Pfad = Programm->Index.Sätze.Pfad(Nummer);
-        if (!NurVorhandene || DateiExistiert(Pfad)) Pfade.push_back(std::move(Pfad));
+        if (!NurVorhandene || DateiExistiert(Pfad) || OrdnerExistiert(Pfad)) Pfade.push_back(std::move(Pfad));
     }
     if (Pfade.empty()) {
         Programm->Dienst.Person.StatusZeigen("Diese Datei existiert nicht (mehr).", 3000);

@@ -107,6 +107,12 @@ void frmMain::DateiBeschreiben(Satznummer Nummer) {
                                  [=, Satz = Index.Sätze.Lesen(Nummer)]() mutable {
                                      Umgebung.Dateitypen = Typen.get();
                                      const bool Vorhanden = DateiExistiert(Pfad);
+                                     // The file manager lists folders among the files.
+                                     if (!Vorhanden && OrdnerExistiert(Pfad)) {
+                                         Dateiinformation Ordner;
+                                         Ordner.Info = "Ordner: " + Pfad;
+                                         return Ordner;
+                                     }
                                      Leseauftrag Auftrag;
                                      Auftrag.Code = Lesecode{false, false, true, false};
                                      Auftrag.GrößeLesen = true;
@@ -193,9 +199,12 @@ void frmMain::SymbolhinweisZeigen(std::string_view Titel, std::string_view Text)
 
 void frmMain::LageSetzen(const Fensterlage& Lage) {
     const QRect Wunsch(Lage.Links, Lage.Oben, Lage.Breite, Lage.Höhe);
-    // A screen that was unplugged since must not take the window with it.
-    const bool Sichtbar = QGuiApplication::screenAt(Wunsch.center()) != nullptr;
-    if (!Lage.Zentriert && Sichtbar) {
+    // A screen that was unplugged since must not take the window with it, nor a smaller one (or a larger
+    // scale) its edges.
+    const QScreen* const Schirm = QGuiApplication::screenAt(Wunsch.center());
+    const bool Passt = Schirm != nullptr && Wunsch.width() <= Schirm->availableVirtualGeometry().width() &&
+                       Wunsch.height() <= Schirm->availableVirtualGeometry().height();
+    if (!Lage.Zentriert && Passt) {
         setGeometry(Wunsch);
     } else {
         const QRect Platz = screen()->availableGeometry();
