@@ -106,12 +106,12 @@ TEST_F(Funktionen, ZuletztGeladeneFührenZuIhremIndex) {
 
 TEST_F(Funktionen, FensterlageKommtWiederUndNieAußerhalbDerBildschirme) {
     Lauf Eins(Welt);
-    Fensterlage Lage{false, 40, 50, 900, 600, false};
+    Fensterlage Lage{false, 10, 50, 780, 600, false};
     Eins.Fenster.LageSetzen(Lage);
     const Fensterlage Gelesen = Eins.Fenster.LageLesen();
-    EXPECT_EQ(Gelesen.Links, 40);
+    EXPECT_EQ(Gelesen.Links, 10);
     EXPECT_EQ(Gelesen.Oben, 50);
-    EXPECT_EQ(Gelesen.Breite, 900);
+    EXPECT_EQ(Gelesen.Höhe, 600);
     Lage.Links = 50000;  // a screen that is gone
     Eins.Fenster.LageSetzen(Lage);
     const QRect Schirm = Eins.Fenster.screen()->availableGeometry();
