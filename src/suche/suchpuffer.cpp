@@ -179,6 +179,41 @@ void TeilDurchsuchen(const Teil& Quelle, std::size_t Von, std::size_t Bis, const
     }
 }
 
+// Words that a text has to hold all: the longest, which is mostly the rarest, is looked for in all texts, the
+// others only where it stands.
+class Wortgruppe {
+  public:
+    Wortgruppe(const std::vector<std::string>& Alle, bool Gefaltet) {
+        for (const std::string& Wort : Alle)
+            Wörter.push_back(Gefaltet ? Falten(Wort) : Wort);
+        std::ranges::sort(Wörter, std::ranges::greater{}, &std::string::size);
+        Sucher.emplace(Wörter.front());
+    }
+
+    bool HältAlle(std::string_view Text) const {
+        return std::ranges::all_of(
+            Wörter, [&](const std::string& Wort) { return Text.find(Wort) != std::string_view::npos; });
+    }
+    // Appends the records of a part that hold all words and are not in Ohne.
+    void Sammeln(const Teil& Quelle, const std::map<Satznummer, std::string>& Ohne,
+                 std::vector<Satznummer>& Ziel) const {
+        const std::string_view Text = Quelle.Ganz();
+        std::size_t Satz = 0;
+        for (std::size_t Stelle = Sucher->Suchen(Text, 0); Stelle != std::string_view::npos;
+             Stelle = Sucher->Suchen(Text, Quelle.Ende[Satz])) {
+            Satz = SatzFinden(Quelle, Satz, Stelle);
+            const Satznummer Nummer = Quelle.Erster + static_cast<Satznummer>(Satz);
+            const std::size_t Anfang = Quelle.Anfang(Satz);
+            if (!HältAlle(Text.substr(Anfang, Quelle.Ende[Satz] - Anfang))) continue;
+            if (Ohne.empty() || !Ohne.contains(Nummer)) Ziel.push_back(Nummer);
+        }
+    }
+
+  private:
+    std::vector<std::string> Wörter;
+    std::optional<Wortsucher> Sucher;
+};
+
 // Marks the records whose text is more than its separator.
 void NichtleereMarken(const Teil& Quelle, std::size_t Von, std::size_t Bis, std::uint8_t* Marken) {
     for (std::size_t i = Von; i < Bis; ++i)
@@ -342,6 +377,36 @@ std::vector<std::uint8_t> Suchpuffer::Treffer(const Katalog& Index, const Feldwa
         Marken[static_cast<std::size_t>(Satz->first - Von)] = Hält ? 1 : 0;
     }
     return Marken;
+}
+
+std::vector<std::vector<Satznummer>> Suchpuffer::Gruppentreffer(
+    const Katalog& Index, const Feldwahl& Feld, bool AndererTag,
+    std::span<const std::vector<std::string>> Gruppen) {
+    if (Gruppen.empty()) return {};
+    const Block& Quelle = BlockFür(Index, Feld, AndererTag && Feld.Kennung != Feldkennung::Standardsuche);
+    std::vector<Wortgruppe> Gesuchte;
+    for (const auto& Wörter : Gruppen)
+        Gesuchte.emplace_back(Wörter, Quelle.Gefaltet);
+    // All groups search one part before the next, while its text is at hand.
+    std::vector<std::vector<std::vector<Satznummer>>> Gefunden(
+        HöchsteTeilzahl(), std::vector<std::vector<Satznummer>>(Gruppen.size()));
+    AufKerneVerteilen(Quelle.Teile.size(), 4, [&](std::size_t Faden, std::size_t Erster, std::size_t Ende) {
+        for (std::size_t i = Erster; i < Ende; ++i) {
+            for (std::size_t k = 0; k < Gesuchte.size(); ++k)
+                Gesuchte[k].Sammeln(Quelle.Teile[i], Quelle.Geänderte, Gefunden[Faden][k]);
+        }
+    });
+    std::vector<std::vector<Satznummer>> Ergebnis(Gruppen.size());
+    for (std::size_t k = 0; k < Gruppen.size(); ++k) {
+        for (const auto& Faden : Gefunden)
+            Ergebnis[k].insert(Ergebnis[k].end(), Faden[k].begin(), Faden[k].end());
+        const auto Mitte = static_cast<std::ptrdiff_t>(Ergebnis[k].size());
+        for (const auto& [Nummer, Text] : Quelle.Geänderte) {
+            if (Gesuchte[k].HältAlle(Text)) Ergebnis[k].push_back(Nummer);
+        }
+        std::ranges::inplace_merge(Ergebnis[k], Ergebnis[k].begin() + Mitte);
+    }
+    return Ergebnis;
 }
 
 void Suchpuffer::Leeren() {

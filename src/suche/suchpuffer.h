@@ -13,6 +13,8 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -37,6 +39,11 @@ class Suchpuffer {
     // An empty word is held by every text that is not empty. AndererTag as in FeldWert.
     std::vector<std::uint8_t> Treffer(const Katalog& Index, const Feldwahl& Feld, bool AndererTag,
                                       std::string_view Wort, Satznummer Von, Satznummer Bis);
+    // For each group of words the records, rising, whose display text holds all of them, compared as in
+    // Treffer. A group has at least one word, none of them empty. One walk serves all groups.
+    std::vector<std::vector<Satznummer>> Gruppentreffer(const Katalog& Index, const Feldwahl& Feld,
+                                                        bool AndererTag,
+                                                        std::span<const std::vector<std::string>> Gruppen);
     // Gives all blocks back.
     void Leeren();
     // Bytes held.
@@ -49,7 +56,8 @@ class Suchpuffer {
 };
 
 // Runs Arbeit(number of the part, first, end) over 0..Anzahl, on all cores when the work is worth it: at
-// least Mindestens items a part. Returns when all parts are done; an exception of Arbeit comes out then.
+// least Mindestens items a part; part 0 on the calling thread. Returns when all parts are done; an exception
+// of Arbeit comes out then.
 void AufKerneVerteilen(std::size_t Anzahl, std::size_t Mindestens,
                        const std::function<void(std::size_t, std::size_t, std::size_t)>& Arbeit);
 // The number of parts that AufKerneVerteilen makes at most.

@@ -188,6 +188,45 @@ TEST_F(Programmtest, SuchenZeigtTrefferUndVorschläge) {
     EXPECT_NE(Fehler.find("Aufruf: liedwerk-cli [GLOBAL ...] suchen"), std::string::npos);
 }
 
+TEST_F(Programmtest, SortierenOrdnetDieDatei) {
+    ASSERT_EQ(Cli("hinzufuegen musik"), 0);
+    const std::string Vorher = Index();
+    for (const char* Falsches : {"sortieren", "sortieren Titel Gibtsnicht", "sortieren a b c d"}) {
+        EXPECT_EQ(Cli(Falsches), 2) << Falsches;
+    }
+    EXPECT_EQ(Cli("sortieren Titel Titel"), 1);
+    EXPECT_EQ(Fehler, "Bitte wählen Sie jede Spalte nur einmal aus.\n");
+    EXPECT_EQ(Cli("--json sortieren --absteigend --ausgabe andere.lwi Titel"), 0);
+    EXPECT_EQ(Aus, "{\"IndexAnzahl\":3}\n");
+    EXPECT_EQ(Index(), Vorher);
+    EXPECT_EQ(Cli("--index andere.lwi --json feldwerte --felder Titel"), 0);
+    EXPECT_LT(Aus.find("Waterloo"), Aus.find("Lied"));
+    EXPECT_LT(Aus.find("Lied"), Aus.find("Dancing Queen"));
+    // Stretches of equal keys go on by the next field, but for the last one.
+    EXPECT_EQ(Cli("sortieren Interpret Titel"), 0);
+    EXPECT_EQ(Cli("--json suchen --feld Interpret --spalten Titel abba"), 0);
+    EXPECT_LT(Aus.find("Dancing Queen"), Aus.find("Waterloo"));
+}
+
+TEST_F(Programmtest, MehrfachsucheUndVorschläge) {
+    ASSERT_EQ(Cli("hinzufuegen musik"), 0);
+    std::ofstream(Ordner + "/liste.txt") << "\xEF\xBB\xBF"
+                                            "Abba - Dancing Queen\r\n\r\nABBA\n-\nnix";
+    EXPECT_EQ(Cli("--json mehrfachsuche liste.txt"), 0);
+    EXPECT_TRUE(Enthält("{\"Abfrage\":\"Abba Dancing Queen\",\"Resultat\":\"a.mp3\",\"Nummern\":["));
+    EXPECT_TRUE(Enthält("\"Resultat\":\"2 Resultate\""));
+    EXPECT_TRUE(Enthält("{\"Abfrage\":\"\",\"Resultat\":\"(Suche ist ungültig)\",\"Nummern\":[]}"));
+    EXPECT_TRUE(Enthält("\"Resultat\":\"(Nichts gefunden)\""));
+    EXPECT_EQ(Cli("mehrfachsuche -"), 1);  // no input
+    EXPECT_NE(Fehler.find("Bitte geben Sie mindestens eine Such-Abfrage ein"), std::string::npos);
+    EXPECT_EQ(Cli("mehrfachsuche fehlt.txt"), 1);
+    EXPECT_EQ(Cli("--json vorschlaege Interpret aB"), 0);
+    EXPECT_EQ(Aus, "[\"ABBA\"]\n");
+    EXPECT_EQ(Cli("vorschlaege Titel ''"), 0);
+    EXPECT_TRUE(Enthält("Waterloo\n"));
+    EXPECT_EQ(Cli("vorschlaege Titel"), 2);
+}
+
 TEST_F(Programmtest, DatensätzeUndFelder) {
     ASSERT_EQ(Cli("--jetzt '21.11.2026 12:00:00' hinzufuegen musik/a.mp3 musik/tief/b.mp3"), 0);
     EXPECT_EQ(Cli("--json saetze 2 1"), 0);
@@ -223,9 +262,10 @@ TEST_F(Programmtest, DateienBrauchenKeinenIndex) {
 
 TEST_F(Programmtest, JsonIstEinDokumentUndTextZeigtSteuerzeichen) {
     ASSERT_EQ(Cli("hinzufuegen musik"), 0);
-    for (const char* Befehl : {"index-info", "saetze", "suchen", "suchen --zaehlen", "index-speichern",
-                               "feldwerte --felder Titel,Pfad+Dateiname", "hinzufuegen musik",
-                               "datei-info musik/*", "dateiinfo-text musik/*.mp3"}) {
+    for (const char* Befehl :
+         {"index-info", "saetze", "suchen", "suchen --zaehlen", "index-speichern", "sortieren Titel",
+          "vorschlaege Pfad+Dateiname ''", "feldwerte --felder Titel,Pfad+Dateiname", "hinzufuegen musik",
+          "datei-info musik/*", "dateiinfo-text musik/*.mp3"}) {
         Cli("--json " + std::string(Befehl));
         EXPECT_TRUE(IstEinJsonDokument(Aus)) << Befehl << "\n" << Aus;
         Cli(Befehl);

@@ -2,6 +2,7 @@
 #include "core/beenden.h"
 #include "core/hinzufuegelauf.h"
 #include "core/laden.h"
+#include "core/sortierlauf.h"
 #include "core/suchlauf.h"
 #include "index/leser.h"
 #include "welt.h"
@@ -57,6 +58,33 @@ TEST_F(Lauftest, EinAbbruchBehältWasGelesenIst) {
     Person.AbbruchBei = 14;
     EXPECT_EQ(OrdnerHinzufügenLauf(*P, {.Ordner = Ordner + "/m", .NichtBeiText = {}}, {}), -1);
     EXPECT_EQ(P->Ansicht.Zeilen.size(), static_cast<std::size_t>(P->Index.IndexAnzahl()));
+}
+
+TEST_F(Lauftest, DasSortierenNimmtAuswahlUndListeMit) {
+    for (const char* Titel : {"Cäsar", "Anton", "Berta"})
+        Lied("m/" + std::string(Titel) + ".mp3", Titel);
+    OrdnerHinzufügenLauf(*P, {.Ordner = Ordner + "/m", .NichtBeiText = {}}, {});
+    const auto Nummer = [&](std::string_view Name) {
+        for (Satznummer i = 1; i <= 3; ++i) {
+            if (P->Index.Sätze.Pfad(i).find(Name) != std::string::npos) return i;
+        }
+        return Satznummer{0};
+    };
+    P->Ansicht.Auswahl = {Nummer("Anton")};
+    P->Index.IndexGeändert = false;
+    const std::vector<std::string> Kriterien = {"Dateiname"};
+    SortierenLauf(*P, Kriterien, true);
+    EXPECT_EQ(Nummer("Cäsar"), 1);
+    EXPECT_EQ(P->Ansicht.Auswahl, std::vector<Satznummer>{3});
+    EXPECT_TRUE(P->Index.IndexGeändert);
+    EXPECT_EQ(Person.Status.back(), "Der Index wurde sortiert");
+    EXPECT_EQ(Person.Offen, 0);
+    // Kept: with a list that shows a part, row numbers stand for record numbers.
+    Fenster.Zeile.Begriff = "Berta";
+    SucheAktualisieren(*P);
+    P->Ansicht.Auswahl = {2};
+    SortierenLauf(*P, Kriterien, false);
+    EXPECT_TRUE(P->Ansicht.Auswahl.empty());
 }
 
 TEST_F(Lauftest, DieSpaltenÄndernDenIndexNurWennSieSichÄndern) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "basis/oberflaeche.h"
+#include "suche/sortieren.h"
 #include "ui/text/ausgabe.h"
 
 namespace liedwerk {
@@ -65,6 +66,13 @@ const std::vector<Befehl>& Befehlstabelle() {
          0,
          0,
          IndexSpeichernAusführen},
+        {"mehrfachsuche",
+         "mehrfachsuche DATEI",
+         "Sucht nach jeder Zeile der Datei, etwa der Titelliste einer CD. \"-\" liest die Standardeingabe.",
+         {},
+         1,
+         1,
+         MehrfachsucheAusführen},
         {"saetze",
          "saetze [NUMMER...]",
          "Zeigt die Datensätze, alle oder die mit den genannten Nummern.",
@@ -72,6 +80,15 @@ const std::vector<Befehl>& Befehlstabelle() {
          0,
          Beliebig,
          SätzeAusführen},
+        {"sortieren",
+         "sortieren [--absteigend] [--ausgabe DATEI] K1 [K2 [K3]]",
+         "Sortiert den Index nach bis zu drei Feldern und speichert diesen.\n"
+         "  --absteigend         kehrt die Reihenfolge um\n"
+         "  --ausgabe DATEI      speichert in eine andere Datei",
+         {{"--absteigend"}, {"--ausgabe", true}},
+         1,
+         SortierkriterienHöchstens,
+         SortierenAusführen},
         {"suchen",
          "suchen [--feld F] [--code C] [--abfrage \"F|C|BEGRIFF\"]... [--spalten A,B,...] [--zaehlen] "
          "[BEGRIFF]",
@@ -86,6 +103,13 @@ const std::vector<Befehl>& Befehlstabelle() {
          0,
          1,
          SuchenAusführen},
+        {"vorschlaege",
+         "vorschlaege FELD ANFANG",
+         "Zeigt die Werte eines Feldes, die mit dem Anfang beginnen.",
+         {},
+         2,
+         2,
+         VorschlägeAusführen},
     };
     return Alle;
 }

@@ -37,6 +37,7 @@ Ausgang IndexNeuAusführen(const Globaloptionen& Global, const Befehlseingabe& E
 Ausgang IndexInfoAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang IndexSpeichernAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang SätzeAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+Ausgang SortierenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 // befehle_dateien.cpp
 Ausgang DateiInfoAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang DateiInfoTextAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
@@ -44,5 +45,7 @@ Ausgang HinzufügenAusführen(const Globaloptionen& Global, const Befehlseingabe
 // befehle_suche.cpp
 Ausgang SuchenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang FeldwerteAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+Ausgang MehrfachsucheAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+Ausgang VorschlägeAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 
 }  // namespace liedwerk

@@ -1,10 +1,12 @@
 // Commands on the index as a whole.
 #include "basis/datei.h"
 #include "basis/pfad.h"
+#include "core/sortierlauf.h"
 #include "core/suchlauf.h"
 #include "index/indexformat.h"
 #include "index/schreiber.h"
 #include "suche/feldwert.h"
+#include "suche/sortieren.h"
 #include "ui/text/befehle.h"
 #include "ui/text/lauf.h"
 #include "ui/text/satz.h"
@@ -84,6 +86,28 @@ bool DurchLeerenErsetzen(const std::string& Name) {
     return false;
 }
 
+// The file that the index goes to: its own or another one, which is not replaced unasked. Nothing, with a
+// message, when it must not be.
+std::optional<std::string> ZielWählen(Programmlauf& Lauf, const std::optional<std::string>& Ausgabedatei) {
+    Katalog& Index = Lauf.Programm().Index;
+    const std::string Ziel = Ausgabedatei ? EingabePfad(*Ausgabedatei) : Index.IndexDateiname;
+    if (PfadeGleich(Ziel, Index.IndexDateiname)) return Ziel;
+    if (DateiExistiert(Ziel) &&
+        !Bestätigt(Lauf, "Die Datei '" + Ziel +
+                             "' gibt es schon. Ihr Inhalt geht verloren.\nSoll sie ersetzt werden?")) {
+        Fehlermelden("Die Datei '" + Ziel + "' wurde nicht verändert.");
+        return std::nullopt;
+    }
+    Index.IndexDateiname = Ziel;
+    // The state that was seen belongs to the file that was loaded.
+    Index.IndexDateiBekannt = false;
+    return Ziel;
+}
+
+Ausgang NichtGespeichert(const std::string& Ziel) {
+    return Gescheitert("Die Indexdatei '" + Ziel + "' wurde nicht gespeichert.");
+}
+
 // The overview of records: what a person looks for first.
 void SätzeAlsTabelle(Programmlauf& Lauf, const std::vector<Satznummer>& Nummern) {
     Tabelle Zeilen(Lauf.Text(), {"Nummer", "Interpret", "Titel", "Album", "Pfad+Dateiname"});
@@ -156,26 +180,44 @@ Ausgang IndexSpeichernAusführen(const Globaloptionen& Global, const Befehlseing
     if (Ausgabedatei && Ausgabedatei->empty()) return Falsch("--ausgabe erwartet einen Namen.");
     Programmlauf Lauf(Global);
     if (!Lauf.Bereit() || !Lauf.IndexLaden()) return Ausgang::Fehlgeschlagen;
-    Katalog& Index = Lauf.Programm().Index;
-    const std::string Ziel = Ausgabedatei ? EingabePfad(*Ausgabedatei) : Index.IndexDateiname;
-    if (!PfadeGleich(Ziel, Index.IndexDateiname)) {
-        if (DateiExistiert(Ziel) &&
-            !Bestätigt(Lauf, "Die Datei '" + Ziel +
-                                 "' gibt es schon. Ihr Inhalt geht verloren.\nSoll sie ersetzt werden?"))
-            return Gescheitert("Die Datei '" + Ziel + "' wurde nicht verändert.");
-        Index.IndexDateiname = Ziel;
-        // The state that was seen belongs to the file that was loaded.
-        Index.IndexDateiBekannt = false;
-    }
-    if (!IndexSpeichern(Lauf.Programm()))
-        return Gescheitert("Die Indexdatei '" + Ziel + "' wurde nicht gespeichert.");
+    const Katalog& Index = Lauf.Programm().Index;
+    const auto Ziel = ZielWählen(Lauf, Ausgabedatei);
+    if (!Ziel) return Ausgang::Fehlgeschlagen;
+    if (!IndexSpeichern(Lauf.Programm())) return NichtGespeichert(*Ziel);
     if (Lauf.Json()) {
         Lauf.Dokument().ObjektAnfang();
-        Lauf.Dokument().Text("Datei", Ziel);
+        Lauf.Dokument().Text("Datei", *Ziel);
         Lauf.Dokument().Zahl("IndexAnzahl", Index.IndexAnzahl());
         Lauf.Dokument().ObjektEnde();
     } else {
-        Lauf.Text().Schreiben(std::to_string(Index.IndexAnzahl()) + " Datensätze in '" + Sichtbar(Ziel) +
+        Lauf.Text().Schreiben(std::to_string(Index.IndexAnzahl()) + " Datensätze in '" + Sichtbar(*Ziel) +
+                              "' gespeichert.\n");
+    }
+    return Lauf.Abschließen();
+}
+
+Ausgang SortierenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe) {
+    const auto Ausgabedatei = Eingabe.Wert("--ausgabe");
+    if (Ausgabedatei && Ausgabedatei->empty()) return Falsch("--ausgabe erwartet einen Namen.");
+    const auto Wahl = SortierwahlPrüfen(Eingabe.Argumente);
+    if (!Wahl.Meldung.empty()) return Gescheitert(Wahl.Meldung);
+    // All records have the same key in a field that does not exist, and the order would be lost for nothing.
+    for (const std::string& Feld : Wahl.Sortierkriterien) {
+        if (!FeldFinden(Feld).Bekannt) return Falsch("Das Feld '" + Feld + "' gibt es nicht.");
+    }
+    Programmlauf Lauf(Global);
+    if (!Lauf.Bereit() || !Lauf.IndexLaden()) return Ausgang::Fehlgeschlagen;
+    const auto Ziel = ZielWählen(Lauf, Ausgabedatei);
+    if (!Ziel) return Ausgang::Fehlgeschlagen;
+    SortierenLauf(Lauf.Programm(), Wahl.Sortierkriterien, Eingabe.Hat("--absteigend"));
+    if (!IndexSpeichern(Lauf.Programm())) return NichtGespeichert(*Ziel);
+    const Satznummer Anzahl = Lauf.Programm().Index.IndexAnzahl();
+    if (Lauf.Json()) {
+        Lauf.Dokument().ObjektAnfang();
+        Lauf.Dokument().Zahl("IndexAnzahl", Anzahl);
+        Lauf.Dokument().ObjektEnde();
+    } else {
+        Lauf.Text().Schreiben(std::to_string(Anzahl) + " Datensätze sortiert und in '" + Sichtbar(*Ziel) +
                               "' gespeichert.\n");
     }
     return Lauf.Abschließen();

@@ -1,10 +1,15 @@
 // Commands that search the index and read its fields.
 #include <algorithm>
+#include <iostream>
+#include <iterator>
 
+#include "basis/datei.h"
 #include "basis/text.h"
 #include "suche/abfrage.h"
 #include "suche/feldwert.h"
+#include "suche/mehrfachsuche.h"
 #include "suche/suchmaschine.h"
+#include "suche/vervollstaendigung.h"
 #include "ui/text/befehle.h"
 #include "ui/text/lauf.h"
 
@@ -156,6 +161,15 @@ void FelderAlsJson(Programmlauf& Lauf, Satznummer Nummer, const std::vector<Spal
     Ziel.ObjektEnde();
 }
 
+std::string StandardeingabeLesen() {
+    return {std::istreambuf_iterator<char>(std::cin), {}};
+}
+
+std::string_view OhneBytefolgemarke(std::string_view Text) {
+    constexpr std::string_view Marke = "\xEF\xBB\xBF";
+    return Text.starts_with(Marke) ? Text.substr(Marke.size()) : Text;
+}
+
 }  // namespace
 
 Ausgang SuchenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe) {
@@ -225,6 +239,60 @@ Ausgang FeldwerteAusführen(const Globaloptionen& Global, const Befehlseingabe& 
         }
     }
     Zeilen.Fertig();
+    return Lauf.Abschließen();
+}
+
+Ausgang MehrfachsucheAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe) {
+    const std::string& Name = Eingabe.Argumente[0];
+    const auto Text = Name == "-" ? StandardeingabeLesen() : DateiLesen(EingabePfad(Name));
+    if (!Text) return Gescheitert("Die Datei '" + Name + "' konnte nicht gelesen werden.");
+    const auto Abfragen = AbfragenZerlegen(OhneBytefolgemarke(*Text));
+    if (Abfragen.empty()) return Gescheitert(MehrfachsucheOhneAbfrage);
+
+    Programmlauf Lauf(Global);
+    if (!Lauf.Bereit() || !Lauf.IndexLaden()) return Ausgang::Fehlgeschlagen;
+    Anwendung& Programm = Lauf.Programm();
+    const auto Resultate = MehrfachSuchen(Programm.Index, Programm.Puffer, Abfragen, Programm.Dienst.Person);
+    if (!Lauf.Json()) {
+        Tabelle Zeilen(Lauf.Text(), {"Abfrage", "Resultate"});
+        for (const auto& Eines : Resultate)
+            Zeilen.Zeile({Eines.Abfrage, Eines.Resultat});
+        Zeilen.Fertig();
+        return Lauf.Abschließen();
+    }
+    JsonSchreiber& Ziel = Lauf.Dokument();
+    Ziel.ListeAnfang();
+    for (const auto& Eines : Resultate) {
+        Ziel.ObjektAnfang();
+        Ziel.Text("Abfrage", Eines.Abfrage);
+        Ziel.Text("Resultat", Eines.Resultat);
+        Ziel.Name("Nummern");
+        Ziel.ListeAnfang();
+        for (const Satznummer Nummer : Eines.Nummern)
+            Ziel.Zahl(Nummer);
+        Ziel.ListeEnde();
+        Ziel.ObjektEnde();
+    }
+    Ziel.ListeEnde();
+    return Lauf.Abschließen();
+}
+
+Ausgang VorschlägeAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe) {
+    FeldPrüfen(Eingabe.Argumente[0]);
+    Programmlauf Lauf(Global);
+    if (!Lauf.Bereit() || !Lauf.IndexLaden()) return Ausgang::Fehlgeschlagen;
+    auto Werte = AutoCompleteFüllen(Lauf.Programm().Index, Eingabe.Argumente[0], true);
+    std::erase_if(Werte,
+                  [&](const std::string& Wert) { return !BeginntMitOhneGroß(Wert, Eingabe.Argumente[1]); });
+    if (Lauf.Json()) Lauf.Dokument().ListeAnfang();
+    for (const std::string& Wert : Werte) {
+        if (Lauf.Json()) {
+            Lauf.Dokument().Text(Wert);
+        } else {
+            Lauf.Text().Schreiben(Sichtbar(Wert) + "\n");
+        }
+    }
+    if (Lauf.Json()) Lauf.Dokument().ListeEnde();
     return Lauf.Abschließen();
 }
 

@@ -1,0 +1,20 @@
+// The distinct values of fields, for drop-downs and trees.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "index/katalog.h"
+#include "suche/feldwert.h"
+
+namespace liedwerk {
+
+// The display texts of the asked fields, record by record, each cut at its first character 0; empty ones and
+// those that are Gleich to an earlier one are left out. Only records whose mark is above 0 count, all when
+// there are no marks.
+std::vector<std::string> VerschiedeneWerte(const Katalog& Index, std::span<const Feldwahl> Gefragte,
+                                           bool AndererTag, std::span<const std::int16_t> Markierung = {});
+
+}  // namespace liedwerk
