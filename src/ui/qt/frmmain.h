@@ -66,7 +66,7 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     void TippZeigen(int) override {}
     int TippAnzahl() const override { return 0; }
     void SperreZeigen() override {}
-    void TagEditorZeigen() override {}
+    void TagEditorZeigen() override;
     void ShellEinträgeAnmelden() override {}  // the package does it here
     void EreignisuhrStarten() override {}
     void EigentümerZeigen(std::string_view Name) override;

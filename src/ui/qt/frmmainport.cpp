@@ -236,6 +236,12 @@ void frmMain::EigentümerZeigen(std::string_view Name) {
     frmEigentümer(Name, isVisible() ? this : nullptr).exec();
 }
 
+void frmMain::TagEditorZeigen() {
+    Programm->Dienst.Person.Melden(Symbol::Information,
+                                   "Der TAG-Editor ist in dieser Version noch nicht enthalten.\n"
+                                   "Ihre Dateien bleiben unverändert.");
+}
+
 void frmMain::SuchfeldFokussieren() {
     if (isVisible() && !isMinimized()) Suche->Fokussieren();
 }
