@@ -137,6 +137,10 @@ class Dateiersatz {
     Dateistand Zustand;
 };
 
+// The path behind symbolic links at the end of Pfad, also when nothing lies there yet; Pfad itself when it is
+// no link or the links do not end.
+std::string VerweiseAuflösen(std::string_view Pfad);
+
 // The state of a "~" file that lies beside a target.
 enum class Sperrzustand {
     Keine,     // no such file

@@ -25,9 +25,15 @@ struct Fensterlage {
     bool Maximiert = false;
 };
 
+// Kinds of interface components that the start looks at before it uses them.
+enum class Steuerelemente { Listen, BildFelder, TraySymbole, GrafischeMenüs, NeueBildFelder };
+
 class Hauptfenster {
   public:
     virtual ~Hauptfenster() = default;
+
+    // Touches one object of this kind; false when the component behind it is missing or damaged.
+    virtual bool SteuerelementeBereit(Steuerelemente Art) = 0;
 
     // List and labels.
     virtual void ListeFreigeben(bool Frei) = 0;               // the list can be used

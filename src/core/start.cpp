@@ -5,6 +5,7 @@
 #include <new>
 #include <numeric>
 #include <system_error>
+#include <utility>
 
 #include "basis/datei.h"
 #include "basis/pfad.h"
@@ -28,6 +29,10 @@ class Start {
     // Runs a stage under the general handler, behind its log line.
     void Stufe(std::string_view Logzeile, const std::function<void()>& Schritt);
     void FehlerBehandeln(const std::string& Beschreibung, int Nummer);
+    // The checks of the interface's components; false when one fails, which ends the process.
+    bool KomponentenPrüfen();
+    void KomponentenfehlerBehandeln(const std::string& Beschreibung, int Nummer);
+    void UnvollständigMelden(std::string_view Grund);
 
     void EinstellungenHolen();
     void IndexHolen();
@@ -63,19 +68,50 @@ void Start::Stufe(std::string_view Logzeile, const std::function<void()>& Schrit
     }
 }
 
-// Kept: in spite of its wording the message ends nothing.
-void Start::FehlerBehandeln(const std::string& Beschreibung, int Nummer) {
-    Person.Melden(Symbol::Kritisch, "Das Programm konnte nicht vollständig geladen werden.\n" + Beschreibung +
-                                        " (Fehler " + std::to_string(Nummer) +
-                                        ").\n\nStellen Sie sicher, dass das Programm durch das Setup korrekt "
+void Start::UnvollständigMelden(std::string_view Grund) {
+    Person.Melden(Symbol::Kritisch, "Das Programm konnte nicht vollständig geladen werden.\n" +
+                                        std::string(Grund) +
+                                        "\n\nStellen Sie sicher, dass das Programm durch das Setup korrekt "
                                         "installiert wurde.\nFühren Sie dieses "
                                         "evtl. erneut aus oder installieren Sie die neueste Version dieser "
                                         "Software sowie die 'Laufzeitdateien der "
                                         "Anwendung' von der Website.\n\nBitte wenden Sie sich an den "
                                         "Software-Autor, falls das Problem weiterhin "
                                         "besteht.");
+}
+
+// Kept: in spite of its wording the message ends nothing.
+void Start::FehlerBehandeln(const std::string& Beschreibung, int Nummer) {
+    UnvollständigMelden(Beschreibung + " (Fehler " + std::to_string(Nummer) + ").");
     Programm.Log.Schreiben("Main: Fehler - " + Beschreibung + " (" + std::to_string(Nummer) + ") " +
                            Zeitstempel(Programm.Dienst.Zeit));
+}
+
+void Start::KomponentenfehlerBehandeln(const std::string& Beschreibung, int Nummer) {
+    UnvollständigMelden("Eine Komponente fehlt oder ist beschädigt.");
+    Programm.Log.Schreiben("Main: Komponenten-Fehler - " + Beschreibung + " (" + std::to_string(Nummer) +
+                           ") " + Zeitstempel(Programm.Dienst.Zeit));
+}
+
+bool Start::KomponentenPrüfen() {
+    using enum Steuerelemente;
+    constexpr std::pair<Steuerelemente, std::string_view> Bauteile[] = {
+        {Listen, "Listen"},
+        {BildFelder, "Bild-Felder"},
+        {TraySymbole, "Tray-Symbole"},
+        {GrafischeMenüs, "Grafische Menüs"},
+        {NeueBildFelder, "Neue Bild-Felder"},
+    };
+    for (const auto& [Art, Name] : Bauteile) {
+        if (Programm.Log.Aktiv()) {
+            Programm.Log.Schreiben("Main: Steuerelemente prüfen - " + std::string(Name) + " " +
+                                   Zeitstempel(Programm.Dienst.Zeit));
+        }
+        if (Fenster.SteuerelementeBereit(Art)) continue;
+        KomponentenfehlerBehandeln(std::string(Name), static_cast<int>(Art));
+        return false;
+    }
+    return true;
 }
 
 void Start::EinstellungenHolen() {
@@ -213,10 +249,11 @@ void Start::Ausführen() {
         Programm.Startet = true;
         Programm.StartZeit = Programm.LetzteSpeicherung = Programm.Dienst.Zeit.Jetzt();
     });
-    // The toolkit comes in one piece: nothing to touch, but the log keeps its lines.
-    for (const auto* Bauteil :
-         {"Listen ", "Bild-Felder ", "Tray-Symbole ", "Grafische Menüs ", "Neue Bild-Felder "})
-        Stufe(std::string("Main: Steuerelemente prüfen - ") + Bauteil, {});
+    if (!KomponentenPrüfen()) {
+        // Nothing has been read yet, so there is nothing to save.
+        Programm.BeendenErbeten = true;
+        return;
+    }
     Stufe("Main: Einstellungen lesen ", [this] { EinstellungenHolen(); });
     Stufe("Main: Parameter verarbeiten und Index laden ", [this] { IndexHolen(); });
     if (!Programm.BeendenErbeten) {

@@ -99,7 +99,7 @@ std::optional<bool> IndexSuchen(const Ladevorgang& Lauf) {
 
 bool NeuErstellen(const Ladevorgang& Lauf) {
     Dateiersatz Ersatz;
-    const auto Öffnung = Ersatz.Öffnen(Lauf.Datei, Lauf.Datei + std::string(TemporärEndung));
+    const auto Öffnung = Ersatz.Öffnen(Lauf.Datei, TemporärnameVon(Lauf.Datei));
     if (Öffnung == Dateiersatz::Öffnung::Gesperrt) {
         return Lauf.ZugriffGescheitert({1, "Die Datei wird gerade von einem anderen Programm geschrieben"});
     }

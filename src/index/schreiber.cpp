@@ -227,7 +227,7 @@ Speicherergebnis DateiSpeichern(Katalog& Index, const Einstellungen& Werte, cons
     Speichervorgang Lauf{
         Index, Umgebung,       Zeitweilig ? TemporärerIndex(Umgebung) : std::string(Dateiname),
         {},    MitFortschritt, {}};
-    Lauf.Temporär = Lauf.Ziel + std::string(TemporärEndung);
+    Lauf.Temporär = TemporärnameVon(Lauf.Ziel);
     if (!ÜberschreibenErlaubt(Lauf)) return Speicherergebnis::Abgebrochen;
     if (Werte.BackupsSpeichern == 1 && DateiExistiert(Lauf.Ziel)) {
         SicherungskopienFühren(Lauf.Ziel, Werte, Umgebung, Index.Programmmodus == ModusIndexdatei);

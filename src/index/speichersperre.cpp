@@ -43,7 +43,7 @@ void AnStelleSetzen(const std::string& Temporär, const std::string& Datei, cons
     if (DateiExistiert(Datei)) {
         Fehler = DateiKopieren(Datei, SicherungskopieName(Datei, Umgebung.Zeit.Jetzt()));
     }
-    if (!Fehler) Fehler = DateiUmbenennen(Temporär, Datei);
+    if (!Fehler) Fehler = DateiUmbenennen(Temporär, VerweiseAuflösen(Datei));
     const std::string Stempel = " " + Zeitstempel(Umgebung.Zeit);
     if (Fehler) {
         Umgebung.Log.Schreiben("DateiLaden: Fehler - " + std::to_string(Fehler.Nummer) + ", " + Fehler.Text +
@@ -55,8 +55,12 @@ void AnStelleSetzen(const std::string& Temporär, const std::string& Datei, cons
 
 }  // namespace
 
+std::string TemporärnameVon(const std::string& Datei) {
+    return VerweiseAuflösen(Datei) + std::string(TemporärEndung);
+}
+
 bool SpeicherendeAbwarten(const std::string& Datei, bool MitFortschritt, const Indexumgebung& Umgebung) {
-    const std::string Temporär = Datei + std::string(TemporärEndung);
+    const std::string Temporär = TemporärnameVon(Datei);
     if (!DateiExistiert(Temporär)) return true;
     Abwarten(Temporär, Datei, MitFortschritt, Umgebung);
     if (!DateiExistiert(Temporär)) return true;

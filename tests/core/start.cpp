@@ -73,6 +73,17 @@ TEST_F(Starttest, DieStufenStehenInIhrerReihenfolgeImProtokoll) {
     EXPECT_FALSE(P->Startet);
 }
 
+TEST_F(Starttest, EineFehlendeKomponenteBeendetDenStartOhneSpuren) {
+    Fenster.FehlendesSteuerelement = Steuerelemente::TraySymbole;
+    Starten();
+    ASSERT_EQ(Person.Meldungen.size(), 1U);
+    EXPECT_NE(Person.Meldungen[0].find("geladen werden.\nEine Komponente fehlt oder ist beschädigt.\n\n"),
+              std::string::npos);
+    EXPECT_TRUE(P->BeendenErbeten);
+    EXPECT_TRUE(Fenster.Rufe.empty());
+    EXPECT_TRUE(Werte.Inhalt.empty());
+}
+
 TEST_F(Starttest, OhneLogMeEntstehtKeinProtokoll) {
     Starten();
     EXPECT_FALSE(std::filesystem::exists(Ordner + "/programm/log.txt"));

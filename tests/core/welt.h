@@ -6,6 +6,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,6 +37,8 @@ class Merkfenster final : public Hauptfenster {
     }
     void Merken(std::string Ruf) { Rufe.push_back(std::move(Ruf)); }
 
+    std::optional<Steuerelemente> FehlendesSteuerelement;  // a component that is damaged
+    bool SteuerelementeBereit(Steuerelemente Art) override { return FehlendesSteuerelement != Art; }
     void ListeFreigeben(bool Frei) override {
         Merken(Frei ? "Liste frei" : "Liste gesperrt");
         if (InListeFreigeben) InListeFreigeben();

@@ -145,6 +145,20 @@ TEST_F(LadenTest, LaufendesSpeichernWirdAbgewartetUndNieGestört) {
     EXPECT_TRUE(Person.Gefragt.empty());
 }
 
+TEST_F(LadenTest, EinVerweisAufDenIndexKenntDieTemporärdateiDerEchtenDatei) {
+    fs::create_directory(Ordner + "/fern");
+    const std::string Echt = Ordner + "/fern/echt.lwi";
+    Ablegen(Echt, Kopf() + Beispielzeile + "\r\n");
+    fs::create_symlink(Echt, Datei);
+    Ablegen(Echt + "~", "angefangen");
+    EXPECT_EQ(Laden(Datei), Ladeergebnis::Fehlschlag);
+    Person.Antworten = {Antwort::Ja};
+    EXPECT_EQ(Laden(Datei), Ladeergebnis::Index);
+    EXPECT_FALSE(fs::exists(Echt + "~"));
+    EXPECT_EQ(Speichern(), Speicherergebnis::Gespeichert);
+    EXPECT_TRUE(fs::is_symlink(Datei));
+}
+
 TEST_F(LadenTest, GanzeTemporärdateiTrittAnDieStelleEinesFehlendenOderKaputtenIndex) {
     const std::string Ganz = Kopf() + Beispielzeile + "\r\n";
     for (const std::string& Alt : {std::string(), std::string("#TAG:lw102\r\n#TAG:5|abc\r\n")}) {

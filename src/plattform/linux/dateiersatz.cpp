@@ -197,6 +197,11 @@ bool AllesSchreiben(int Griff, std::string_view Bytes, Dateifehler& Fehler) {
 
 }  // namespace
 
+std::string VerweiseAuflösen(std::string_view Pfad) {
+    const auto Name = Systempfad(Pfad);
+    return Name ? LetztesZiel(*Name).value_or(*Name) : std::string(Pfad);
+}
+
 Dateiersatz::~Dateiersatz() {
     Verwerfen();
 }

@@ -43,6 +43,7 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     // Saves without a question; the session may go on all the same.
     void SitzungSichern();
 
+    bool SteuerelementeBereit(Steuerelemente Art) override;
     void ListeFreigeben(bool Frei) override;
     void IndexnameZeigen(std::string_view Name) override;
     void SpaltenZeigen() override;

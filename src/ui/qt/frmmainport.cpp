@@ -1,6 +1,7 @@
 // The main window as the core sees it.
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QMenuBar>
 #include <QScreen>
 #include <algorithm>
 
@@ -11,6 +12,7 @@
 #include "ui/qt/frmhinweise.h"
 #include "ui/qt/frmmain.h"
 #include "ui/qt/qttext.h"
+#include "ui/qt/symbole.h"
 
 using namespace Qt::StringLiterals;
 
@@ -41,6 +43,23 @@ QFont Listenschrift(const Einstellungen& Werte) {
 }
 
 }  // namespace
+
+bool frmMain::SteuerelementeBereit(Steuerelemente Art) {
+    switch (Art) {
+        case Steuerelemente::Listen:
+            return lstSongs->model() != nullptr;
+        // Without Qt's drawing of SVG files every symbol would stay empty.
+        case Steuerelemente::BildFelder:
+            return !Symbolbild("suchen").pixmap(16, 16).isNull();
+        case Steuerelemente::NeueBildFelder:
+            return !DateisymbolVon("x.mp3").Bild.pixmap(16, 16).isNull();
+        case Steuerelemente::TraySymbole:
+            return !Programmsymbol().pixmap(16, 16).isNull();
+        case Steuerelemente::GrafischeMenüs:
+            return !menuBar()->actions().isEmpty();
+    }
+    return true;
+}
 
 void frmMain::ListeFreigeben(bool Frei) {
     ListeFrei = Frei;

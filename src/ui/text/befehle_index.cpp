@@ -5,6 +5,7 @@
 #include "core/suchlauf.h"
 #include "index/indexformat.h"
 #include "index/schreiber.h"
+#include "index/speichersperre.h"
 #include "suche/feldwert.h"
 #include "suche/sortieren.h"
 #include "ui/text/befehle.h"
@@ -78,7 +79,7 @@ bool Bestätigt(Programmlauf& Lauf, const std::string& Frage) {
 // Puts an empty index in the place of an existing file, in one step.
 bool DurchLeerenErsetzen(const std::string& Name) {
     Dateiersatz Ersatz;
-    if (Ersatz.Öffnen(Name, Name + std::string(TemporärEndung)) == Dateiersatz::Öffnung::Bereit &&
+    if (Ersatz.Öffnen(Name, TemporärnameVon(Name)) == Dateiersatz::Öffnung::Bereit &&
         Ersatz.Schreiben(std::string(IndexVersionNeu) + std::string(Zeilenende)) && Ersatz.Übernehmen())
         return true;
     Fehlermelden("Die Indexdatei '" + Name + "' konnte nicht ersetzt werden: " +

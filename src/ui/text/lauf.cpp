@@ -11,7 +11,7 @@
 #include "core/laden.h"
 #include "core/start.h"
 #include "core/startauftrag.h"
-#include "index/indexformat.h"
+#include "index/speichersperre.h"
 #include "plattform/linux/ordner.h"
 #include "plattform/linux/orte.h"
 #include "plattform/linux/terminal.h"
@@ -110,7 +110,7 @@ bool Programmlauf::IndexLaden(bool Anlegen) {
         return false;
     }
     // A "~" file beside a missing index may be a whole save that was cut short: the load asks about it.
-    const std::string Temporär = Name + std::string(TemporärEndung);
+    const std::string Temporär = TemporärnameVon(Name);
     if (!Anlegen && !DateiExistiert(Name) && !DateiExistiert(Temporär)) {
         Fehlermelden(
             "Die Indexdatei '" + Name +

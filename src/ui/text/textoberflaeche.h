@@ -47,6 +47,7 @@ class Textoberfläche final : public Oberfläche {
 // The main window where there is none.
 class OhneFenster final : public Hauptfenster {
   public:
+    bool SteuerelementeBereit(Steuerelemente) override { return true; }
     void ListeFreigeben(bool) override {}
     void IndexnameZeigen(std::string_view) override {}
     void SpaltenZeigen() override {}
