@@ -53,6 +53,20 @@ bereit "$gross"
 foto hauptfenster 1280x800 "$waehlen"
 foto suche 1280x800 'xdotool type --delay 60 "montag"; sleep 1.5'
 foto nichtsgefunden 1280x800 'xdotool type --delay 60 "montak"; sleep 1.5'
+foto vervollstaendigen 1280x800 \
+    'xdotool key alt+u; xdotool type "Titel"; xdotool key Tab; xdotool type --delay 60 "M"; sleep 0.3; xdotool key alt+Down'
+foto abfrage 1280x800 'xdotool key ctrl+shift+h'
+foto abfragen 1280x800 \
+    'xdotool type "die"; sleep 1.5; xdotool key ctrl+shift+h; sleep 0.7; xdotool type "nacht"; xdotool key Return'
+foto mehrereabfragen 1280x800 \
+    'xdotool type "die"; sleep 1.5; xdotool key ctrl+shift+h; sleep 0.7; xdotool type "a"; xdotool key Return; sleep 0.7; xdotool key Return'
+foto wertebaum 1280x800 \
+    'xdotool key ctrl+shift+m; sleep 0.7; xdotool key alt+e; sleep 0.7; xdotool key Right; sleep 0.3; xdotool key Down Right Down'
+foto mehrfachsuche 1280x800 \
+    'xdotool key ctrl+shift+m; sleep 0.7; xdotool key Tab Tab Tab Tab Tab space; sleep 0.7
+     for zeile in "Montag" "der - nacht" "gibt es nicht" "-"; do xdotool type -- "$zeile"; xdotool key Return; done
+     xdotool key ctrl+Return'
+foto sortieren 1280x800 'xdotool key ctrl+shift+r'
 foto hinzufuegen 1280x800 'xdotool key ctrl+n'
 foto info 1280x800 'xdotool key F1'
 foto beenden 1280x800 'xdotool key ctrl+q'

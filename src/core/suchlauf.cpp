@@ -31,6 +31,13 @@ void SucheLöschen(Anwendung& Programm) {
     SucheAktualisieren(Programm);
 }
 
+void DatensätzeZeigen(Anwendung& Programm, const std::vector<Satznummer>& Datensätze) {
+    ListeVollständigErstellen(Programm.Ansicht, Datensätze, Programm.Log, Programm.Dienst.Zeit);
+    Programm.Dienst.Fenster.ListeZeigen();
+    Programm.Dienst.Fenster.AuswahlZeigen();
+    Programm.Dienst.Fenster.VorschlägeZeigen(true, {});
+}
+
 void SpaltenAusIndex(Anwendung& Programm) {
     Programm.Ansicht.Spalten = SpaltenEinrichten(Programm.Index.Optionen.Spalten);
     Programm.Dienst.Fenster.SpaltenZeigen();

@@ -9,6 +9,8 @@ namespace liedwerk {
 void SucheAktualisieren(Anwendung& Programm, bool MitVorschlägen = false);
 // cmdSucheLöschen: empty row, empty set, whole index.
 void SucheLöschen(Anwendung& Programm);
+// Shows the given records in their order instead of a search's result.
+void DatensätzeZeigen(Anwendung& Programm, const std::vector<Satznummer>& Datensätze);
 // Columns of the list from the index's layout string.
 void SpaltenAusIndex(Anwendung& Programm);
 // The window's columns into the layout string; marks the index as changed when they differ.

@@ -11,8 +11,11 @@
 #include "ui/qt/frmdateinichtverfuegbar.h"
 #include "ui/qt/frmhinweise.h"
 #include "ui/qt/frmindexhinzufuegen.h"
+#include "ui/qt/frmsortieren.h"
 #include "ui/qt/frmsucheerweitert.h"
 #include "ui/qt/frmsucheerweiterthinzufuegen.h"
+#include "ui/qt/frmsucheerweiterthinzufuegenneu.h"
+#include "ui/qt/frmsuchetextbasiert.h"
 #include "ui/qt/symbole.h"
 #include "ui/qt/uebersetzer.h"
 
@@ -99,10 +102,17 @@ TEST(Formen, JedesSteuerelementHatNamenUndEigeneTaste) {
     FormPrüfen(Info);
     frmWillkommen Willkommen("Liedwerk", nullptr);
     FormPrüfen(Willkommen);
-    frmSucheErweitert Erweitert(Eins.Programm.Abfragen, Eins.Programm.Werte, Eins.Person, nullptr);
+    frmSucheErweitert Erweitert(Eins.Programm, nullptr);
     FormPrüfen(Erweitert);
     frmSucheErweitertHinzufügen Abfrage(Eins.Programm.Abfragen, 1, Eins.Programm.Werte, Eins.Person, nullptr);
     FormPrüfen(Abfrage);
+    frmSucheErweitertHinzufügenNeu Baum(Eins.Programm.Index, Eins.Programm.Puffer, Eins.Programm.Abfragen,
+                                        false, Eins.Person, nullptr);
+    FormPrüfen(Baum);
+    frmSucheTextbasiert Mehrfach(Eins.Programm.Index, Eins.Programm.Puffer, Eins.Person, nullptr);
+    FormPrüfen(Mehrfach);
+    frmSortieren Sortieren("Titel", Eins.Person, nullptr);
+    FormPrüfen(Sortieren);
     frmFortschritt Fortschritt(nullptr);
     FormPrüfen(Fortschritt);
 }

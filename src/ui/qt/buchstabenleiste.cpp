@@ -5,7 +5,6 @@
 
 #include "index/spalten.h"
 #include "ui/qt/qttext.h"
-#include "ui/qt/symbole.h"
 
 using namespace Qt::StringLiterals;
 
@@ -51,7 +50,6 @@ Buchstabenleiste::Buchstabenleiste(QWidget* Eltern) : QWidget(Eltern) {
     }
     cmdSucheBuchstabeEinstellen = new QToolButton(this);
     cmdSucheBuchstabeEinstellen->setObjectName(u"cmdSucheBuchstabeEinstellen"_s);
-    cmdSucheBuchstabeEinstellen->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     cmdSucheBuchstabeEinstellen->setAutoRaise(true);
     cmdSucheBuchstabeEinstellen->setPopupMode(QToolButton::InstantPopup);
     cmdSucheBuchstabeEinstellen->setFocusPolicy(Qt::TabFocus);
@@ -61,7 +59,8 @@ Buchstabenleiste::Buchstabenleiste(QWidget* Eltern) : QWidget(Eltern) {
     Zeile->addWidget(cmdSucheBuchstabeEinstellen);
     const auto Beschriften = [this] {
         const QString Name = Feld().isEmpty() ? u"(kein Feld)"_s : Feld();
-        cmdSucheBuchstabeEinstellen->setText(Name);
+        // Some room for the arrow of the menu.
+        cmdSucheBuchstabeEinstellen->setText(Name + u"    "_s);
         cmdSucheBuchstabeEinstellen->setAccessibleName(u"Feld der Buchstaben: "_s + Name);
         for (QToolButton* const Knopf : cmdSucheBuchstabe)
             Knopf->setToolTip(u"%1 beginnt mit %2"_s.arg(Name, Knopf->text()));

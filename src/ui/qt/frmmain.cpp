@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "core/suchlauf.h"
+#include "suche/vervollstaendigung.h"
 #include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
 
@@ -137,9 +138,15 @@ void frmMain::AktionenAnlegen() {
                                    {QKeySequence(u"Ctrl+Shift+E"_s)}, &frmMain::cmdSucheÄndern_Click);
     mnuSucheMehr = AktionAnlegen(u"mnuSucheMehr"_s, u"&Mehrere Such-Abfragen..."_s, "suche-mehr",
                                  {QKeySequence(u"Ctrl+Shift+M"_s)}, &frmMain::cmdSucheMehr_Click);
+    // The heading of the pane says what they are for; the whole texts would not fit there.
+    mnuSucheHinzufügen->setIconText(u"Abfrage hinzufügen"_s);
+    mnuSucheÄndern->setIconText(u"Abfrage ändern"_s);
+    mnuSucheMehr->setIconText(u"Mehrere Abfragen"_s);
     mnuSchnellsuche = AktionAnlegen(u"mnuSchnellsuche"_s, u"S&chnellsuche"_s, nullptr,
                                     {QKeySequence(u"F8"_s)}, &frmMain::mnuSchnellsuche_Click);
     mnuSchnellsuche->setCheckable(true);
+    mnuSortieren = AktionAnlegen(u"mnuSortieren"_s, u"So&rtieren..."_s, "sortieren",
+                                 {QKeySequence(u"Ctrl+Shift+R"_s)}, &frmMain::mnuSortieren_Click);
     mnuBeschreibungsleiste = AktionAnlegen(u"mnuBeschreibungsleiste"_s, u"&Beschreibungsleiste"_s, nullptr,
                                            {QKeySequence(u"F9"_s)}, &frmMain::mnuBeschreibungsleiste_Click);
     mnuBeschreibungsleiste->setCheckable(true);
@@ -161,6 +168,8 @@ void frmMain::MenüsAnlegen() {
     Bearbeiten->addActions({mnuSuchen, mnuSucheHinzufügen, mnuSucheÄndern, mnuSucheMehr, mnuSucheLeeren});
     Bearbeiten->addSeparator();
     Bearbeiten->addActions({mnuAllesAuswählen, mnuPfadKopieren, mnuOrdnerÖffnen});
+    Bearbeiten->addSeparator();
+    Bearbeiten->addAction(mnuSortieren);
 
     QMenu* const Ansicht = menuBar()->addMenu(u"&Ansicht"_s);
     Ansicht->addAction(
@@ -176,7 +185,7 @@ void frmMain::MenüsAnlegen() {
     menuBar()->addMenu(u"&Hilfe"_s)->addAction(mnuInfo);
     // Shortcuts hold while a menu is not in the bar, too.
     addActions({mnuHinzufügen, mnuOrdnerHinzufügen, mnuDateienHinzufügen, mnuSpeichern, mnuÖffnen, mnuBeenden,
-                mnuAllesAuswählen, mnuPfadKopieren, mnuOrdnerÖffnen, mnuSuchen, mnuSucheLeeren,
+                mnuAllesAuswählen, mnuPfadKopieren, mnuOrdnerÖffnen, mnuSuchen, mnuSucheLeeren, mnuSortieren,
                 mnuSucheHinzufügen, mnuSucheÄndern, mnuSucheMehr, mnuSchnellsuche, mnuBeschreibungsleiste,
                 mnuInfo});
 }
@@ -215,6 +224,11 @@ QWidget* frmMain::ListenbereichAnlegen() {
     lstSongs = new Listenansicht(*Modell, Bereich);
     lstSongs->AuswahlGeändert = [this] { lstSongs_AuswahlGeändert(); };
     lstSongs->SpaltenGeändert = [this] { lstSongs_SpaltenGeändert(); };
+    lstSongs->KopfGeklickt = [this](int Abschnitt) {
+        // Behind the click: the head is done with it before its columns may change.
+        QMetaObject::invokeMethod(
+            this, [this, Abschnitt] { lstSongs_ColumnClick(Abschnitt); }, Qt::QueuedConnection);
+    };
     lstSongs->Abgelegt = [this](std::vector<std::string> Pfade) { PfadeAblegen(std::move(Pfade)); };
     lstSongs->Ziehdaten = [this] { return AuswahlDaten(true); };
     lstSongs->SpaltenmenüErbeten = [this](const QPoint& Ort) {
@@ -295,6 +309,9 @@ void frmMain::OberflächeAnlegen() {
 
     Suche = new Suchleiste(Programm->Werte, Programm->Abfragen, Mitte);
     Suche->setObjectName(u"fraSuche"_s);
+    Suche->Feldwerte = [this](std::string_view Feld) {
+        return AutoCompleteFüllen(Programm->Index, Feld, Programm->Werte.Auswahlliste == 1);
+    };
     Suche->Aktualisieren = [this] { SucheAktualisieren(*Programm); };
     Suche->Löschen = [this] { cmdSucheLöschen_Click(); };
     Suche->ZurListe = [this] {

@@ -114,6 +114,8 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     void cmdSucheMehr_Click();
     void cmdSucheBuchstabe_Click(const QString& Buchstabe);
     void mnuSchnellsuche_Click();
+    void mnuSortieren_Click();
+    void lstSongs_ColumnClick(int Spalte);
     void mnuBeschreibungsleiste_Click();
     void mnuInfo_Click();
     void cmdBeenden_Click();
@@ -173,6 +175,7 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     QAction* mnuSucheÄndern = nullptr;
     QAction* mnuSucheMehr = nullptr;
     QAction* mnuSchnellsuche = nullptr;
+    QAction* mnuSortieren = nullptr;
     QAction* mnuBeschreibungsleiste = nullptr;
     QAction* mnuInfo = nullptr;
     QAction* mnuBeenden = nullptr;

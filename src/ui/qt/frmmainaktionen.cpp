@@ -42,6 +42,7 @@ void frmMain::AktionenNachführen() {
         Aktion->setEnabled(Geladen);
     mnuSpeichern->setEnabled(ListeFrei && Modus == ModusIndexdatei);
     const bool MitZeilen = !Programm->Ansicht.Zeilen.empty();
+    mnuSortieren->setEnabled(ListeFrei && Programm->Index.IndexAnzahl() > 0);
     mnuAllesAuswählen->setEnabled(ListeFrei && MitZeilen);
     mnuSucheLeeren->setEnabled(ListeFrei && Suche->Gefüllt());
     for (QAction* const Aktion : {mnuSucheHinzufügen, mnuSucheÄndern, mnuSucheMehr})

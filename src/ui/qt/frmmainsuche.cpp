@@ -1,6 +1,10 @@
 // What the main window does around the search: row, queries, letters, suggestions.
+#include <QHeaderView>
+
+#include "core/sortierlauf.h"
 #include "core/suchlauf.h"
 #include "ui/qt/frmmain.h"
+#include "ui/qt/frmsortieren.h"
 #include "ui/qt/frmsucheerweitert.h"
 #include "ui/qt/frmsucheerweiterthinzufuegen.h"
 #include "ui/qt/qttext.h"
@@ -69,8 +73,12 @@ void frmMain::AbfrageBearbeiten(std::size_t Nummer) {
 }
 
 void frmMain::AbfragenAuflisten() {
-    frmSucheErweitert(Programm->Abfragen, Programm->Werte, Programm->Dienst.Person, this).exec();
-    MengeSuchen();
+    frmSucheErweitert Form(*Programm, this);
+    if (Form.exec() == frmSucheErweitert::ImHauptfenster) {
+        DatensätzeZeigen(*Programm, Form.FürHauptfenster());
+    } else {
+        MengeSuchen();
+    }
 }
 
 void frmMain::cmdSucheBuchstabe_Click(const QString& Buchstabe) {
@@ -82,6 +90,22 @@ void frmMain::cmdSucheBuchstabe_Click(const QString& Buchstabe) {
     if (!BuchstabensucheSetzen(Programm->Abfragen, Utf8Text(Buchstabe), Utf8Text(Feld)))
         Person.Melden(Symbol::Ausrufezeichen, "Die Such-Abfrage konnte nicht gespeichert werden.");
     MengeSuchen();
+}
+
+void frmMain::mnuSortieren_Click() {
+    // By the keyboard there is no head under the pointer: the first column stands for it.
+    lstSongs_ColumnClick(lstSongs->header()->logicalIndex(1));
+}
+
+void frmMain::lstSongs_ColumnClick(int Spalte) {
+    if (!Bereit() || Programm->Index.IndexAnzahl() == 0) return;
+    Suche->AusstehendesAusführen();
+    const auto& Spalten = Programm->Ansicht.Spalten;
+    const auto Platz = static_cast<std::size_t>(Spalte - 1);
+    frmSortieren Form(Spalte > 0 && Platz < Spalten.size() ? Spaltenfeld(Spalten[Platz]) : std::string_view(),
+                      Programm->Dienst.Person, this);
+    if (Form.exec() == QDialog::Accepted)
+        SortierenLauf(*Programm, Form.Sortierkriterien(), Form.Absteigend());
 }
 
 }  // namespace liedwerk

@@ -6,6 +6,8 @@
 
 #include "ui/qt/formkopf.h"
 #include "ui/qt/frmsucheerweiterthinzufuegen.h"
+#include "ui/qt/frmsucheerweiterthinzufuegenneu.h"
+#include "ui/qt/frmsuchetextbasiert.h"
 #include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
 
@@ -13,9 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace liedwerk {
 
-frmSucheErweitert::frmSucheErweitert(Suchabfragen& Abfragen, Einstellungen& Einstellwerte,
-                                     Oberfläche& Dialoge, QWidget* Eltern)
-    : QDialog(Eltern), Menge(Abfragen), Werte(Einstellwerte), Person(Dialoge) {
+frmSucheErweitert::frmSucheErweitert(Anwendung& Lauf, QWidget* Eltern)
+    : QDialog(Eltern), Programm(Lauf), Menge(Lauf.Abfragen), Person(Lauf.Dienst.Person) {
     setObjectName(u"frmSucheErweitert"_s);
     setWindowTitle(u"Erweiterte Suche"_s);
     QVBoxLayout* const Spalte = Formspalte(*this);
@@ -38,10 +39,13 @@ frmSucheErweitert::frmSucheErweitert(Suchabfragen& Abfragen, Einstellungen& Eins
         Knöpfe->addWidget(Einer);
     };
     Knopf(u"cmdSucheNeu"_s, u"&Standard-Suche hinzufügen"_s, [this] { AbfrageBearbeiten(0); });
+    Knopf(u"cmdSucheNeuErweitert"_s, u"&Einfache Suche hinzufügen"_s,
+          [this] { cmdSucheNeuErweitert_Click(); });
     Knöpfe->addSpacing(10);
     Knopf(u"cmdSucheÄndern"_s, u"Ä&ndern..."_s, [this] { cmdSucheÄndern_Click(); });
     Knopf(u"cmdSucheLöschen"_s, u"&Löschen"_s, [this] { cmdSucheLöschen_Click(); });
     Knöpfe->addStretch(1);
+    Knopf(u"cmdSucheTestbasiert"_s, u"Mehrfachsuche"_s, [this] { cmdSucheTestbasiert_Click(); });
     auto* const Löschtaste =
         new QShortcut(QKeySequence::Delete, lstSucheAuflistung, nullptr, nullptr, Qt::WidgetShortcut);
     connect(Löschtaste, &QShortcut::activated, this, [this] { cmdSucheLöschen_Click(); });
@@ -65,11 +69,25 @@ void frmSucheErweitert::AuflistungFüllen(int Gewählt) {
 
 void frmSucheErweitert::AbfrageBearbeiten(std::size_t Nummer) {
     const std::size_t Vorher = Menge.SucheAnzahl();
-    frmSucheErweitertHinzufügen Form(Menge, Nummer, Werte, Person, this);
+    frmSucheErweitertHinzufügen Form(Menge, Nummer, Programm.Werte, Person, this);
     if (Form.exec() != Accepted) return;
     const bool Neu = Menge.SucheAnzahl() > Vorher;
     AuflistungFüllen(static_cast<int>(Neu ? Vorher : Nummer - 1));
-    if (Werte.SucheDirektStarten == 1) accept();
+    if (Programm.Werte.SucheDirektStarten == 1) accept();
+}
+
+void frmSucheErweitert::cmdSucheNeuErweitert_Click() {
+    const std::size_t Vorher = Menge.SucheAnzahl();
+    frmSucheErweitertHinzufügenNeu Form(Programm.Index, Programm.Puffer, Menge,
+                                        Programm.Werte.SucheAlsWortStandard == 1, Person, this);
+    if (Form.exec() == Accepted) AuflistungFüllen(static_cast<int>(Vorher));
+}
+
+void frmSucheErweitert::cmdSucheTestbasiert_Click() {
+    frmSucheTextbasiert Form(Programm.Index, Programm.Puffer, Person, this);
+    if (Form.exec() != Accepted) return;
+    Gewählte = Form.FürHauptfenster();
+    done(ImHauptfenster);
 }
 
 void frmSucheErweitert::cmdSucheÄndern_Click() {
@@ -98,7 +116,7 @@ void frmSucheErweitert::cmdSucheLöschen_Click() {
 }
 
 void frmSucheErweitert::done(int Ergebnis) {
-    if (Menge.SucheAnzahl() == 0) {
+    if (Menge.SucheAnzahl() == 0 && Ergebnis != ImHauptfenster) {
         Person.Melden(Symbol::Information, "Bitte fügen Sie mindestens eine Such-Abfrage hinzu.");
         return;
     }

@@ -5,28 +5,32 @@
 #include <QDialog>
 #include <QListWidget>
 
-#include "basis/einstellungen.h"
-#include "basis/oberflaeche.h"
-#include "suche/abfrage.h"
+#include "core/anwendung.h"
 
 namespace liedwerk {
 
 class frmSucheErweitert final : public QDialog {
   public:
-    frmSucheErweitert(Suchabfragen& Abfragen, Einstellungen& Einstellwerte, Oberfläche& Dialoge,
-                      QWidget* Eltern);
+    // What done ends with when the batch search's records shall be shown in the main window instead.
+    static constexpr int ImHauptfenster = 2;
+
+    frmSucheErweitert(Anwendung& Lauf, QWidget* Eltern);
+    const std::vector<Satznummer>& FürHauptfenster() const { return Gewählte; }
     // Refused while there is no query.
     void done(int Ergebnis) override;
 
   private:
     void AuflistungFüllen(int Gewählt);
     void AbfrageBearbeiten(std::size_t Nummer);
+    void cmdSucheNeuErweitert_Click();
     void cmdSucheÄndern_Click();
     void cmdSucheLöschen_Click();
+    void cmdSucheTestbasiert_Click();
 
+    Anwendung& Programm;
     Suchabfragen& Menge;
-    Einstellungen& Werte;
     Oberfläche& Person;
+    std::vector<Satznummer> Gewählte;
     QListWidget* lstSucheAuflistung;
 };
 

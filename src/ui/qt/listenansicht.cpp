@@ -65,10 +65,15 @@ Listenansicht::Listenansicht(Listenmodell& Zeilen, QWidget* Eltern) : QTreeView(
     Kopf->setAccessibleName(u"Spaltenköpfe"_s);
     Kopf->setSectionsMovable(true);
     Kopf->setFirstSectionMovable(false);
+    Kopf->setSectionsClickable(true);
+    Kopf->setHighlightSections(false);
     Kopf->setMinimumSectionSize(24);
     Kopf->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(Kopf, &QHeaderView::customContextMenuRequested, this, [this, Kopf](const QPoint& Ort) {
         if (SpaltenmenüErbeten) SpaltenmenüErbeten(Kopf->mapToGlobal(Ort));
+    });
+    connect(Kopf, &QHeaderView::sectionClicked, this, [this](int Abschnitt) {
+        if (KopfGeklickt) KopfGeklickt(Abschnitt);
     });
     const auto Melden = [this] {
         if (!Einrichtend && SpaltenGeändert) SpaltenGeändert();

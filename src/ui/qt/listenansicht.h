@@ -18,6 +18,7 @@ class Listenansicht final : public QTreeView {
 
     std::function<void()> AuswahlGeändert;
     std::function<void()> SpaltenGeändert;                      // by the person, not by SpaltenZeigen
+    std::function<void(int Spalte)> KopfGeklickt;               // column of the model; not at a drag
     std::function<void(const QPoint& Ort)> SpaltenmenüErbeten;  // place on the screen
     std::function<void(std::vector<std::string> Pfade)> Abgelegt;
     std::function<QMimeData*()> Ziehdaten;  // of the selected files; null: nothing can be dragged

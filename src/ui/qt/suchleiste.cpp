@@ -5,12 +5,14 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QStyle>
 #include <QStyleOptionFrame>
 #include <QStylePainter>
 
 #include "index/spalten.h"
 #include "suche/feldwert.h"
+#include "suche/vervollstaendigung.h"
 #include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
 
@@ -24,6 +26,12 @@ Suchfeld::Suchfeld(QWidget* Eltern) : QComboBox(Eltern) {
     setEditable(true);
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
+    setModel(&Modell);
+    // One height for all entries and no look at their widths: a long list must open at once.
+    static_cast<QListView*>(view())->setUniformItemSizes(true);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(20);
+    setMaxVisibleItems(20);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     lineEdit()->setPlaceholderText(u"Suchbegriff eingeben"_s);
     lineEdit()->setAccessibleName(u"Suchbegriff"_s);
@@ -36,6 +44,23 @@ void Suchfeld::EingabeAusrichten() {
     const bool OhneListe = count() == 0;
     lineEdit()->setFrame(OhneListe);
     if (OhneListe) lineEdit()->setGeometry(rect());
+}
+
+void Suchfeld::ListeSetzen(std::vector<std::string> Einträge) {
+    if (Einträge.empty() && count() == 0) return;
+    const QString Text = currentText();
+    const int Stelle = lineEdit()->cursorPosition();
+    Modell.Setzen(std::move(Einträge));
+    setCurrentIndex(-1);
+    setEditText(Text);
+    lineEdit()->setCursorPosition(Stelle);
+    EingabeAusrichten();
+    update();
+}
+
+void Suchfeld::EintragWählen(int Nummer) {
+    setCurrentIndex(Nummer);
+    if (const QString Text = itemText(Nummer); currentText() != Text) setEditText(Text);
 }
 
 void Suchfeld::keyPressEvent(QKeyEvent* Ereignis) {
@@ -119,8 +144,10 @@ Suchleiste::Suchleiste(const Einstellungen& Einstellwerte, const Suchabfragen& A
         if (TextGeändert) TextGeändert();
         txtSongname_Change();
     });
-    connect(cboSuche, &QComboBox::currentIndexChanged, this,
-            [this] { cmdSucheLöschen->setEnabled(Gefüllt()); });
+    connect(cboSuche, &QComboBox::currentIndexChanged, this, [this] {
+        cmdSucheLöschen->setEnabled(Gefüllt());
+        AuswahllisteFüllen();
+    });
     cmdSucheLöschen->setEnabled(false);
     connect(cboSuche, &QComboBox::activated, this, [this] { cboSuche_Click(); });
     connect(cmdSucheLöschen, &QToolButton::clicked, this, [this] {
@@ -163,6 +190,7 @@ void Suchleiste::TextSuchen(const QString& Text) {
     txtSongname->setEditText(Text);
     SucheÄnderungSperren = false;
     SucheSofort = true;
+    AutoCompleteÜberspringen = true;  // the word is meant as it stands
     txtSongname_Change();
     SucheSofort = false;
 }
@@ -180,10 +208,43 @@ void Suchleiste::Fokussieren() {
     txtSongname->lineEdit()->selectAll();
 }
 
+void Suchleiste::AuswahllisteFüllen() {
+    if (!Feldwerte) return;
+    const bool Vorher = SucheÄnderungSperren;
+    SucheÄnderungSperren = true;
+    QGuiApplication::setOverrideCursor(Qt::BusyCursor);
+    txtSongname->ListeSetzen(Feldwerte(Utf8Text(cboSuche->currentText())));
+    QGuiApplication::restoreOverrideCursor();
+    SucheÄnderungSperren = Vorher;
+}
+
+void Suchleiste::Vervollständigen() {
+    const QString Text = txtSongname->currentText();
+    // An entry that was picked from the drop-down is complete, even if another one begins with it.
+    if (const int Nummer = txtSongname->currentIndex(); Nummer >= 0 && txtSongname->itemText(Nummer) == Text)
+        return;
+    QLineEdit& Eingabe = *txtSongname->lineEdit();
+    const int Stelle = Eingabe.cursorPosition();
+    // The core counts characters, the control counts units of two bytes.
+    const auto Zeichen = static_cast<std::size_t>(Text.left(Stelle).toUcs4().size());
+    const auto Fund = AutoCompleteAusführen(Utf8Text(Text), txtSongname->Liste(), Zeichen,
+                                            Werte.AutoCompleteVerwenden == 1, AutoCompleteÜberspringen);
+    if (!Fund) return;
+    txtSongname->EintragWählen(static_cast<int>(Fund->Eintrag));
+    // Selected backwards, so that the caret stays where the typing is.
+    const int Ende = static_cast<int>(txtSongname->currentText().size());
+    if (Fund->SelLength > 0 && Ende > Stelle) {
+        Eingabe.setSelection(Ende, Stelle - Ende);
+    } else {
+        Eingabe.setCursorPosition(Stelle);
+    }
+}
+
 void Suchleiste::txtSongname_Change() {
     if (SucheÄnderungSperren) return;
     SucheÄnderungSperren = true;
     tmrListe.stop();
+    Vervollständigen();
     const int Wartezeit = Suchverzögerung(Utf8Text(txtSongname->currentText()), txtSongname->isEnabled(),
                                           Menge.SucheAnzahl(), SucheSofort);
     if (Wartezeit == 0) {
@@ -207,6 +268,8 @@ bool Suchleiste::txtSongname_KeyDown(QKeyEvent* Ereignis) {
         SucheÄnderungSperren = false;
         if (Eingabetaste) AusstehendesAusführen();
     }
+    const bool Löschtaste = Ereignis->key() == Qt::Key_Delete || Ereignis->key() == Qt::Key_Backspace;
+    AutoCompleteÜberspringen = Löschtaste && !txtSongname->currentText().isEmpty();
     if (Eingabetaste) return true;
     if (Ereignis->key() == Qt::Key_Escape) {
         // First Esc empties the row, the next one leaves it.

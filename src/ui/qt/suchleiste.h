@@ -10,6 +10,7 @@
 #include "basis/einstellungen.h"
 #include "core/hauptfenster.h"
 #include "suche/abfrage.h"
+#include "ui/qt/wertemodell.h"
 
 namespace liedwerk {
 
@@ -20,6 +21,12 @@ class Suchfeld final : public QComboBox {
     explicit Suchfeld(QWidget* Eltern);
     std::function<bool(QKeyEvent*)> TasteGedrückt;  // true: the key is done with
 
+    // The entries of the drop-down; text and caret stay, no entry is chosen.
+    void ListeSetzen(std::vector<std::string> Einträge);
+    const std::vector<std::string>& Liste() const { return Modell.Werte(); }
+    // Chooses an entry and takes its text over, whichever was chosen before.
+    void EintragWählen(int Nummer);
+
   protected:
     void keyPressEvent(QKeyEvent* Ereignis) override;
     void resizeEvent(QResizeEvent* Ereignis) override;
@@ -29,6 +36,7 @@ class Suchfeld final : public QComboBox {
 
   private:
     void EingabeAusrichten();
+    Wertemodell Modell;
 };
 
 // The entries of a field box: the standard search and the columns.
@@ -55,6 +63,8 @@ class Suchleiste final : public QWidget {
     void Fokussieren();
     // True when there is something for cmdSucheLöschen to do.
     bool Gefüllt() const;
+    // The values of a field for the drop-down.
+    std::function<std::vector<std::string>(std::string_view Feld)> Feldwerte;
     // False while a long run is active: a refresh that is due waits for its end.
     std::function<bool()> DarfSuchen;
 
@@ -62,6 +72,8 @@ class Suchleiste final : public QWidget {
     bool SucheÄnderungSperren = false;
 
   private:
+    void Vervollständigen();
+    void AuswahllisteFüllen();
     void txtSongname_Change();
     bool txtSongname_KeyDown(QKeyEvent* Ereignis);
     void cboSuche_Click();
@@ -74,6 +86,7 @@ class Suchleiste final : public QWidget {
     QToolButton* cmdSucheLöschen;
     QTimer tmrListe;
     bool SucheSofort = false;
+    bool AutoCompleteÜberspringen = false;  // a tail that was deleted is not completed back
 };
 
 }  // namespace liedwerk
