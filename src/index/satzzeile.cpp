@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstring>
 
 #include "basis/text.h"
 #include "index/indexformat.h"
@@ -101,15 +102,14 @@ int SatzzeileZerlegen(const char* Zeile, Rohwerte& Werte) {
 std::string_view SatzzeileFeld(const char* Zeile, int Feld) {
     const char* Stelle = Zeile + Datenzeile.size();
     std::size_t Davor = 0;
-    std::size_t Gesucht = 0;
-    int Nummer = 1;
-    for (;; ++Nummer) {
-        const std::size_t Länge = LängeNehmen(Stelle);
-        if (Nummer < Feld) Davor += Länge;
-        if (Nummer == Feld) Gesucht = Länge;
-        if (*Stelle++ == '|') break;
+    for (int Nummer = 1; Nummer < Feld; ++Nummer) {
+        Davor += LängeNehmen(Stelle);
+        if (*Stelle++ == '|') return {};
     }
-    return Feld > Nummer ? std::string_view() : std::string_view(Stelle + Davor, Gesucht);
+    const std::size_t Gesucht = LängeNehmen(Stelle);
+    // Most fields that are asked for stand among the first: the lengths behind are passed over in one go.
+    // There is a "|" behind them, and no NUL in front of it.
+    return {std::strchr(Stelle, '|') + 1 + Davor, Gesucht};
 }
 
 void SatzzeileBilden(std::string& Zeile, const Rohwerte& Werte, int Anzahl) {

@@ -1,9 +1,9 @@
 #include "suche/sortieren.h"
 
 #include <algorithm>
-#include <functional>
+#include <deque>
+#include <iterator>
 #include <numeric>
-#include <optional>
 
 #include "index/spalten.h"
 #include "suche/quicksort.h"
@@ -47,7 +47,8 @@ class Sortierlauf {
         FolgeBeginnen();
     }
 
-    void Durchgang(std::size_t Nummer, const std::string& Kriterium);
+    // Gelten is the list of all criteria, from the one of this pass on.
+    void Durchgang(std::size_t Nummer, std::span<const Feldwahl> Gelten);
     void Umkehren() { std::ranges::reverse(Folge); }
     void Umstellen();
 
@@ -57,16 +58,17 @@ class Sortierlauf {
         std::iota(Folge.begin(), Folge.end(), Satznummer{1});
     }
     std::vector<Sortierbereich> Strecken() const;
-    void NachRängen(const Feldwahl& Feld, std::vector<Sortierbereich> Bereiche);
+    void NachRängen(std::vector<Sortierbereich> Bereiche);
     void AmPlatz(const Feldwahl& Feld, std::vector<Sortierbereich> Bereiche);
     bool Melden(std::size_t Stelle);
-    std::optional<std::vector<std::uint32_t>> Ränge(const Feldwahl& Feld);
+    bool RängeBesorgen(std::span<const Feldwahl> Gelten);
 
     Katalog& Index;
     std::vector<std::uint8_t>& Auswahlmerker;
     Oberfläche& Person;
     std::vector<Satznummer> Folge;
-    std::vector<std::uint32_t> Vorige;  // ranks of the criterion before, by place
+    Rangliste Vorige;              // ranks of the criterion before, by place
+    std::deque<Rangliste> Vorrat;  // ranks of the next criteria, by record
     std::string Text;
     std::size_t Erledigt = 0;  // places reported by the passes before
     bool Abgebrochen = false;
@@ -79,8 +81,17 @@ bool Sortierlauf::Melden(std::size_t Stelle) {
     return !Abgebrochen;
 }
 
-std::optional<std::vector<std::uint32_t>> Sortierlauf::Ränge(const Feldwahl& Feld) {
-    return RängeBilden(Index, Feld, [this](std::size_t Stelle) { return Melden(Stelle / 2); });
+// Ranks of the next criterion, and of those behind it that do not tell a place.
+bool Sortierlauf::RängeBesorgen(std::span<const Feldwahl> Gelten) {
+    if (!Vorrat.empty()) return true;
+    std::size_t Anzahl = 1;
+    while (Anzahl < Gelten.size() && !SchlüsselHängtAmPlatz(Index, Gelten[Anzahl]))
+        ++Anzahl;
+    auto Neue =
+        RängeBilden(Index, Gelten.first(Anzahl), [this](std::size_t Stelle) { return Melden(Stelle / 2); });
+    if (!Neue) return false;
+    std::ranges::move(*Neue, std::back_inserter(Vorrat));
+    return true;
 }
 
 // Brings the records and all that goes with them into the order of Folge.
@@ -111,13 +122,13 @@ std::vector<Sortierbereich> Sortierlauf::Strecken() const {
     return Alle;
 }
 
-void Sortierlauf::NachRängen(const Feldwahl& Feld, std::vector<Sortierbereich> Bereiche) {
-    const auto Neue = Ränge(Feld);
-    if (!Neue) return;
+void Sortierlauf::NachRängen(std::vector<Sortierbereich> Bereiche) {
+    const Rangliste Ränge = std::move(Vorrat.front());
+    Vorrat.pop_front();
     std::vector<Rangpaar> Paare(Folge.size());
     for (std::size_t i = 0; i < Folge.size(); ++i) {
         const auto Satz = static_cast<std::uint32_t>(Folge[i]);
-        Paare[i] = RangpaarBilden((*Neue)[Satz - 1], Satz);
+        Paare[i] = RangpaarBilden(Ränge[Satz - 1], Satz);
     }
     BereicheSortieren(Paare, std::move(Bereiche),
                       [this](std::size_t Stelle) { return Melden((Folge.size() + Stelle) / 2); });
@@ -141,21 +152,23 @@ void Sortierlauf::AmPlatz(const Feldwahl& Feld, std::vector<Sortierbereich> Bere
         BereichTeilen(Zugriff, Bereich, i, j);
         SeitenVormerken(Bereiche, Bereich, i, j);
     }
-    Vorige = Ränge(Feld).value_or(Vorige);
+    // What its keys are now is known by the places they have come to.
+    if (!RängeBesorgen({&Feld, 1})) return;
+    Vorige = std::move(Vorrat.front());
+    Vorrat.pop_front();
 }
 
-void Sortierlauf::Durchgang(std::size_t Nummer, const std::string& Kriterium) {
+void Sortierlauf::Durchgang(std::size_t Nummer, std::span<const Feldwahl> Gelten) {
     if (Abgebrochen) return;
     Text = "Sortiere Liste (Durchgang " + std::to_string(Nummer) + ")";
     const std::size_t Anzahl = Folge.size();
     Erledigt = Nummer > 1 ? (Nummer - 2) * Anzahl : 0;
     Person.FortschrittStarten(Text, true, static_cast<std::int64_t>(Erledigt + Anzahl));
-    const Feldwahl Feld = FeldFinden(Kriterium);
     auto Bereiche = Nummer > 1 ? Strecken() : std::vector<Sortierbereich>{{0, Anzahl - 1}};
-    if (SchlüsselHängtAmPlatz(Index, Feld)) {
-        AmPlatz(Feld, std::move(Bereiche));
-    } else {
-        NachRängen(Feld, std::move(Bereiche));
+    if (SchlüsselHängtAmPlatz(Index, Gelten.front())) {
+        AmPlatz(Gelten.front(), std::move(Bereiche));
+    } else if (RängeBesorgen(Gelten)) {
+        NachRängen(std::move(Bereiche));
     }
 }
 
@@ -196,8 +209,10 @@ void IndexSortieren(Katalog& Index, std::span<const std::string> Sortierkriterie
                     std::vector<std::uint8_t>& Auswahlmerker, Oberfläche& Person) {
     if (Index.IndexAnzahl() == 0) return;
     Sortierlauf Lauf(Index, Auswahlmerker, Person);
-    for (std::size_t i = 0; i < Sortierkriterien.size(); ++i)
-        Lauf.Durchgang(i + 1, Sortierkriterien[i]);
+    std::vector<Feldwahl> Gewählte;
+    std::ranges::transform(Sortierkriterien, std::back_inserter(Gewählte), FeldFinden);
+    for (std::size_t i = 0; i < Gewählte.size(); ++i)
+        Lauf.Durchgang(i + 1, std::span(Gewählte).subspan(i));
     if (Absteigend) {
         Person.FortschrittStarten("Kehre Sortierung um", false, 0);
         Lauf.Umkehren();

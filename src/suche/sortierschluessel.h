@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,10 +33,12 @@ void SchlüsselBilden(const Katalog& Index, Satznummer Nummer, const Feldwahl& F
 // True when a record's key is not its own but tells its place: the number, and formats that name it.
 bool SchlüsselHängtAmPlatz(const Katalog& Index, const Feldwahl& Feld);
 
-// A number for each record, in the order of the index, that compares with the others as its key does. On all
-// cores; Weiter is asked now and then, on the calling thread, with the count of records that are done.
-// Nothing when it gave false.
-std::optional<std::vector<std::uint32_t>> RängeBilden(const Katalog& Index, const Feldwahl& Feld,
-                                                      const std::function<bool(std::size_t)>& Weiter);
+// For each of the fields a number for each record, in the order of the index, that compares with the others
+// as its key does. All fields in one walk, on all cores: reaching a record costs more than reading it. Weiter
+// is asked now and then, on the calling thread, with the count of records that are done; nothing when it gave
+// false.
+using Rangliste = std::vector<std::uint32_t>;
+std::optional<std::vector<Rangliste>> RängeBilden(const Katalog& Index, std::span<const Feldwahl> Gefragte,
+                                                  const std::function<bool(std::size_t)>& Weiter);
 
 }  // namespace liedwerk

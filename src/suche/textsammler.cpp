@@ -26,6 +26,11 @@ Textsammler::Aufnahme Textsammler::Aufnehmen(std::string_view Text) {
     }
 }
 
+std::uint32_t Textsammler::Anhängen(std::string_view Text) {
+    Texte.push_back(Ablegen(Text));
+    return Anzahl() - 1;
+}
+
 void Textsammler::Vergrößern() {
     std::vector<Fach> Neue(std::max(ErsteFächer, 4 * Fächer.size()));
     for (const Fach& Alt : Fächer) {

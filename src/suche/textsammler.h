@@ -20,6 +20,9 @@ class Textsammler {
     };
     // The number of a text; it is copied when it is new.
     Aufnahme Aufnehmen(std::string_view Text);
+    // Gives a text a number of its own without looking for it; from then on the numbers tell more texts than
+    // there are distinct ones. For texts that hardly ever come twice.
+    std::uint32_t Anhängen(std::string_view Text);
     std::uint32_t Anzahl() const { return static_cast<std::uint32_t>(Texte.size()); }
     // Valid as long as the collector lives.
     std::string_view Text(std::uint32_t Nummer) const { return Texte[Nummer]; }
