@@ -26,6 +26,8 @@ constexpr std::size_t GrößterTeil = std::size_t{1} << 30;
 // Below this a second thread costs more than it brings.
 constexpr std::size_t SätzeJeKern = 20000;
 constexpr std::size_t HöchsteBlockzahl = 6;
+// Text in which words are counted that are to be searched for together.
+constexpr std::size_t Probenlänge = std::size_t{1} << 18;
 
 // Growing room for folded bytes, written without being cleared first.
 class Werkbank {
@@ -179,39 +181,52 @@ void TeilDurchsuchen(const Teil& Quelle, std::size_t Von, std::size_t Bis, const
     }
 }
 
-// Words that a text has to hold all: the longest, which is mostly the rarest, is looked for in all texts, the
-// others only where it stands.
+// Words that a text has to hold all: the rarest is looked for in all texts, the others only where it stands.
 class Wortgruppe {
   public:
-    Wortgruppe(const std::vector<std::string>& Alle, bool Gefaltet) {
-        for (const std::string& Wort : Alle)
-            Wörter.push_back(Gefaltet ? Falten(Wort) : Wort);
-        std::ranges::sort(Wörter, std::ranges::greater{}, &std::string::size);
-        Sucher.emplace(Wörter.front());
+    // Probe is some text of those that will be searched.
+    Wortgruppe(const std::vector<std::string>& Alle, bool Gefaltet, std::string_view Probe) {
+        std::vector<std::pair<std::size_t, std::string>> Gezählte;
+        for (const std::string& Wort : Alle) {
+            std::string Form = Gefaltet ? Falten(Wort) : Wort;
+            const Wortsucher Sucher(Form);
+            std::size_t Anzahl = 0;
+            for (std::size_t Stelle = Sucher.Suchen(Probe, 0); Stelle != std::string_view::npos;
+                 Stelle = Sucher.Suchen(Probe, Stelle + 1))
+                ++Anzahl;
+            Gezählte.emplace_back(Anzahl, std::move(Form));
+        }
+        std::ranges::sort(Gezählte);
+        Seltenstes.emplace(std::move(Gezählte.front().second));
+        for (std::size_t i = 1; i < Gezählte.size(); ++i)
+            Übrige.push_back(std::move(Gezählte[i].second));
     }
 
     bool HältAlle(std::string_view Text) const {
-        return std::ranges::all_of(
-            Wörter, [&](const std::string& Wort) { return Text.find(Wort) != std::string_view::npos; });
+        return Seltenstes->Suchen(Text, 0) != std::string_view::npos && HältÜbrige(Text);
     }
     // Appends the records of a part that hold all words and are not in Ohne.
     void Sammeln(const Teil& Quelle, const std::map<Satznummer, std::string>& Ohne,
                  std::vector<Satznummer>& Ziel) const {
         const std::string_view Text = Quelle.Ganz();
         std::size_t Satz = 0;
-        for (std::size_t Stelle = Sucher->Suchen(Text, 0); Stelle != std::string_view::npos;
-             Stelle = Sucher->Suchen(Text, Quelle.Ende[Satz])) {
+        for (std::size_t Stelle = Seltenstes->Suchen(Text, 0); Stelle != std::string_view::npos;
+             Stelle = Seltenstes->Suchen(Text, Quelle.Ende[Satz])) {
             Satz = SatzFinden(Quelle, Satz, Stelle);
             const Satznummer Nummer = Quelle.Erster + static_cast<Satznummer>(Satz);
             const std::size_t Anfang = Quelle.Anfang(Satz);
-            if (!HältAlle(Text.substr(Anfang, Quelle.Ende[Satz] - Anfang))) continue;
+            if (!HältÜbrige(Text.substr(Anfang, Quelle.Ende[Satz] - Anfang))) continue;
             if (Ohne.empty() || !Ohne.contains(Nummer)) Ziel.push_back(Nummer);
         }
     }
 
   private:
-    std::vector<std::string> Wörter;
-    std::optional<Wortsucher> Sucher;
+    bool HältÜbrige(std::string_view Text) const {
+        return std::ranges::all_of(
+            Übrige, [&](const std::string& Wort) { return Text.find(Wort) != std::string_view::npos; });
+    }
+    std::optional<Wortsucher> Seltenstes;
+    std::vector<std::string> Übrige;  // the rarer ones first
 };
 
 // Marks the records whose text is more than its separator.
@@ -385,8 +400,10 @@ std::vector<std::vector<Satznummer>> Suchpuffer::Gruppentreffer(
     if (Gruppen.empty()) return {};
     const Block& Quelle = BlockFür(Index, Feld, AndererTag && Feld.Kennung != Feldkennung::Standardsuche);
     std::vector<Wortgruppe> Gesuchte;
+    const std::string_view Probe =
+        Quelle.Teile.empty() ? std::string_view{} : Quelle.Teile[Quelle.Teile.size() / 2].Ganz();
     for (const auto& Wörter : Gruppen)
-        Gesuchte.emplace_back(Wörter, Quelle.Gefaltet);
+        Gesuchte.emplace_back(Wörter, Quelle.Gefaltet, Probe.substr(0, Probenlänge));
     // All groups search one part before the next, while its text is at hand.
     std::vector<std::vector<std::vector<Satznummer>>> Gefunden(
         HöchsteTeilzahl(), std::vector<std::vector<Satznummer>>(Gruppen.size()));
