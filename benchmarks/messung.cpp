@@ -172,7 +172,7 @@ int Eingaben(const Argumente& Worte) {
     Umfeld Lauf;
     if (!Lauf.Laden(Worte[0])) return 1;
     auto Anfang = Stoppuhr::now();
-    const auto Werte = AutoCompleteFüllen(Lauf.Index, Worte[1], true);
+    const auto Werte = AutoCompleteFüllen(Lauf.Index, Worte[1], true, Lauf.Person);
     Ausgeben("werte", MillisekundenSeit(Anfang));
     Ausgeben("verschiedene", static_cast<double>(Werte.size()));
     Anfang = Stoppuhr::now();

@@ -1,13 +1,13 @@
 #include "suche/sortierschluessel.h"
 
 #include <algorithm>
-#include <atomic>
 #include <bit>
 #include <limits>
 
 #include "basis/text.h"
 #include "basis/zahl.h"
 #include "index/spalten.h"
+#include "suche/fragezeichen.h"
 #include "suche/suchpuffer.h"
 #include "suche/textsammler.h"
 
@@ -15,7 +15,6 @@ namespace liedwerk {
 namespace {
 
 constexpr std::size_t SätzeJeKern = 5000;
-constexpr std::size_t SätzeJeFrage = 4096;
 
 bool IstZahlenfeld(const Feldwahl& Feld) {
     // What is a number, a date or a duration on the screen is a number in the sort form.
@@ -184,26 +183,6 @@ void GemeinsamRang(std::vector<Teilschlüssel>& Teile) {
         }
     }
 }
-
-// Asks the person while several threads walk the records; only the calling one asks.
-class Fragezeichen {
-  public:
-    explicit Fragezeichen(const std::function<bool(std::size_t)>& Frage) : Weiter(Frage) {}
-
-    // To be called for each record of a thread, with the count of its records so far.
-    bool Weitermachen(std::size_t Faden, std::size_t Erledigt) {
-        if (Erledigt % SätzeJeFrage != 0) return true;
-        Summe += Erledigt == 0 ? 0 : SätzeJeFrage;
-        if (Faden == 0 && !Angehalten && !Weiter(Summe)) Angehalten = true;
-        return !Angehalten;
-    }
-    bool IstAngehalten() const { return Angehalten; }
-
-  private:
-    const std::function<bool(std::size_t)>& Weiter;
-    std::atomic<std::size_t> Summe = 0;
-    std::atomic<bool> Angehalten = false;
-};
 
 }  // namespace
 

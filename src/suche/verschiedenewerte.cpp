@@ -1,6 +1,7 @@
 #include "suche/verschiedenewerte.h"
 
 #include "basis/text.h"
+#include "suche/fragezeichen.h"
 #include "suche/suchpuffer.h"
 #include "suche/textsammler.h"
 
@@ -17,8 +18,11 @@ struct Teilwerte {
 
 }  // namespace
 
-std::vector<std::string> VerschiedeneWerte(const Katalog& Index, std::span<const Feldwahl> Gefragte,
-                                           bool AndererTag, std::span<const std::int16_t> Markierung) {
+std::optional<std::vector<std::string>> VerschiedeneWerte(const Katalog& Index,
+                                                          std::span<const Feldwahl> Gefragte, bool AndererTag,
+                                                          std::span<const std::int16_t> Markierung,
+                                                          const std::function<bool(std::size_t)>& Weiter) {
+    Fragezeichen Frage(Weiter);
     std::vector<Teilwerte> Teile(HöchsteTeilzahl());
     AufKerneVerteilen(static_cast<std::size_t>(Index.IndexAnzahl()), SätzeJeKern,
                       [&](std::size_t Faden, std::size_t Von, std::size_t Bis) {
@@ -27,6 +31,7 @@ std::vector<std::string> VerschiedeneWerte(const Katalog& Index, std::span<const
                           std::string Gefaltet;
                           Feldtyp Typ{};
                           for (std::size_t i = Von; i < Bis; ++i) {
+                              if (!Frage.Weitermachen(Faden, i - Von)) return;
                               if (!Markierung.empty() && Markierung[i] < 1) continue;
                               for (const Feldwahl& Feld : Gefragte) {
                                   FeldWert(Index, static_cast<Satznummer>(i + 1), Feld, Wertform::Anzeigen,
@@ -40,11 +45,13 @@ std::vector<std::string> VerschiedeneWerte(const Katalog& Index, std::span<const
                               }
                           }
                       });
+    if (Frage.IstAngehalten()) return std::nullopt;
     // The first thread had the first records: its values stand, the others' are new or not.
     Teilwerte& Alle = Teile.front();
     for (std::size_t Faden = 1; Faden < Teile.size(); ++Faden) {
         Teilwerte& Weitere = Teile[Faden];
         for (std::uint32_t i = 0; i < Weitere.Bekannt.Anzahl(); ++i) {
+            if (!Frage.Weitermachen(0, i)) return std::nullopt;
             if (Alle.Bekannt.Aufnehmen(Weitere.Bekannt.Text(i)).Neu)
                 Alle.Werte.push_back(std::move(Weitere.Werte[i]));
         }

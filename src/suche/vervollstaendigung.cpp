@@ -1,6 +1,8 @@
 #include "suche/vervollstaendigung.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <utility>
 
 #include "basis/text.h"
 #include "suche/verschiedenewerte.h"
@@ -8,11 +10,16 @@
 namespace liedwerk {
 
 std::vector<std::string> AutoCompleteFüllen(const Katalog& Index, std::string_view Feld, bool Auswahlliste,
-                                            std::string_view ZweitesFeld) {
-    if (!Auswahlliste || Feld.empty() || Feld == Standardsuche) return {};
+                                            Oberfläche& Person, std::string_view ZweitesFeld) {
+    if (!Auswahlliste || Index.IndexAnzahl() == 0 || Feld.empty() || Feld == Standardsuche) return {};
     std::vector<Feldwahl> Gefragte = {FeldFinden(Feld)};
     if (!ZweitesFeld.empty()) Gefragte.push_back(FeldFinden(ZweitesFeld));
-    return VerschiedeneWerte(Index, Gefragte, false);
+    Person.FortschrittStarten("Sammle Werte für die Auswahlliste", true, Index.IndexAnzahl());
+    auto Werte = VerschiedeneWerte(Index, Gefragte, false, {}, [&Person](std::size_t Erledigt) {
+        return Person.FortschrittZeigen({}, static_cast<std::int64_t>(Erledigt));
+    });
+    Person.FortschrittSchließen();
+    return std::move(Werte).value_or(std::vector<std::string>{});
 }
 
 std::optional<std::size_t> EintragFinden(std::string_view Text, const std::vector<std::string>& Einträge) {

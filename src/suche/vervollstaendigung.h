@@ -7,15 +7,17 @@
 #include <string_view>
 #include <vector>
 
+#include "basis/oberflaeche.h"
 #include "index/katalog.h"
 
 namespace liedwerk {
 
 // The entries of the combo's drop-down when the field combo changes: the values of Feld, and of ZweitesFeld
 // unless that is empty, in the order of the records. None for the standard search, for an empty field and
-// when Auswahlliste is off. The form puts them in with the change guard raised and keeps the text.
+// when Auswahlliste is off. The form puts them in with the change guard raised and keeps the text. Shows
+// Fortschritt while it collects; none either when that is cancelled.
 std::vector<std::string> AutoCompleteFüllen(const Katalog& Index, std::string_view Feld, bool Auswahlliste,
-                                            std::string_view ZweitesFeld = {});
+                                            Oberfläche& Person, std::string_view ZweitesFeld = {});
 
 // The first entry that begins with Text without regard to case, 0-based.
 std::optional<std::size_t> EintragFinden(std::string_view Text, const std::vector<std::string>& Einträge);

@@ -51,7 +51,10 @@ std::vector<std::string> WertebaumÖffnen(const Katalog& Index, Suchpuffer& Puff
     if (Pfad.size() % 2 == 0) return ÜbrigeFelder(Pfad);
     const bool BeideTags = Index.Optionen.SpaltenBeideTags == 1;
     const Feldwahl Feld = FeldFinden(Pfad.back());
-    auto Werte = VerschiedeneWerte(Index, {&Feld, 1}, BeideTags, Zutreffende(Index, Puffer, Pfad, BeideTags));
+    // Never cancelled: the tree that opens the node waits for its children and bears no event in between.
+    auto Werte = VerschiedeneWerte(Index, {&Feld, 1}, BeideTags, Zutreffende(Index, Puffer, Pfad, BeideTags),
+                                   [](std::size_t) { return true; })
+                     .value();
     NachAlphabet(Werte);
     return Werte;
 }

@@ -36,13 +36,18 @@ TEST(Vervollständigung, FülltDieListeWieEinzelnVerglichen) {
     Satz.HatId3v1 = TagVorhanden;
     Satz.Titel = std::string("vor\0hinter", 10);
     Index.Sätze.Setzen(3, "x", Satz);
+    speicher::Person Person;
     for (const char* Feld : {"Titel", "Titel-ID3v2", "Dauer", "Pfad+Dateiname", "Gibt es nicht"})
-        EXPECT_EQ(AutoCompleteFüllen(Index, Feld, true), EinzelnFüllen(Index, {Feld})) << Feld;
-    EXPECT_EQ(AutoCompleteFüllen(Index, "Jahr", true, "Titel-ID3v2"),
+        EXPECT_EQ(AutoCompleteFüllen(Index, Feld, true, Person), EinzelnFüllen(Index, {Feld})) << Feld;
+    EXPECT_EQ(AutoCompleteFüllen(Index, "Jahr", true, Person, "Titel-ID3v2"),
               EinzelnFüllen(Index, {"Jahr", "Titel-ID3v2"}));
-    EXPECT_TRUE(AutoCompleteFüllen(Index, "Titel", false).empty());
-    EXPECT_TRUE(AutoCompleteFüllen(Index, Standardsuche, true).empty());
-    EXPECT_TRUE(AutoCompleteFüllen(Index, "", true, "Titel").empty());
+    EXPECT_TRUE(AutoCompleteFüllen(Index, "Titel", false, Person).empty());
+    EXPECT_TRUE(AutoCompleteFüllen(Index, Standardsuche, true, Person).empty());
+    EXPECT_TRUE(AutoCompleteFüllen(Index, "", true, Person, "Titel").empty());
+    Person.AbbruchBei = Person.Zeigungen + 2;
+    EXPECT_TRUE(AutoCompleteFüllen(Index, "Titel", true, Person).empty());
+    EXPECT_EQ(Person.Zeigungen, Person.AbbruchBei);
+    EXPECT_EQ(Person.Offen, 0);
 }
 
 TEST(Vervollständigung, ErgänztDenErstenEintragUndMarkiertDenRest) {

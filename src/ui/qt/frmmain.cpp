@@ -310,7 +310,9 @@ void frmMain::OberflächeAnlegen() {
     Suche = new Suchleiste(Programm->Werte, Programm->Abfragen, Mitte);
     Suche->setObjectName(u"fraSuche"_s);
     Suche->Feldwerte = [this](std::string_view Feld) {
-        return AutoCompleteFüllen(Programm->Index, Feld, Programm->Werte.Auswahlliste == 1);
+        const Laufsperre Sperre(*Programm);
+        return AutoCompleteFüllen(Programm->Index, Feld, Programm->Werte.Auswahlliste == 1,
+                                  Programm->Dienst.Person);
     };
     Suche->Aktualisieren = [this] { SucheAktualisieren(*Programm); };
     Suche->Löschen = [this] { cmdSucheLöschen_Click(); };

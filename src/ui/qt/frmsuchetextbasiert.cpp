@@ -32,7 +32,7 @@ class Resultatmodell final : public QAbstractTableModel {
     }
     QVariant headerData(int Spalte, Qt::Orientation Richtung, int Rolle) const override {
         if (Richtung != Qt::Horizontal || Rolle != Qt::DisplayRole) return {};
-        return Spalte == 0 ? u"Abfrage"_s : u"Resultat"_s;
+        return Spalte == 0 ? u"Abfrage"_s : u"Resultate"_s;
     }
 
   private:

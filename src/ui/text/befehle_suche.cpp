@@ -281,7 +281,8 @@ Ausgang VorschlägeAusführen(const Globaloptionen& Global, const Befehlseingabe
     FeldPrüfen(Eingabe.Argumente[0]);
     Programmlauf Lauf(Global);
     if (!Lauf.Bereit() || !Lauf.IndexLaden()) return Ausgang::Fehlgeschlagen;
-    auto Werte = AutoCompleteFüllen(Lauf.Programm().Index, Eingabe.Argumente[0], true);
+    auto Werte =
+        AutoCompleteFüllen(Lauf.Programm().Index, Eingabe.Argumente[0], true, Lauf.Programm().Dienst.Person);
     std::erase_if(Werte,
                   [&](const std::string& Wert) { return !BeginntMitOhneGroß(Wert, Eingabe.Argumente[1]); });
     if (Lauf.Json()) Lauf.Dokument().ListeAnfang();
