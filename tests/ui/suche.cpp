@@ -5,9 +5,11 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QToolButton>
+#include <utility>
 
 #include "core/suchlauf.h"
 #include "tests/ui/fensterlauf.h"
+#include "ui/qt/fensteroberflaeche.h"
 
 using namespace Qt::StringLiterals;
 
@@ -124,6 +126,25 @@ TEST_F(Suchraum, OhneAbfrageSchließtDieAuflistungNicht) {
     Auslösen(u"mnuSucheMehr"_s);
     EXPECT_EQ(Eins.Zeilen(), 1);
     EXPECT_EQ(Eins.Suchfeld().currentText(), u"Lea"_s);
+}
+
+TEST_F(Suchraum, AuflistungOhneAbfrageHältDasEndeDerSitzungNichtAuf) {
+    Fensteroberfläche Echte;
+    bool Gemeldet = false;
+    Eins.Fenster.Drängen = [&] {
+        // As the form does when it shall go: a message that waits for an answer.
+        if (!std::exchange(Gemeldet, true)) Echte.Melden(Symbol::Information, "Bitte fügen Sie...");
+        Echte.Drängen();
+    };
+    Eins.Person.Antworten = {Antwort::Ja};
+    ImDialog(u"frmSucheErweitert"_s, [&](QWidget& Form) {
+        QTest::mouseClick(&Teil<QPushButton>(Form, u"cmdSucheLöschen"_s), Qt::LeftButton);
+        ASSERT_EQ(Eins.Programm.Abfragen.SucheAnzahl(), 0u);
+        Eins.Fenster.SitzungBeenden();
+        EXPECT_FALSE(Form.isVisible());
+    });
+    Auslösen(u"mnuSucheMehr"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Eins.Beendet; }, 2000));
 }
 
 TEST_F(Suchraum, BuchstabeSuchtImGewähltenFeld) {

@@ -74,8 +74,11 @@ void Fensteroberfläche::EreignisseVerarbeiten() {
 
 void Fensteroberfläche::Drängen() {
     if (Fenster != nullptr) Fenster->Abbrechen();
-    auto* const Dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (Dialog != nullptr && Dialog != Fenster.data()) Dialog->reject();
+    const QPointer<QDialog> Dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (Dialog == nullptr || Dialog == Fenster.data()) return;
+    Dialog->reject();
+    // A form that does not let go without an entry goes all the same: there is no time for one.
+    if (Dialog != nullptr && Dialog->isVisible()) Dialog->hide();
 }
 
 }  // namespace liedwerk

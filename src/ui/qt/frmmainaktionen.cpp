@@ -236,8 +236,9 @@ void frmMain::SitzungBeenden() {
     if (Endet) return;
     if (Programm->LaufAktiv || Programm->Startet || QApplication::activeModalWidget() != nullptr) {
         // Records in the middle of a run are no state to save: the run is brought to its end first.
-        if (Drängen) Drängen();
+        // The clock first: a dialog that answers with a message waits until that is gone as well.
         tmrSitzungsende.start();
+        if (Drängen) Drängen();
         return;
     }
     tmrSitzungsende.stop();
