@@ -119,7 +119,8 @@ TEST(Medienauskunft, MillionenLeererAbschnitteFressenKeinenSpeicher) {
     };
     const auto Vorher = Höchststand();
     SystemauskunftÖffnen()->Lesen(Pfad);
-    EXPECT_LT(Höchststand() - Vorher, 64 << 10);
+    // Far below the file's million parts, with room for what a sanitizer puts around each allocation.
+    EXPECT_LT(Höchststand() - Vorher, 160 << 10);
 }
 
 }  // namespace
