@@ -12,7 +12,7 @@ done
 bauen release liedwerk liedwerk-cli liedwerk-demosammlung
 bau="$WURZEL/build/release"
 mkdir -p "$ziel"
-arbeit="$(mktemp -d /tmp/anna-XXX)"
+arbeit="$(mktemp -d --suffix=-anna)"
 trap 'rm -rf -- "$arbeit"' EXIT
 
 # A person's home with the demo collection in an index that shows the columns most people want.

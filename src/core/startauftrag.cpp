@@ -49,6 +49,7 @@ bool IstVollerWindowsPfad(std::string_view Name) {
 Startauftrag StartauftragLesen(const std::vector<std::string>& Argumente) {
     Startauftrag Auftrag;
     std::vector<std::string> Eingaben;
+    Eingaben.reserve(Argumente.size());
     for (const auto& Argument : Argumente)
         Eingaben.push_back(AlsEingabe(Argument));
     Auftrag.Kommandozeile = Verbinden(Eingaben, " ");

@@ -171,7 +171,8 @@ std::string LinksFolgen(std::string_view Pfad) {
             continue;
         }
         std::array<char, 4096> Verweis;
-        const std::string Hier = Fertig + "/" + Name;
+        std::string Hier = Fertig;
+        Hier.append("/").append(Name);
         const auto Länge = ::readlink(Hier.c_str(), Verweis.data(), Verweis.size());
         if (Länge <= 0) {
             Fertig = Hier;

@@ -58,7 +58,7 @@ std::string GewählterOrdner() {
     std::error_code Fehler;
     // A relative path would not be known for one of this system.
     if (!Gesetzt.empty()) return OhneTrenner(std::filesystem::absolute(Gesetzt, Fehler).string());
-    const std::string Eigener = EigenerOrdner();
+    std::string Eigener = EigenerOrdner();
     const bool ImSystem = MitTrenner(Eigener).starts_with("/usr/");
     if (!Eigener.empty() && !ImSystem && ::faccessat(AT_FDCWD, Eigener.c_str(), W_OK, AT_EACCESS) == 0) {
         return Eigener;
