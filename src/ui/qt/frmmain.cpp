@@ -40,6 +40,7 @@ void frmMain::Anbinden(Anwendung& Lauf) {
     AktionenAnlegen();
     MenüsAnlegen();
     OberflächeAnlegen();
+    TeileAnlegen();
 
     Symbol = new Startleistensymbol(this);
     Symbol->Geklickt = [this] { isVisible() && !isMinimized() ? Verbergen() : Wiederherstellen(); };
@@ -155,23 +156,26 @@ void frmMain::AktionenAnlegen() {
 }
 
 void frmMain::MenüsAnlegen() {
-    QMenu* const Datei = menuBar()->addMenu(u"&Datei"_s);
+    const auto Menü = [this](const QString& Name, const QString& Titel) {
+        QMenu* const Neu = menuBar()->addMenu(Titel);
+        Neu->setObjectName(Name);
+        return Neu;
+    };
+    QMenu* const Datei = Menü(u"mnuDatei"_s, u"&Datei"_s);
     Datei->addActions({mnuHinzufügen, mnuOrdnerHinzufügen, mnuDateienHinzufügen});
     Datei->addSeparator();
     Datei->addActions({mnuSpeichern, mnuÖffnen});
     mnuZuletztGeladen = Datei->addMenu(u"&Zuletzt geladene"_s);
     mnuZuletztGeladen->setObjectName(u"mnuZuletztGeladen"_s);
-    Datei->addSeparator();
-    Datei->addAction(mnuBeenden);
 
-    QMenu* const Bearbeiten = menuBar()->addMenu(u"&Bearbeiten"_s);
+    QMenu* const Bearbeiten = Menü(u"mnuBearbeiten"_s, u"&Bearbeiten"_s);
     Bearbeiten->addActions({mnuSuchen, mnuSucheHinzufügen, mnuSucheÄndern, mnuSucheMehr, mnuSucheLeeren});
     Bearbeiten->addSeparator();
     Bearbeiten->addActions({mnuAllesAuswählen, mnuPfadKopieren, mnuOrdnerÖffnen});
     Bearbeiten->addSeparator();
     Bearbeiten->addAction(mnuSortieren);
 
-    QMenu* const Ansicht = menuBar()->addMenu(u"&Ansicht"_s);
+    QMenu* const Ansicht = Menü(u"mnuAnsicht"_s, u"&Ansicht"_s);
     Ansicht->addAction(
         SchalterAnlegen(u"mnuSpaltentitel"_s, u"Spalten&titel"_s, &Indexoptionen::SpaltenLeiste));
     Ansicht->addAction(SchalterAnlegen(u"mnuGitternetz"_s, u"&Gitternetz"_s, &Indexoptionen::SpaltenGitter));
@@ -182,12 +186,32 @@ void frmMain::MenüsAnlegen() {
     Spalten->setObjectName(u"mnuSpalten"_s);
     connect(Spalten, &QMenu::aboutToShow, this, [this, Spalten] { SpaltenmenüFüllen(*Spalten); });
 
-    menuBar()->addMenu(u"&Hilfe"_s)->addAction(mnuInfo);
+    QMenu* const Wiedergabe = Menü(u"mnuWiedergabe"_s, u"&Wiedergabe"_s);
+    QMenu* const Tags = Menü(u"mnuTags"_s, u"&TAGs"_s);
+    QMenu* const Extras = Menü(u"mnuExtras"_s, u"&Extras"_s);
+    QMenu* const Hilfe = Menü(u"mnuHilfe"_s, u"&Hilfe"_s);
+    Platz.reset(new Fensterplatz{
+        *Programm, *this, *Datei, *Bearbeiten, *Ansicht, *Wiedergabe, *Tags, *Extras, *Hilfe,
+        [this] { return Bereit(); },
+        [this](const QList<QAction*>& Aktionen) { lstSongs->insertActions(mnuPfadKopieren, Aktionen); },
+        [this](const QString& Titel, const QList<QAction*>& Aktionen) {
+            fraFunktionen->GruppeHinzufügen(Titel, Aktionen);
+        },
+        [this](std::function<void(bool)> Nachführung) { Nachführungen.push_back(std::move(Nachführung)); }});
     // Shortcuts hold while a menu is not in the bar, too.
     addActions({mnuHinzufügen, mnuOrdnerHinzufügen, mnuDateienHinzufügen, mnuSpeichern, mnuÖffnen, mnuBeenden,
                 mnuAllesAuswählen, mnuPfadKopieren, mnuOrdnerÖffnen, mnuSuchen, mnuSucheLeeren, mnuSortieren,
                 mnuSucheHinzufügen, mnuSucheÄndern, mnuSucheMehr, mnuSchnellsuche, mnuBeschreibungsleiste,
                 mnuInfo});
+}
+
+void frmMain::TeileAnlegen() {
+    // The subjects put their actions into the menus here, in the order of the menus' entries.
+    Platz->Datei.addSeparator();
+    Platz->Datei.addAction(mnuBeenden);
+    Platz->Hilfe.addAction(mnuInfo);
+    for (QMenu* const Menü : {&Platz->Wiedergabe, &Platz->Tags, &Platz->Extras})
+        Menü->menuAction()->setVisible(!Menü->isEmpty());
 }
 
 void frmMain::SpaltenmenüFüllen(QMenu& Menü) {

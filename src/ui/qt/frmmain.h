@@ -18,6 +18,7 @@
 #include "core/hauptfenster.h"
 #include "ui/qt/beschreibung.h"
 #include "ui/qt/buchstabenleiste.h"
+#include "ui/qt/fensterplatz.h"
 #include "ui/qt/funktionsleiste.h"
 #include "ui/qt/listenansicht.h"
 #include "ui/qt/startleistensymbol.h"
@@ -96,6 +97,7 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     QWidget* ListenbereichAnlegen();
     void FußAnlegen();
     void OberflächeAnlegen();
+    void TeileAnlegen();
     void SpaltenmenüFüllen(QMenu& Menü);
 
     // Handlers.
@@ -155,6 +157,8 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     QMenu* mnuZuletztGeladen = nullptr;
     Startleistensymbol* Symbol = nullptr;
     std::unique_ptr<QMenu> Symbolmenü;
+    std::unique_ptr<Fensterplatz> Platz;
+    std::vector<std::function<void(bool)>> Nachführungen;
     Titelschrift Fenstertitel;
     QTimer tmrStatus;
     QTimer tmrSpalten;

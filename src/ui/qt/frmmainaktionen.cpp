@@ -50,6 +50,8 @@ void frmMain::AktionenNachführen() {
     fraBuchstaben->setEnabled(Geladen);
     mnuPfadKopieren->setEnabled(ListeFrei && Gewählt > 0);
     mnuOrdnerÖffnen->setEnabled(ListeFrei && Gewählt == 1);
+    for (const auto& Nachführung : Nachführungen)
+        Nachführung(Geladen);
 }
 
 void frmMain::OrdnerHinzufügen(const std::string& Ordner) {
