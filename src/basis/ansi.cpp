@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 
 #include "basis/text.h"
 
@@ -14,6 +16,9 @@ constexpr std::array<char16_t, 32> Mittelteil = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
+
+// Bytes that the longest character of the table takes in UTF-8.
+constexpr std::size_t HöchsteZeichenlänge = 3;
 
 }  // namespace
 
@@ -29,17 +34,39 @@ std::optional<unsigned char> AnsiByte(char32_t Zeichen) {
 }
 
 std::string AnsiNachUtf8(std::string_view Bytes) {
-    if (IstAscii(Bytes)) return std::string(Bytes);
     std::string Text;
-    Text.reserve(Bytes.size());
-    for (const char Byte : Bytes) {
-        if (static_cast<unsigned char>(Byte) < 0x80) {
-            Text.push_back(Byte);
+    AnsiNachUtf8Anhängen(Text, Bytes);
+    return Text;
+}
+
+void AnsiNachUtf8Anhängen(std::string& Ziel, std::string_view Bytes) {
+    constexpr std::size_t Block = 8;
+    constexpr std::uint64_t Hohe = 0x8080808080808080;
+    const std::size_t Vorher = Ziel.size();
+    Ziel.resize(Vorher + HöchsteZeichenlänge * Bytes.size());
+    char* Ende = Ziel.data() + Vorher;
+    for (std::size_t i = 0; i < Bytes.size();) {
+        std::uint64_t Acht = Hohe;
+        if (Bytes.size() - i >= Block) std::memcpy(&Acht, Bytes.data() + i, Block);
+        if ((Acht & Hohe) == 0) {
+            std::memcpy(Ende, &Acht, Block);
+            Ende += Block;
+            i += Block;
+            continue;
+        }
+        const char32_t Zeichen = AnsiZeichen(static_cast<unsigned char>(Bytes[i++]));
+        if (Zeichen < 0x80) {
+            *Ende++ = static_cast<char>(Zeichen);
+        } else if (Zeichen < 0x800) {
+            *Ende++ = static_cast<char>(0xC0U | Zeichen >> 6U);
+            *Ende++ = static_cast<char>(0x80U | (Zeichen & 0x3FU));
         } else {
-            ZeichenAnhängen(Text, AnsiZeichen(static_cast<unsigned char>(Byte)));
+            *Ende++ = static_cast<char>(0xE0U | Zeichen >> 12U);
+            *Ende++ = static_cast<char>(0x80U | (Zeichen >> 6U & 0x3FU));
+            *Ende++ = static_cast<char>(0x80U | (Zeichen & 0x3FU));
         }
     }
-    return Text;
+    Ziel.resize(static_cast<std::size_t>(Ende - Ziel.data()));
 }
 
 std::optional<std::string> Utf8NachAnsi(std::string_view Text) {

@@ -20,6 +20,7 @@ std::optional<unsigned char> AnsiByte(char32_t Zeichen);
 
 // Text of the bytes of a file. Never fails: every byte has a character.
 std::string AnsiNachUtf8(std::string_view Bytes);
+void AnsiNachUtf8Anhängen(std::string& Ziel, std::string_view Bytes);
 
 // Bytes of a text; nothing when the text is no valid UTF-8 or holds a character that Windows-1252 lacks.
 std::optional<std::string> Utf8NachAnsi(std::string_view Text);

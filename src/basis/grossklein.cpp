@@ -385,6 +385,9 @@ std::string Kleinbuchstaben(std::string_view Text) {
 std::string Großbuchstaben(std::string_view Text) {
     return Abgebildet<Vergrößernd>(Text);
 }
+void GroßbuchstabenAnhängen(std::string& Ziel, std::string_view Text) {
+    AbbildungAnhängen<Vergrößernd>(Ziel, Text);
+}
 
 bool GleichOhneGroß(std::string_view A, std::string_view B) {
     std::size_t Rest = 0;

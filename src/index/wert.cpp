@@ -58,7 +58,7 @@ void IndexwertLesenAnhängen(std::string& Ziel, std::string_view Bytes) {
     } else if (IstRoh(Bytes)) {
         Ziel += Bytes.substr(Rohmarke.size());
     } else {
-        Ziel += AnsiNachUtf8(Bytes);
+        AnsiNachUtf8Anhängen(Ziel, Bytes);
     }
 }
 

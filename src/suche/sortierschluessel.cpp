@@ -21,17 +21,6 @@ bool IstZahlenfeld(const Feldwahl& Feld) {
     return Feld.Bekannt && Anzeigetyp(Feld, false) != Feldtyp::Text;
 }
 
-void GroßSchreiben(std::string& Text) {
-    if (!IstAscii(Text)) {
-        Text = Großbuchstaben(Text);
-        return;
-    }
-    for (char& Zeichen : Text) {
-        const bool Klein = static_cast<unsigned char>(Zeichen - 'a') < 26;
-        Zeichen = static_cast<char>(Zeichen ^ (Klein ? 0x20 : 0));
-    }
-}
-
 void SortierformLesen(const Katalog& Index, Satznummer Nummer, const Feldwahl& Feld, std::string& Wert) {
     Feldtyp Typ{};
     FeldWert(Index, Nummer, Feld, Wertform::Sortieren, false, Wert, Typ);
@@ -209,10 +198,14 @@ float ZahlWert(std::string_view Text, int Art) {
 
 void SchlüsselBilden(const Katalog& Index, Satznummer Nummer, const Feldwahl& Feld,
                      Sortierschlüssel& Schlüssel) {
-    SortierformLesen(Index, Nummer, Feld, Schlüssel.Text);
-    if (!IstZahlenfeld(Feld)) return GroßSchreiben(Schlüssel.Text);
-    Schlüssel.Zahl = ZahlWert(Schlüssel.Text, 3);
+    std::string Wert;
+    SortierformLesen(Index, Nummer, Feld, Wert);
     Schlüssel.Text.clear();
+    if (IstZahlenfeld(Feld)) {
+        Schlüssel.Zahl = ZahlWert(Wert, 3);
+    } else {
+        GroßbuchstabenAnhängen(Schlüssel.Text, Wert);
+    }
 }
 
 bool SchlüsselHängtAmPlatz(const Katalog& Index, const Feldwahl& Feld) {
@@ -242,6 +235,7 @@ std::optional<std::vector<Rangliste>> RängeBilden(const Katalog& Index, std::sp
     Fragezeichen Frage(Weiter);
     AufKerneVerteilen(Anzahl, SätzeJeKern, [&](std::size_t Faden, std::size_t Von, std::size_t Bis) {
         std::string Wert;
+        std::string Groß;
         for (std::size_t i = Von; i < Bis; ++i) {
             if (!Frage.Weitermachen(Faden, i - Von)) return;
             for (std::size_t k = 0; k < Gefragte.size(); ++k) {
@@ -249,8 +243,9 @@ std::optional<std::vector<Rangliste>> RängeBilden(const Katalog& Index, std::sp
                 if (AlsZahl[k]) {
                     Ränge[k][i] = FloatRang(ZahlWert(Wert, 3));
                 } else {
-                    GroßSchreiben(Wert);
-                    Ränge[k][i] = Teile[k][Faden].Aufnehmen(Wert);
+                    Groß.clear();
+                    GroßbuchstabenAnhängen(Groß, Wert);
+                    Ränge[k][i] = Teile[k][Faden].Aufnehmen(Groß);
                 }
             }
         }
