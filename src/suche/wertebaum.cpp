@@ -46,16 +46,20 @@ void NachAlphabet(std::vector<std::string>& Werte) {
 
 }  // namespace
 
-std::vector<std::string> WertebaumÖffnen(const Katalog& Index, Suchpuffer& Puffer,
-                                         std::span<const std::string> Pfad) {
+std::optional<std::vector<std::string>> WertebaumÖffnen(const Katalog& Index, Suchpuffer& Puffer,
+                                                        std::span<const std::string> Pfad,
+                                                        Oberfläche& Person) {
     if (Pfad.size() % 2 == 0) return ÜbrigeFelder(Pfad);
     const bool BeideTags = Index.Optionen.SpaltenBeideTags == 1;
     const Feldwahl Feld = FeldFinden(Pfad.back());
-    // Never cancelled: the tree that opens the node waits for its children and bears no event in between.
-    auto Werte = VerschiedeneWerte(Index, {&Feld, 1}, BeideTags, Zutreffende(Index, Puffer, Pfad, BeideTags),
-                                   [](std::size_t) { return true; })
-                     .value();
-    NachAlphabet(Werte);
+    Person.FortschrittStarten("Sammle Werte von '" + Pfad.back() + "'", true, Index.IndexAnzahl());
+    auto Werte =
+        VerschiedeneWerte(Index, {&Feld, 1}, BeideTags, Zutreffende(Index, Puffer, Pfad, BeideTags),
+                          [&Person](std::size_t Erledigt) {
+                              return Person.FortschrittZeigen({}, static_cast<std::int64_t>(Erledigt));
+                          });
+    if (Werte) NachAlphabet(*Werte);
+    Person.FortschrittSchließen();
     return Werte;
 }
 

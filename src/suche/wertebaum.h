@@ -5,11 +5,13 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "basis/oberflaeche.h"
 #include "index/katalog.h"
 #include "suche/abfrage.h"
 #include "suche/suchpuffer.h"
@@ -23,9 +25,11 @@ inline constexpr std::array<std::string_view, 10> WertebaumFelder = {
 
 // The children of a node that is being opened, all of which can be opened in turn. Below a field: its values
 // among the records that hold every value above, in the order of the alphabet. Below a value: the fields that
-// do not stand above it. For an empty path the root nodes.
-std::vector<std::string> WertebaumÖffnen(const Katalog& Index, Suchpuffer& Puffer,
-                                         std::span<const std::string> Pfad);
+// do not stand above it. For an empty path the root nodes. Collecting values shows Fortschritt; nothing when
+// the person has cancelled.
+std::optional<std::vector<std::string>> WertebaumÖffnen(const Katalog& Index, Suchpuffer& Puffer,
+                                                        std::span<const std::string> Pfad,
+                                                        Oberfläche& Person);
 
 // "OK" on the chosen node: each field with its value becomes a query with the standard code. On failure the
 // text of the message; the dialog stays open then.

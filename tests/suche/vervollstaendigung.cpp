@@ -71,7 +71,8 @@ TEST(Wertebaum, ZeigtWasDieWerteDarüberÜbriglassen) {
     std::mt19937 Zufall(6);
     const Katalog Index = ZufälligerKatalog(Zufall, 500);
     Suchpuffer Puffer;
-    EXPECT_EQ(WertebaumÖffnen(Index, Puffer, {}).size(), 10U);
+    speicher::Person Person;
+    EXPECT_EQ(WertebaumÖffnen(Index, Puffer, {}, Person)->size(), 10U);
     const Texte Pfad = {"Interpret", "Bach Bachmann", "Jahr"};
     Texte Erwartet;
     for (Satznummer i = 1; i <= Index.IndexAnzahl(); ++i) {
@@ -83,11 +84,14 @@ TEST(Wertebaum, ZeigtWasDieWerteDarüberÜbriglassen) {
             Neu = Neu && !Gleich(Bekannter, Jahr);
         if (Neu) Erwartet.push_back(Jahr);
     }
-    Texte Gezeigt = WertebaumÖffnen(Index, Puffer, Pfad);
+    Texte Gezeigt = WertebaumÖffnen(Index, Puffer, Pfad, Person).value();
     ASSERT_GT(Gezeigt.size(), 3U);
     EXPECT_TRUE(std::is_permutation(Gezeigt.begin(), Gezeigt.end(), Erwartet.begin(), Erwartet.end()));
     const Texte Unten = {"Interpret", "x", "Jahr", "1999"};
-    EXPECT_EQ(WertebaumÖffnen(Index, Puffer, Unten).size(), 8U);
+    EXPECT_EQ(WertebaumÖffnen(Index, Puffer, Unten, Person)->size(), 8U);
+    Person.AbbruchBei = 1;
+    EXPECT_FALSE(WertebaumÖffnen(Index, Puffer, Pfad, Person));
+    EXPECT_EQ(Person.Offen, 0);
 
     Suchabfragen Menge;
     EXPECT_EQ(WertebaumÜbernehmen(Menge, Texte{}, true),

@@ -204,7 +204,12 @@ TEST_F(Suchhilfen, WertebaumWirdStufeUmStufeZuAbfragen) {
             QTest::keyClick(&Form, Qt::Key_Return);
             EXPECT_EQ(Eins.Person.Meldungen.back(),
                       "Die aktuelle Auswahl kann nicht in eine Such-Abfrage umgewandelt werden.");
-            QTest::keyClick(&Baum, Qt::Key_Right);  // opens "Interpret"
+            Eins.Person.AbbruchBei = Eins.Person.Zeigungen + 1;
+            QTest::keyClick(&Baum, Qt::Key_Right);  // opens "Interpret", which is cancelled
+            EXPECT_FALSE(Baum.isExpanded(Baum.currentIndex()));
+            Eins.Person.AbbruchBei = 0;
+            QTest::keyClick(&Baum, Qt::Key_Right);
+            EXPECT_TRUE(Baum.isExpanded(Baum.currentIndex()));
             EXPECT_EQ(Baum.model()->rowCount(Baum.currentIndex()), 2);
             QTest::keyClick(&Baum, Qt::Key_Right);
             EXPECT_EQ(Baum.currentIndex().data().toString(), u"Anna Berg"_s);

@@ -24,7 +24,11 @@ frmSucheErweitertHinzufügenNeu::frmSucheErweitertHinzufügenNeu(const Katalog& 
     treListe = new QTreeView(this);
     treListe->setObjectName(u"treListe"_s);
     treListe->setAccessibleName(u"Felder und Werte"_s);
-    treListe->setModel(new Wertebaummodell(Index, Puffer, treListe));
+    auto* const Werte = new Wertebaummodell(Index, Puffer, Person, treListe);
+    treListe->setModel(Werte);
+    connect(treListe, &QTreeView::expanded, this, [this, Werte](const QModelIndex& Zelle) {
+        if (!Werte->Öffnen(Zelle)) treListe->collapse(Zelle);
+    });
     treListe->setHeaderHidden(true);
     treListe->header()->setObjectName(u"treListeSpalten"_s);
     treListe->setUniformRowHeights(true);

@@ -1,6 +1,5 @@
 #include "ui/qt/wertebaummodell.h"
 
-#include <QGuiApplication>
 #include <algorithm>
 
 #include "suche/wertebaum.h"
@@ -8,9 +7,10 @@
 
 namespace liedwerk {
 
-Wertebaummodell::Wertebaummodell(const Katalog& Datensätze, Suchpuffer& Texte, QObject* Eltern)
-    : QAbstractItemModel(Eltern), Index(Datensätze), Puffer(Texte) {
-    Wurzel.Namen = WertebaumÖffnen(Index, Puffer, {});
+Wertebaummodell::Wertebaummodell(const Katalog& Datensätze, Suchpuffer& Texte, Oberfläche& Dialoge,
+                                 QObject* Eltern)
+    : QAbstractItemModel(Eltern), Index(Datensätze), Puffer(Texte), Person(Dialoge) {
+    Wurzel.Namen = WertebaumÖffnen(Index, Puffer, {}, Person).value_or(std::vector<std::string>{});
 }
 
 Wertebaummodell::Knoten* Wertebaummodell::KnotenVon(const QModelIndex& Zelle) const {
@@ -48,28 +48,24 @@ int Wertebaummodell::rowCount(const QModelIndex& Eltern) const {
 }
 
 bool Wertebaummodell::hasChildren(const QModelIndex& Eltern) const {
-    return canFetchMore(Eltern) || rowCount(Eltern) > 0;
+    return KnotenVon(Eltern) == nullptr || rowCount(Eltern) > 0;
 }
 
-bool Wertebaummodell::canFetchMore(const QModelIndex& Eltern) const {
-    return KnotenVon(Eltern) == nullptr;
-}
-
-void Wertebaummodell::fetchMore(const QModelIndex& Eltern) {
-    if (!canFetchMore(Eltern)) return;
-    QGuiApplication::setOverrideCursor(Qt::BusyCursor);
+bool Wertebaummodell::Öffnen(const QModelIndex& Zelle) {
+    if (KnotenVon(Zelle) != nullptr) return true;
+    auto Namen = WertebaumÖffnen(Index, Puffer, Pfad(Zelle), Person);
+    if (!Namen) return false;
     auto Neuer = std::make_unique<Knoten>();
-    Neuer->Eltern = static_cast<Knoten*>(Eltern.internalPointer());
-    Neuer->Zeile = Eltern.row();
-    std::vector<std::string> Namen = WertebaumÖffnen(Index, Puffer, Pfad(Eltern));
+    Neuer->Eltern = static_cast<Knoten*>(Zelle.internalPointer());
+    Neuer->Zeile = Zelle.row();
     Knoten& Träger = *Neuer;
     Träger.Eltern->Geöffnete[Träger.Zeile] = std::move(Neuer);
-    if (!Namen.empty()) {
-        beginInsertRows(Eltern, 0, static_cast<int>(Namen.size()) - 1);
-        Träger.Namen = std::move(Namen);
+    if (!Namen->empty()) {
+        beginInsertRows(Zelle, 0, static_cast<int>(Namen->size()) - 1);
+        Träger.Namen = std::move(*Namen);
         endInsertRows();
     }
-    QGuiApplication::restoreOverrideCursor();
+    return true;
 }
 
 QVariant Wertebaummodell::data(const QModelIndex& Zelle, int Rolle) const {

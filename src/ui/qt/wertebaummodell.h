@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "basis/oberflaeche.h"
 #include "index/katalog.h"
 #include "suche/suchpuffer.h"
 
@@ -15,8 +16,11 @@ namespace liedwerk {
 
 class Wertebaummodell final : public QAbstractItemModel {
   public:
-    Wertebaummodell(const Katalog& Datensätze, Suchpuffer& Texte, QObject* Eltern);
+    Wertebaummodell(const Katalog& Datensätze, Suchpuffer& Texte, Oberfläche& Dialoge, QObject* Eltern);
 
+    // Fills a node that is being opened; false when the person has cancelled. The view must not do that by
+    // itself: it asks in the middle of its layout, and progress bears no turn of the event loop there.
+    bool Öffnen(const QModelIndex& Zelle);
     // Field, value, field, value, ... from the root to the node.
     std::vector<std::string> Pfad(const QModelIndex& Zelle) const;
 
@@ -25,8 +29,6 @@ class Wertebaummodell final : public QAbstractItemModel {
     int rowCount(const QModelIndex& Eltern = {}) const override;
     int columnCount(const QModelIndex& = {}) const override { return 1; }
     bool hasChildren(const QModelIndex& Eltern = {}) const override;
-    bool canFetchMore(const QModelIndex& Eltern) const override;
-    void fetchMore(const QModelIndex& Eltern) override;
     QVariant data(const QModelIndex& Zelle, int Rolle) const override;
 
   private:
@@ -42,6 +44,7 @@ class Wertebaummodell final : public QAbstractItemModel {
 
     const Katalog& Index;
     Suchpuffer& Puffer;
+    Oberfläche& Person;
     mutable Knoten Wurzel;
 };
 
