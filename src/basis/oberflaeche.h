@@ -29,6 +29,13 @@ struct Verfügbarkeitsfrage {
     std::function<bool(std::string& Aktuell)> Nachsehen;
 };
 
+// What the dialog about a file that another program holds needs, in the same way. Nachsehen tries to write
+// anew and gives true when that can be done.
+struct Schreibsperrfrage {
+    std::string Text;
+    std::function<bool()> Nachsehen;
+};
+
 class Oberfläche {
   public:
     virtual ~Oberfläche() = default;
@@ -44,6 +51,9 @@ class Oberfläche {
     virtual void StatusZeigen(std::string_view Text, int Dauer = 0) = 0;
     // frmDateiNichtVerfügbar, modal.
     virtual Verfügbarkeitsantwort DateiNichtVerfügbarZeigen(const Verfügbarkeitsfrage& Frage) = 0;
+    // frmDateiNichtVerfügbarSchreiben, modal: true when the file can be written now, false when it is
+    // skipped.
+    virtual bool DateiNichtVerfügbarSchreibenZeigen(const Schreibsperrfrage& Frage) = 0;
 
     // Fortschritt, the one modal progress window. Starting while it is open changes its title and bound.
     // Höchstens is ignored without percentage. The window appears after 300 ms at the earliest.

@@ -31,6 +31,7 @@ class Abwesend final : public Oberfläche {
     Verfügbarkeitsantwort DateiNichtVerfügbarZeigen(const Verfügbarkeitsfrage&) override {
         return Verfügbarkeitsantwort::AlleÜberspringen;
     }
+    bool DateiNichtVerfügbarSchreibenZeigen(const Schreibsperrfrage&) override { return false; }
     void FortschrittStarten(std::string_view, bool, std::int64_t) override {}
     bool FortschrittZeigen(std::string_view, std::int64_t) override { return true; }
     void FortschrittSchließen() override {}

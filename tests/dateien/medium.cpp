@@ -148,6 +148,7 @@ TEST_F(Mediumprobe, DerWächterSiehtDasEingelegteMedium) {
             }
             return Verfügbarkeitsantwort::Abbrechen;
         }
+        bool DateiNichtVerfügbarSchreibenZeigen(const Schreibsperrfrage&) override { return false; }
         void Melden(Symbol, std::string_view) override {}
         Antwort Fragen(Symbol, std::string_view, Knöpfe, Antwort Vorgabe) override { return Vorgabe; }
         void StatusZeigen(std::string_view, int) override {}

@@ -48,6 +48,11 @@ class Person final : public Oberfläche {
         Verfügbarkeiten.pop_front();
         return Nächste;
     }
+    // Looks once, as the dialog's clock does; without success the person skips.
+    bool DateiNichtVerfügbarSchreibenZeigen(const Schreibsperrfrage& Frage) override {
+        Gefragt.push_back(Frage.Text);
+        return Frage.Nachsehen && Frage.Nachsehen();
+    }
     void FortschrittStarten(std::string_view Überschrift, bool, std::int64_t) override {
         Titel.emplace_back(Überschrift);
         Offen = 1;

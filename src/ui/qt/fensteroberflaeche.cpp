@@ -46,6 +46,12 @@ Verfügbarkeitsantwort Fensteroberfläche::DateiNichtVerfügbarZeigen(const Verf
     return static_cast<Verfügbarkeitsantwort>(Form.exec());
 }
 
+bool Fensteroberfläche::DateiNichtVerfügbarSchreibenZeigen(const Schreibsperrfrage& Frage) {
+    const Mauszeiger Zeiger;
+    return frmDateiNichtVerfügbarSchreiben(Frage, BesitzerJetzt()).exec() ==
+           static_cast<int>(Verfügbarkeitsantwort::Verfügbar);
+}
+
 void Fensteroberfläche::FortschrittStarten(std::string_view Titel, bool MitProzent, std::int64_t Höchstens) {
     if (Fenster == nullptr) Fenster = new frmFortschritt(BesitzerJetzt());
     Fenster->Starten(QtText(Titel), MitProzent, Höchstens);

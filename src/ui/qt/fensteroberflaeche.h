@@ -20,6 +20,7 @@ class Fensteroberfläche final : public Oberfläche {
     Antwort Fragen(Symbol Zeichen, std::string_view Text, Knöpfe Auswahl, Antwort Vorgabe) override;
     void StatusZeigen(std::string_view Text, int Dauer) override;
     Verfügbarkeitsantwort DateiNichtVerfügbarZeigen(const Verfügbarkeitsfrage& Frage) override;
+    bool DateiNichtVerfügbarSchreibenZeigen(const Schreibsperrfrage& Frage) override;
     void FortschrittStarten(std::string_view Titel, bool MitProzent, std::int64_t Höchstens) override;
     bool FortschrittZeigen(std::string_view Text, std::int64_t Position) override;
     void FortschrittSchließen() override;

@@ -31,6 +31,9 @@ struct Fensterplatz {
     // Called whenever selection, list or mode changed: the subject enables its actions. Geladen: an index is
     // loaded and the list can be used.
     std::function<void(std::function<void(bool Geladen)>)> BeiÄnderung;
+    // Called at a double click or Enter on a row with its record. The subjects are asked in the order in
+    // which they came until one says true: it has done what there was to do.
+    std::function<void(std::function<bool(Satznummer)>)> BeiDoppelklick;
 };
 
 // An action of the window with its name, text, picture ("" for none) and keys, also reachable by its keys

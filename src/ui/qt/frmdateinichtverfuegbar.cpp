@@ -1,5 +1,7 @@
 #include "ui/qt/frmdateinichtverfuegbar.h"
 
+#include <chrono>
+
 #include "ui/qt/formkopf.h"
 #include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
@@ -7,6 +9,16 @@
 using namespace Qt::StringLiterals;
 
 namespace liedwerk {
+namespace {
+
+// One-shot: while a drive spins up, no second look is begun.
+constexpr std::chrono::milliseconds Nachsehabstand(1000);
+
+int Nummer(Verfügbarkeitsantwort Antwort) {
+    return static_cast<int>(Antwort);
+}
+
+}  // namespace
 
 frmDateiNichtVerfügbar::frmDateiNichtVerfügbar(const Verfügbarkeitsfrage& Anlass, QWidget* Eltern)
     : QDialog(Eltern), Frage(Anlass) {
@@ -28,7 +40,6 @@ frmDateiNichtVerfügbar::frmDateiNichtVerfügbar(const Verfügbarkeitsfrage& Anl
     Zeile->addWidget(lblAktuell, 1);
     Spalte->addLayout(Zeile);
     // Kept: two buttons share the A; pressing it goes from one to the other.
-    const auto Nummer = [](Verfügbarkeitsantwort Antwort) { return static_cast<int>(Antwort); };
     const auto Knöpfe = KnöpfeHinzufügen(
         *Spalte, *this,
         {{u"cmdÜberspringen"_s, u"Ü&berspringen"_s, Nummer(Verfügbarkeitsantwort::Überspringen)},
@@ -36,18 +47,43 @@ frmDateiNichtVerfügbar::frmDateiNichtVerfügbar(const Verfügbarkeitsfrage& Anl
          {u"cmdAbbrechen"_s, u"Vorgang &abbrechen"_s, Nummer(Verfügbarkeitsantwort::Abbrechen)}});
     Knöpfe[0]->setDefault(true);
     tmrDateiSuchen.setSingleShot(true);
-    tmrDateiSuchen.setInterval(1000);
+    tmrDateiSuchen.setInterval(Nachsehabstand);
     connect(&tmrDateiSuchen, &QTimer::timeout, this, [this] { tmrDateiSuchen_Timer(); });
     tmrDateiSuchen.start();
 }
 
 void frmDateiNichtVerfügbar::tmrDateiSuchen_Timer() {
-    // One-shot: while a drive spins up, no second look is begun.
     std::string Aktuell;
     const bool Verfügbar = Frage.Nachsehen && Frage.Nachsehen(Aktuell);
     lblAktuell->setText(Aktuell.empty() ? u"–"_s : QtText(Aktuell));
     if (Verfügbar) {
-        done(static_cast<int>(Verfügbarkeitsantwort::Verfügbar));
+        done(Nummer(Verfügbarkeitsantwort::Verfügbar));
+    } else {
+        tmrDateiSuchen.start();
+    }
+}
+
+frmDateiNichtVerfügbarSchreiben::frmDateiNichtVerfügbarSchreiben(const Schreibsperrfrage& Anlass,
+                                                                 QWidget* Eltern)
+    : QDialog(Eltern), Frage(Anlass) {
+    setObjectName(u"frmDateiNichtVerfügbarSchreiben"_s);
+    setWindowTitle(u"Schreiben in Datei nicht möglich"_s);
+    QVBoxLayout* const Spalte = Formspalte(*this);
+    BannerHinzufügen(*Spalte, Symbolbild("datei"), u"Auf eine Datei ist kein Schreibzugriff möglich."_s, {});
+    TextHinzufügen(*Spalte, u"lblText"_s, QtText(Frage.Text));
+    const auto Knöpfe = KnöpfeHinzufügen(
+        *Spalte, *this,
+        {{u"cmdÜberspringen"_s, u"Ü&berspringen"_s, Nummer(Verfügbarkeitsantwort::Überspringen)}});
+    Knöpfe[0]->setDefault(true);
+    tmrDateiSuchen.setSingleShot(true);
+    tmrDateiSuchen.setInterval(Nachsehabstand);
+    connect(&tmrDateiSuchen, &QTimer::timeout, this, [this] { tmrDateiSuchen_Timer(); });
+    tmrDateiSuchen.start();
+}
+
+void frmDateiNichtVerfügbarSchreiben::tmrDateiSuchen_Timer() {
+    if (Frage.Nachsehen && Frage.Nachsehen()) {
+        done(Nummer(Verfügbarkeitsantwort::Verfügbar));
     } else {
         tmrDateiSuchen.start();
     }

@@ -1,4 +1,7 @@
-// frmDateiNichtVerfügbar: asks for an absent medium and watches for it.
+// The two dialogs about a file that is not at hand: they watch for it and close by themselves when it comes.
+//
+// frmDateiNichtVerfügbar asks for an absent medium, frmDateiNichtVerfügbarSchreiben waits for a file that
+// another program holds.
 #pragma once
 
 #include <QDialog>
@@ -21,6 +24,20 @@ class frmDateiNichtVerfügbar final : public QDialog {
 
     Verfügbarkeitsfrage Frage;
     QLabel* lblAktuell;
+    QTimer tmrDateiSuchen;
+};
+
+// Its result: 0 the file can be written now, 1 skip.
+class frmDateiNichtVerfügbarSchreiben final : public QDialog {
+  public:
+    frmDateiNichtVerfügbarSchreiben(const Schreibsperrfrage& Anlass, QWidget* Eltern);
+    // Closing the window without an answer skips the file.
+    void reject() override { done(static_cast<int>(Verfügbarkeitsantwort::Überspringen)); }
+
+  private:
+    void tmrDateiSuchen_Timer();
+
+    Schreibsperrfrage Frage;
     QTimer tmrDateiSuchen;
 };
 

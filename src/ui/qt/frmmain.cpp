@@ -197,7 +197,10 @@ void frmMain::MenüsAnlegen() {
         [this](const QString& Titel, const QList<QAction*>& Aktionen) {
             fraFunktionen->GruppeHinzufügen(Titel, Aktionen);
         },
-        [this](std::function<void(bool)> Nachführung) { Nachführungen.push_back(std::move(Nachführung)); }});
+        [this](std::function<void(bool)> Nachführung) { Nachführungen.push_back(std::move(Nachführung)); },
+        [this](std::function<bool(Satznummer)> Handler) {
+            Doppelklickhandler.push_back(std::move(Handler));
+        }});
     // Shortcuts hold while a menu is not in the bar, too.
     addActions({mnuHinzufügen, mnuOrdnerHinzufügen, mnuDateienHinzufügen, mnuSpeichern, mnuÖffnen, mnuBeenden,
                 mnuAllesAuswählen, mnuPfadKopieren, mnuOrdnerÖffnen, mnuSuchen, mnuSucheLeeren, mnuSortieren,
@@ -252,6 +255,11 @@ QWidget* frmMain::ListenbereichAnlegen() {
         // Behind the click: the head is done with it before its columns may change.
         QMetaObject::invokeMethod(
             this, [this, Abschnitt] { lstSongs_ColumnClick(Abschnitt); }, Qt::QueuedConnection);
+    };
+    lstSongs->Geöffnet = [this](Satznummer Nummer) {
+        // Behind the click: what it opens may replace the rows.
+        QMetaObject::invokeMethod(
+            this, [this, Nummer] { lstSongs_DblClick(Nummer); }, Qt::QueuedConnection);
     };
     lstSongs->Abgelegt = [this](std::vector<std::string> Pfade) { PfadeAblegen(std::move(Pfade)); };
     lstSongs->Ziehdaten = [this] { return AuswahlDaten(true); };

@@ -125,6 +125,7 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     void cmdSuchVorschlägeAnzeigen_Click();
     void lstSongs_AuswahlGeändert();
     void lstSongs_SpaltenGeändert();
+    void lstSongs_DblClick(Satznummer Nummer);
     void tmrScrollUpdate_Timer();
 
     void AbfrageBearbeiten(std::size_t Nummer);
@@ -159,6 +160,7 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     std::unique_ptr<QMenu> Symbolmenü;
     std::unique_ptr<Fensterplatz> Platz;
     std::vector<std::function<void(bool)>> Nachführungen;
+    std::vector<std::function<bool(Satznummer)>> Doppelklickhandler;
     Titelschrift Fenstertitel;
     QTimer tmrStatus;
     QTimer tmrSpalten;

@@ -185,6 +185,13 @@ void frmMain::lstSongs_SpaltenGeändert() {
     tmrSpalten.start();
 }
 
+void frmMain::lstSongs_DblClick(Satznummer Nummer) {
+    if (!Bereit() || Nummer > Programm->Index.IndexAnzahl()) return;
+    for (const auto& Handler : Doppelklickhandler) {
+        if (Handler(Nummer)) return;
+    }
+}
+
 void frmMain::SpalteUmschalten(int Nummer) {
     SpaltenÜbernehmen();
     auto& Spalten = Programm->Ansicht.Spalten;

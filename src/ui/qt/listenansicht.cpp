@@ -292,6 +292,24 @@ void Listenansicht::startDrag(Qt::DropActions) {
     Zug->exec(Qt::CopyAction);
 }
 
+void Listenansicht::Öffnen(const QModelIndex& Zeile) {
+    const Satznummer Nummer = Modell.NummerVon(Zeile.row());
+    if (Nummer > 0 && Geöffnet) Geöffnet(Nummer);
+}
+
+void Listenansicht::mouseDoubleClickEvent(QMouseEvent* Ereignis) {
+    QTreeView::mouseDoubleClickEvent(Ereignis);
+    if (Ereignis->button() == Qt::LeftButton) Öffnen(indexAt(Ereignis->pos()));
+}
+
+void Listenansicht::keyPressEvent(QKeyEvent* Ereignis) {
+    const bool Eingabe = Ereignis->key() == Qt::Key_Return || Ereignis->key() == Qt::Key_Enter;
+    const auto Gehalten = Ereignis->modifiers() & ~Qt::KeypadModifier;
+    if (!Eingabe || Gehalten != Qt::NoModifier) return QTreeView::keyPressEvent(Ereignis);
+    Ereignis->accept();
+    Öffnen(currentIndex());
+}
+
 bool Listenansicht::event(QEvent* Ereignis) {
     if (Ereignis->type() == QEvent::PaletteChange) viewport()->update();
     return QTreeView::event(Ereignis);

@@ -20,6 +20,7 @@ class Listenansicht final : public QTreeView {
     std::function<void()> SpaltenGeändert;                      // by the person, not by SpaltenZeigen
     std::function<void(int Spalte)> KopfGeklickt;               // column of the model; not at a drag
     std::function<void(const QPoint& Ort)> SpaltenmenüErbeten;  // place on the screen
+    std::function<void(Satznummer)> Geöffnet;                   // double click or Enter on a row
     std::function<void(std::vector<std::string> Pfade)> Abgelegt;
     std::function<QMimeData*()> Ziehdaten;  // of the selected files; null: nothing can be dragged
 
@@ -47,6 +48,8 @@ class Listenansicht final : public QTreeView {
     void dragMoveEvent(QDragMoveEvent* Ereignis) override;
     void dropEvent(QDropEvent* Ereignis) override;
     void startDrag(Qt::DropActions Aktionen) override;
+    void mouseDoubleClickEvent(QMouseEvent* Ereignis) override;
+    void keyPressEvent(QKeyEvent* Ereignis) override;
     bool event(QEvent* Ereignis) override;
 
   private:
@@ -56,6 +59,7 @@ class Listenansicht final : public QTreeView {
         int Bis;
     };
     bool Gewählt(int Zeile) const;
+    void Öffnen(const QModelIndex& Zeile);
     void BereicheLesen();
     int Pixel(int Twips) const;
 

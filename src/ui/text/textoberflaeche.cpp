@@ -59,6 +59,13 @@ Verfügbarkeitsantwort Textoberfläche::DateiNichtVerfügbarZeigen(const Verfüg
     return Verfügbarkeitsantwort::Überspringen;
 }
 
+bool Textoberfläche::DateiNichtVerfügbarSchreibenZeigen(const Schreibsperrfrage& Frage) {
+    if (Frage.Nachsehen && Frage.Nachsehen()) return true;
+    ZeileLöschen();
+    Fehlerzeile(Frage.Text + "\n-> Übersprungen");
+    return false;
+}
+
 void Textoberfläche::FortschrittStarten(std::string_view Titel, bool MitProzent, std::int64_t Höchstens) {
     if (!Offen) NächstesMal = Zeit.Millisekunden() + ErsteAnzeige;
     Offen = true;

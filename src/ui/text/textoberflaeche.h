@@ -23,6 +23,7 @@ class Textoberfläche final : public Oberfläche {
     void StatusZeigen(std::string_view Text, int Dauer) override;
     // Looks once: nobody is there who could put the medium in.
     Verfügbarkeitsantwort DateiNichtVerfügbarZeigen(const Verfügbarkeitsfrage& Frage) override;
+    bool DateiNichtVerfügbarSchreibenZeigen(const Schreibsperrfrage& Frage) override;
     void FortschrittStarten(std::string_view Titel, bool MitProzent, std::int64_t Höchstens) override;
     bool FortschrittZeigen(std::string_view Text, std::int64_t Position) override;
     void FortschrittSchließen() override;
