@@ -1,5 +1,10 @@
 #include "index/genres.h"
 
+#include <algorithm>
+
+#include "basis/text.h"
+#include "basis/zahl.h"
+
 namespace liedwerk {
 
 const std::array<std::string_view, 145> GenreListe = {
@@ -149,5 +154,24 @@ const std::array<std::string_view, 145> GenreListe = {
     "Salsa",
     "Thrash Metal",
 };
+
+std::optional<std::uint8_t> GenreNummer(std::string_view Name) {
+    const auto* Fund = std::find_if(GenreListe.begin(), GenreListe.end(),
+                                    [&](std::string_view Eines) { return GleichOhneGroß(Eines, Name); });
+    if (Fund == GenreListe.end()) return std::nullopt;
+    return static_cast<std::uint8_t>(Fund - GenreListe.begin());
+}
+
+std::string GenreOhneZahl(std::string_view Text) {
+    const std::size_t Ende = Text.find(')');
+    if (!Text.starts_with('(') || Ende == Text.npos) return std::string(Text);
+    const std::string_view Ziffern = Text.substr(1, Ende - 1);
+    if (Ziffern.find_first_not_of("0123456789") != Ziffern.npos) return std::string(Text);
+    const auto Nummer = GanzzahlLesen<std::size_t>(Ziffern);
+    if (!Nummer || *Nummer >= GenreListe.size()) return std::string(Text);
+    const std::string_view Rest = Text.substr(Ende + 1);
+    const std::string_view Name = GenreListe[*Nummer];
+    return std::string(Rest.empty() || GleichOhneGroß(Rest, Name) ? Name : Text);
+}
 
 }  // namespace liedwerk

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace liedwerk {
@@ -10,5 +13,11 @@ namespace liedwerk {
 // genres with its usual extensions. Kept: behind it the list differs from the published one (135 skips a
 // word, 142 is a second "Dance Hall"), and some names are mis-spelt; files and indexes hold them like that.
 extern const std::array<std::string_view, 145> GenreListe;
+
+// The number of a name, compared as a whole without regard to case; the first of two alike. Nothing for
+// another text.
+std::optional<std::uint8_t> GenreNummer(std::string_view Name);
+// The name in a genre text of ID3v2: "Rock" for "(17)" and for "(17)Rock", any other text as it stands.
+std::string GenreOhneZahl(std::string_view Text);
 
 }  // namespace liedwerk

@@ -70,15 +70,9 @@ std::string Zahlentext(std::string_view Text) {
 }
 
 void GenreSetzen(const std::string& Text, Datensatz& Satz) {
-    const auto* Fund = std::find_if(GenreListe.begin(), GenreListe.end(),
-                                    [&](std::string_view Name) { return GleichOhneGroß(Name, Text); });
-    if (Fund != GenreListe.end()) {
-        Satz.Genre = static_cast<std::uint8_t>(Fund - GenreListe.begin());
-        Satz.V2Genre.clear();
-    } else {
-        Satz.Genre = KeinGenre;
-        Satz.V2Genre = Text;
-    }
+    const auto Nummer = GenreNummer(Text);
+    Satz.Genre = Nummer.value_or(KeinGenre);
+    Satz.V2Genre = Nummer ? std::string() : Text;
 }
 
 void WertSetzen(const OggSchlüssel& Eintrag, std::string_view Bytes, Datensatz& Satz) {
