@@ -382,6 +382,9 @@ void FaltenAnhängen(std::string& Ziel, std::string_view Text) {
 std::string Kleinbuchstaben(std::string_view Text) {
     return Abgebildet<Verkleinernd>(Text);
 }
+void KleinbuchstabenAnhängen(std::string& Ziel, std::string_view Text) {
+    AbbildungAnhängen<Verkleinernd>(Ziel, Text);
+}
 std::string Großbuchstaben(std::string_view Text) {
     return Abgebildet<Vergrößernd>(Text);
 }

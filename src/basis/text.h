@@ -41,6 +41,8 @@ void FaltenAnhängen(std::string& Ziel, std::string_view Text);
 // Simple lower and upper case, same letters as folding.
 std::string Kleinbuchstaben(std::string_view Text);
 std::string Großbuchstaben(std::string_view Text);
+// Appends the text in lower or upper case to Ziel.
+void KleinbuchstabenAnhängen(std::string& Ziel, std::string_view Text);
 void GroßbuchstabenAnhängen(std::string& Ziel, std::string_view Text);
 
 // Equality and position (0-based byte offset in Text, npos when absent) without regard to case.

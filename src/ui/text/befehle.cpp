@@ -14,6 +14,22 @@ constexpr std::size_t Beliebig = SIZE_MAX;
 
 const std::vector<Befehl>& Befehlstabelle() {
     static const std::vector<Befehl> Alle = {
+        {"aufraeumen",
+         "aufraeumen --methode 0..9 [NUMMER...]",
+         "Findet doppelte und zweifelhafte Dateien, unter allen Datensätzen oder den genannten. Nichts wird "
+         "verändert.\n"
+         "  --methode 0    gleicher Dateiname\n"
+         "  --methode 1    gleicher Pfad- und Dateiname\n"
+         "  --methode 2    gleicher Titel und Interpret im ID3v1-TAG\n"
+         "  --methode 3    gleicher Titel und Interpret im ID3v2-TAG\n"
+         "  --methode 4    gleiche Größe\n"
+         "  --methode 5    Dateien, die nicht existieren\n"
+         "  --methode 6    ohne ID3v1-TAG nach dem Index, 7: Dateien neu lesen\n"
+         "  --methode 8    ohne ID3v2-TAG nach dem Index, 9: Dateien neu lesen",
+         {{"--methode", true}},
+         0,
+         Beliebig,
+         AufräumenAusführen},
         {"datei-info",
          "datei-info [--lesecode 1111] [--zeilen-entfernen] DATEI...",
          "Liest Mediendateien und zeigt alles, was gefunden wurde. Ein Index wird nicht gebraucht.\n"

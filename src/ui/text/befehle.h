@@ -32,6 +32,8 @@ std::string Hilfetext();
 std::string Hilfetext(const Befehl& Eintrag);
 std::string Aufrufzeile(const Befehl& Eintrag);
 
+// befehle_aufraeumen.cpp
+Ausgang AufräumenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 // befehle_index.cpp
 Ausgang IndexNeuAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang IndexInfoAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);

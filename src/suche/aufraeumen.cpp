@@ -1,0 +1,161 @@
+#include "suche/aufraeumen.h"
+
+#include <algorithm>
+#include <functional>
+#include <optional>
+#include <string_view>
+
+#include "basis/pfad.h"
+#include "basis/text.h"
+#include "index/wert.h"
+
+namespace liedwerk {
+namespace {
+
+// Builds the text by which a record is compared, in buffers that are used again.
+class Schlüsselbildner {
+  public:
+    Schlüsselbildner(const Satzspeicher& Alle, Aufräummethode Art) : Sätze(Alle), Methode(Art) {}
+
+    // The key, valid until the next call; nothing for a record that this method leaves out.
+    std::optional<std::string_view> Schlüssel(Satznummer Nummer) {
+        Wert.clear();
+        switch (Methode) {
+            case Aufräummethode::GleicherDateiname:
+                Verkleinern(Nummer, FeldPfad, DateinameVon);
+                break;
+            case Aufräummethode::GleicherTitelId3v1:
+                if (Sätze.HatId3v1(Nummer) != TagVorhanden) return std::nullopt;
+                TitelUndInterpret(Nummer, FeldTitel, FeldInterpret);
+                break;
+            case Aufräummethode::GleicherTitelId3v2:
+                if (Sätze.HatId3v2(Nummer) != TagVorhanden) return std::nullopt;
+                TitelUndInterpret(Nummer, FeldV2Titel, FeldV2Interpret);
+                break;
+            case Aufräummethode::GleicheGröße:
+                // Kept: two files of unknown size are a pair.
+                Wert = std::to_string(Sätze.Zahl(Nummer, FeldGröße));
+                break;
+            default:
+                // Kept: whole paths are compared in lower case, also where the system tells cases apart.
+                Verkleinern(Nummer, FeldPfad, [](std::string_view Ganz) { return Ganz; });
+                break;
+        }
+        return Wert;
+    }
+
+  private:
+    template <class Teil>
+    void Verkleinern(Satznummer Nummer, int Feld, Teil&& TeilVon) {
+        Puffer.clear();
+        IndexwertLesenAnhängen(Puffer, Sätze.Roh(Nummer, Feld));
+        KleinbuchstabenAnhängen(Wert, TeilVon(std::string_view(Puffer)));
+    }
+    void TitelUndInterpret(Satznummer Nummer, int Titel, int Interpret) {
+        const auto Ganz = [](std::string_view Text) { return Text; };
+        Verkleinern(Nummer, Titel, Ganz);
+        // Where the title ends belongs to the key: "a" + "bc" is not "ab" + "c".
+        const std::size_t Grenze = Wert.size();
+        Verkleinern(Nummer, Interpret, Ganz);
+        Wert += '/';
+        Wert += std::to_string(Grenze);
+    }
+
+    const Satzspeicher& Sätze;
+    Aufräummethode Methode;
+    std::string Puffer;
+    std::string Wert;
+};
+
+// A member of the working set by the hash of its key.
+struct Streuplatz {
+    std::size_t Streuwert = 0;
+    std::size_t Platz = 0;  // 0-based in the working set
+    bool operator<(const Streuplatz& Anderer) const {
+        return Streuwert != Anderer.Streuwert ? Streuwert < Anderer.Streuwert : Platz < Anderer.Platz;
+    }
+};
+
+std::vector<Streuplatz> StreuplätzeSammeln(std::span<const Satznummer> Arbeitsmenge, Schlüsselbildner& Bilder,
+                                           Oberfläche& Person) {
+    std::vector<Streuplatz> Plätze;
+    Plätze.reserve(Arbeitsmenge.size());
+    for (std::size_t Platz = 0; Platz < Arbeitsmenge.size(); ++Platz) {
+        if (const auto Schlüssel = Bilder.Schlüssel(Arbeitsmenge[Platz]))
+            Plätze.push_back({std::hash<std::string_view>{}(*Schlüssel), Platz});
+        if (!Person.FortschrittZeigen({}, static_cast<std::int64_t>(Platz) + 1)) break;
+    }
+    return Plätze;
+}
+
+// Members of equal keys stand side by side after a sort by hash, so that nobody has to look at all of them.
+std::vector<Aufräumfund> PaareFinden(const Katalog& Index, std::span<const Satznummer> Arbeitsmenge,
+                                     Aufräummethode Methode, Oberfläche& Person) {
+    Schlüsselbildner Bilder(Index.Sätze, Methode);
+    auto Plätze = StreuplätzeSammeln(Arbeitsmenge, Bilder, Person);
+    std::ranges::sort(Plätze, std::less{});
+    // For each member the number of its partner, so that the pairs come in the order of the working set.
+    std::vector<Satznummer> Partner(Arbeitsmenge.size());
+    std::string Gesucht;
+    for (auto Erster = Plätze.begin(); Erster != Plätze.end(); ++Erster) {
+        auto Zweiter = std::next(Erster);
+        if (Zweiter == Plätze.end() || Zweiter->Streuwert != Erster->Streuwert) continue;
+        Gesucht = *Bilder.Schlüssel(Arbeitsmenge[Erster->Platz]);
+        for (; Zweiter != Plätze.end() && Zweiter->Streuwert == Erster->Streuwert; ++Zweiter) {
+            if (*Bilder.Schlüssel(Arbeitsmenge[Zweiter->Platz]) != Gesucht) continue;
+            Partner[Erster->Platz] = Arbeitsmenge[Zweiter->Platz];
+            break;
+        }
+    }
+    std::vector<Aufräumfund> Funde;
+    for (std::size_t Platz = 0; Platz < Arbeitsmenge.size(); ++Platz) {
+        if (Partner[Platz] != 0) Funde.push_back({Arbeitsmenge[Platz], Partner[Platz]});
+    }
+    return Funde;
+}
+
+std::vector<Aufräumfund> EinzelneFinden(std::span<const Satznummer> Arbeitsmenge, const Dateiprüfung& Prüfung,
+                                        Oberfläche& Person) {
+    std::vector<Aufräumfund> Funde;
+    std::int64_t Stand = 0;
+    for (const Satznummer Nummer : Arbeitsmenge) {
+        const Dateibefund Befund = Prüfung(Nummer);
+        if (Befund == Dateibefund::Abbruch) break;
+        if (Befund == Dateibefund::Verdächtig) Funde.push_back({Nummer, 0});
+        if (!Person.FortschrittZeigen({}, ++Stand)) break;
+    }
+    return Funde;
+}
+
+Dateiprüfung Tagprüfung(const Satzspeicher& Sätze, Aufräummethode Methode) {
+    return [&Sätze, Erster = Methode == Aufräummethode::OhneId3v1](Satznummer Nummer) {
+        const auto Zustand = Erster ? Sätze.HatId3v1(Nummer) : Sätze.HatId3v2(Nummer);
+        return Zustand == TagVorhanden ? Dateibefund::Unauffällig : Dateibefund::Verdächtig;
+    };
+}
+
+}  // namespace
+
+std::string FundText(const Katalog& Index, const Aufräumfund& Fund) {
+    const auto Name = [&](Satznummer Nummer) { return std::string(DateinameVon(Index.Sätze.Pfad(Nummer))); };
+    if (Fund.Ergebnis2 == 0) return Name(Fund.Ergebnis1);
+    return "'" + Name(Fund.Ergebnis1) + "' und '" + Name(Fund.Ergebnis2) + "'";
+}
+
+std::vector<Aufräumfund> DurchsucheIndex(const Katalog& Index, std::span<const Satznummer> Arbeitsmenge,
+                                         Aufräummethode Methode, const Dateiprüfung& Prüfung,
+                                         Oberfläche& Person) {
+    Person.FortschrittStarten("Durchsuche Index", true, static_cast<std::int64_t>(Arbeitsmenge.size()));
+    std::vector<Aufräumfund> Funde;
+    if (FindetPaare(Methode)) {
+        Funde = PaareFinden(Index, Arbeitsmenge, Methode, Person);
+    } else if (Methode == Aufräummethode::OhneId3v1 || Methode == Aufräummethode::OhneId3v2) {
+        Funde = EinzelneFinden(Arbeitsmenge, Tagprüfung(Index.Sätze, Methode), Person);
+    } else {
+        Funde = EinzelneFinden(Arbeitsmenge, Prüfung, Person);
+    }
+    Person.FortschrittSchließen();
+    return Funde;
+}
+
+}  // namespace liedwerk
