@@ -1,0 +1,97 @@
+#include "termine/pruefen.h"
+
+#include <optional>
+
+#include "basis/datei.h"
+#include "basis/text.h"
+#include "termine/termine.h"
+#include "termine/wiederkehr.h"
+
+namespace liedwerk {
+namespace {
+
+void ProgrammBedienen(const Termin& Eintrag, const Terminumgebung& Umgebung) {
+    if (Eintrag.Anwendung.empty()) return;
+    if (DateiExistiert(Eintrag.Anwendung)) return Umgebung.ProgrammStarten(Eintrag);
+    Umgebung.Person.Melden(
+        Symbol::Ausrufezeichen,
+        "Das bei der Einrichtung des Ereignisses '" + Eintrag.Beschreibung + "' hinterlegte Programm '" +
+            Eintrag.Anwendung +
+            "' konnte nicht gestartet werden, da es nicht existiert.\nBitte ändern Sie das Ereignis über die "
+            "Funktion 'Ereignisse verwalten'.");
+}
+
+Terminmeldung MeldungBilden(const Termin& Eintrag, std::size_t Nummer, const std::string& Nächster) {
+    Terminmeldung Meldung{Nummer, Eintrag.Meldungstext, {}, Eintrag.AnzeigeDauer};
+    if (Meldung.Text.empty()) {
+        Meldung.Text = "Das Ereignis '" + Eintrag.Beschreibung + "' vom " + TerminZelle(Eintrag, "Termin") +
+                       " wurde erreicht.\r\n\r\nBitte wählen Sie eine der unten stehenden Optionen, um "
+                       "fortzufahren.";
+    }
+    if (!Eintrag.Einheit.empty()) Meldung.Nächster = Nächster;
+    return Meldung;
+}
+
+void AntwortÜbernehmen(Termin& Eintrag, const Terminantwort& Antwort, const std::string& Nächster) {
+    const auto Zeit = DatumLesen(Antwort.Zeit);
+    if (Antwort.Wahl == Terminwahl::Folgendermaßen && Zeit) {
+        Eintrag.BenachrichtigenAm = DatumZeitText(*Zeit);
+        Eintrag.Erledigt.clear();
+    } else if (Antwort.Wahl == Terminwahl::WieHinterlegt && !Eintrag.Einheit.empty()) {
+        Eintrag.BenachrichtigenAm = Nächster;
+        Eintrag.Erledigt.clear();
+    } else {
+        Eintrag.Erledigt = "1";
+    }
+}
+
+// One event: what is told the person, if anything. Verpasste gets it when its only date has passed.
+std::optional<Terminmeldung> TerminPrüfen(Katalog& Index, std::size_t Nummer, const Terminumgebung& Umgebung,
+                                          std::vector<Termin>& Verpasste) {
+    // A copy: while a notice is open, the event may be changed or go.
+    const Termin Eintrag = Index.Termine[Nummer - 1];
+    if (Eintrag.Benachrichtigen != 1 || Eintrag.Erledigt == "1") return std::nullopt;
+    const auto Am = DatumLesen(Eintrag.BenachrichtigenAm);
+    if (!Am) {
+        Umgebung.Log.Schreiben("TerminePrüfen: Benachrichtigungs-Datum bei Termin " + std::to_string(Nummer) +
+                               " ungültig - '" + Eintrag.BenachrichtigenAm + "' ");
+        return std::nullopt;
+    }
+    const Zeitpunkt Jetzt = Umgebung.Zeit.Jetzt();
+    const Terminlage Lage = TerminNächsterTermin(Eintrag, Jetzt);
+    if (!Lage.Fällig) {
+        if (!Eintrag.Einheit.empty() || *Am > Jetzt) return std::nullopt;
+        Index.IndexGeändert = true;
+        Index.Termine[Nummer - 1].Erledigt = "1";
+        Verpasste.push_back(Eintrag);
+        Umgebung.ZeileAuffrischen(Nummer);
+        return std::nullopt;
+    }
+    Index.IndexGeändert = true;
+    ProgrammBedienen(Eintrag, Umgebung);
+    Terminmeldung Meldung = MeldungBilden(Eintrag, Nummer, Lage.Nächster);
+    const Terminantwort Antwort = Umgebung.Melden(Meldung);
+    if (Nummer <= Index.Termine.size() && Index.Termine[Nummer - 1] == Eintrag) {
+        AntwortÜbernehmen(Index.Termine[Nummer - 1], Antwort, Lage.Nächster);
+        Umgebung.ZeileAuffrischen(Nummer);
+    }
+    return Meldung;
+}
+
+}  // namespace
+
+std::vector<Terminmeldung> TerminePrüfen(Katalog& Index, const Terminumgebung& Umgebung, bool& Läuft) {
+    std::vector<Terminmeldung> Gezeigte;
+    if (Läuft) return Gezeigte;
+    Läuft = true;
+    std::vector<Termin> Verpasste;
+    for (std::size_t Nummer = 1; Nummer <= Index.Termine.size(); ++Nummer) {
+        if (auto Meldung = TerminPrüfen(Index, Nummer, Umgebung, Verpasste))
+            Gezeigte.push_back(std::move(*Meldung));
+    }
+    if (!Verpasste.empty()) Umgebung.VerpassteZeigen(Verpasste);
+    Läuft = false;
+    return Gezeigte;
+}
+
+}  // namespace liedwerk
