@@ -167,7 +167,7 @@ std::string GenreOhneZahl(std::string_view Text) {
     if (!Text.starts_with('(') || Ende == Text.npos) return std::string(Text);
     const std::string_view Ziffern = Text.substr(1, Ende - 1);
     if (Ziffern.find_first_not_of("0123456789") != Ziffern.npos) return std::string(Text);
-    const auto Nummer = GanzzahlLesen<std::size_t>(Ziffern);
+    const auto Nummer = GanzzahlLesen<std::uint16_t>(Ziffern);
     if (!Nummer || *Nummer >= GenreListe.size()) return std::string(Text);
     const std::string_view Rest = Text.substr(Ende + 1);
     const std::string_view Name = GenreListe[*Nummer];

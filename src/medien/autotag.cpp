@@ -1,0 +1,366 @@
+#include "medien/autotag.h"
+
+#include <algorithm>
+#include <array>
+
+#include "basis/pfad.h"
+#include "basis/text.h"
+#include "basis/zahl.h"
+#include "index/genres.h"
+#include "medien/medienlesen.h"
+#include "medien/schreibweise.h"
+
+namespace liedwerk {
+namespace {
+
+constexpr std::string_view Automatik = "%automatik%";
+constexpr std::string_view FormatUnverarbeitbar =
+    "Das von Ihnen zu Erkennung des TAGs verwendete Format konnte nicht verarbeitet werden.\n";
+
+// A variable with the fields of both tags that it fills; Genre has none and is stored by its own rule.
+struct Variable {
+    std::string_view Name;
+    std::string Datensatz::*V1;
+    std::string Datensatz::*V2;
+    bool MitSchreibweise;
+};
+using D = Datensatz;
+constexpr std::string_view Genrevariable = "%genre%";
+// What is not in this table, "%müll%" first of all, is thrown away.
+constexpr std::array Variablen = {
+    Variable{"%titel%", &D::Titel, &D::V2Titel, true},
+    Variable{"%interpret%", &D::Interpret, &D::V2Interpret, true},
+    Variable{"%album%", &D::Album, &D::V2Album, true},
+    Variable{"%jahr%", &D::Jahr, &D::V2Jahr, false},
+    Variable{"%kommentar%", &D::Kommentar, &D::V2Kommentar, true},
+    Variable{"%titelnummer%", &D::Titelnummer, &D::V2Titelnummer, false},
+    Variable{"%track%", &D::Titelnummer, &D::V2Titelnummer, false},
+};
+
+bool InListe(const std::vector<std::string>& Liste, std::string_view Text) {
+    return std::any_of(Liste.begin(), Liste.end(),
+                       [&](const std::string& Eintrag) { return GleichOhneGroß(Eintrag, Text); });
+}
+
+// One run over one file.
+class Lauf {
+  public:
+    Lauf(const AutoTagUmgebung& Umgebung, std::string_view Dateiname, const Datensatz& Satz, AutoTagZiel Ziel)
+        : Welt(Umgebung),
+          Datei(Dateiname),
+          Ergebnis(Satz),
+          MitV1(Ziel != AutoTagZiel::Id3v2),
+          MitV2(Ziel != AutoTagZiel::Id3v1) {
+        if (Welt.Werte.AutoTagAusschlußLeer == 0) Ausschluss = &Welt.Werte.AutoTagAusschluß;
+        Ergebnis.TagKennung = "TAG";
+        if (Welt.Werte.AutoTagFelderLöschen == 1) FelderLeeren(Satz);
+    }
+
+    // Each empty on success, else the message.
+    std::string NachFormat(std::string_view Text, const AutoTagFormat& Format);
+    std::string Automatisch(std::string_view Text);
+    // Genre and year from what the index has of the same artist.
+    void Ergänzen();
+    Datensatz& Fertiges() { return Ergebnis; }
+
+  private:
+    void FelderLeeren(const Datensatz& Satz);
+    void Setzen(std::string Datensatz::*V1, std::string Datensatz::*V2, const std::string& Text);
+    void GenreSetzen(const std::string& Text);
+    void VariableSetzen(std::string_view Name, std::string_view Wert);
+    bool IstDieseDatei(Satznummer Nummer) const;
+    bool ImIndex(Tagtext Art, std::string_view Text, std::string_view Interpret);
+    template <class Bedingung>
+    Satznummer LetzterVom(std::string_view Interpret, Bedingung&& Gilt);
+    void GenreErgänzen(std::string_view Interpret);
+    void JahrErgänzen(std::string_view Interpret);
+    // True when it is the record's ID3v1 that names this artist.
+    bool DurchV1(Satznummer Nummer, std::string_view Interpret) const;
+
+    static inline const std::vector<std::string> Nichts;
+    const AutoTagUmgebung& Welt;
+    std::string_view Datei;
+    Datensatz Ergebnis;
+    bool MitV1;
+    bool MitV2;
+    const std::vector<std::string>* Ausschluss = &Nichts;
+};
+
+// Empties the entries of the tags to fill. What tells where a tag stands in the file, and frames that no
+// entry shows, are not entries.
+void Lauf::FelderLeeren(const Datensatz& Satz) {
+    if (MitV1) TagBlockLeeren(Ergebnis, Tagblock::Id3v1);
+    if (MitV2) TagBlockLeeren(Ergebnis, Tagblock::Id3v2);
+    Ergebnis.TagKennung = "TAG";
+    Ergebnis.HatId3v1 = Satz.HatId3v1;
+    Ergebnis.HatId3v2 = Satz.HatId3v2;
+    Ergebnis.Id3v2Version = Satz.Id3v2Version;
+    Ergebnis.Id3v2Größe = Satz.Id3v2Größe;
+    Ergebnis.Id3v2Position = Satz.Id3v2Position;
+    Ergebnis.Id3v2Benutzt = Satz.Id3v2Benutzt;
+    Ergebnis.Id3v2WeitereFelder = Satz.Id3v2WeitereFelder;
+}
+
+void Lauf::Setzen(std::string Datensatz::*V1, std::string Datensatz::*V2, const std::string& Text) {
+    if (MitV1) Ergebnis.*V1 = Text;
+    if (MitV2) Ergebnis.*V2 = Text;
+}
+
+// ID3v1 takes numbers only; a text without one stays in ID3v2.
+void Lauf::GenreSetzen(const std::string& Text) {
+    const auto Nummer = GenreNummer(Text);
+    if (MitV1) Ergebnis.Genre = Nummer.value_or(KeinGenre);
+    if (MitV2) Ergebnis.V2Genre = Nummer ? std::string(GenreListe[*Nummer]) : Text;
+}
+
+void Lauf::VariableSetzen(std::string_view Name, std::string_view Wert) {
+    if (InListe(*Ausschluss, Wert)) return;
+    if (GleichOhneGroß(Name, Genrevariable)) return GenreSetzen(std::string(Wert));
+    const auto* Fund = std::find_if(Variablen.begin(), Variablen.end(),
+                                    [&](const Variable& Eine) { return GleichOhneGroß(Eine.Name, Name); });
+    if (Fund == Variablen.end()) return;
+    Setzen(Fund->V1, Fund->V2, Fund->MitSchreibweise ? Schreibweise(Wert, false) : std::string(Wert));
+}
+
+// From the end of the name to its start, so that separators too many stay in the first value.
+std::string Lauf::NachFormat(std::string_view Text, const AutoTagFormat& Format) {
+    const std::size_t Anzahl = Format.Variablen.size();
+    std::size_t Grenze = Text.size();
+    if (const auto& Letztes = Format.Trennzeichen[Anzahl]; !Letztes.empty()) {
+        const std::size_t Stelle = LetzteStelle(Grenze, Text, Letztes);
+        if (Stelle == 0)
+            return std::string(FormatUnverarbeitbar) + "Das letzte Trennzeichen '" + Letztes +
+                   "' existiert nicht, obwohl es im Format definiert wurde.";
+        Grenze = Stelle - 1;
+    }
+    std::vector<std::string_view> Werte(Anzahl);
+    for (std::size_t i = Anzahl; i-- > 0;) {
+        const auto& Davor = Format.Trennzeichen[i];
+        const std::size_t Stelle = LetzteStelle(Grenze, Text, Davor);
+        // Nothing in front of the first variable: its value begins with the name.
+        if (i == 0 && Davor.empty()) {
+            Werte[i] = Kürzen(Text.substr(0, Grenze));
+            break;
+        }
+        if (Stelle == 0)
+            return std::string(FormatUnverarbeitbar) +
+                   "Der zu erkennende Dateiname enthält nicht gleich viele Elemente wie das Format (z.B. "
+                   "Datei 'AB - CD.mp3' = 2 und Format '%AB% - %CD% - %EF%' = 3).";
+        const std::size_t Anfang = Stelle - 1 + Davor.size();
+        Werte[i] = Kürzen(Text.substr(Anfang, Grenze - Anfang));
+        Grenze = Stelle - 1;
+    }
+    for (std::size_t i = 0; i < Anzahl; ++i)
+        VariableSetzen(Format.Variablen[i], Werte[i]);
+    return {};
+}
+
+bool Lauf::IstDieseDatei(Satznummer Nummer) const {
+    return PfadeGleich(Welt.Index.Sätze.Pfad(Nummer), Datei);
+}
+
+// True when another tagged file of the index has this artist or album; with an artist: an album of that one.
+bool Lauf::ImIndex(Tagtext Art, std::string_view Text, std::string_view Interpret) {
+    const Satzspeicher& Sätze = Welt.Index.Sätze;
+    Satznummer Nummer = 0;
+    while ((Nummer = Welt.Verzeichnis.Nächster(Sätze, Art, Text, Nummer + 1)) != 0) {
+        if (!Interpret.empty() && !Welt.Verzeichnis.Hat(Sätze, Nummer, Tagtext::Interpret, Interpret))
+            continue;
+        if (!IstDieseDatei(Nummer)) return true;
+    }
+    return false;
+}
+
+std::string Lauf::Automatisch(std::string_view Text) {
+    const std::vector<std::string> Teile = NamenZerlegen(Text, *Ausschluss);
+    if (Teile.empty())
+        return "Der Dateiname '" + std::string(DateinameVon(Datei)) + "' konnte nicht verarbeitet werden.";
+    bool MitTitelnummer = false;
+    bool MitJahr = false;
+    bool MitAlbum = false;
+    std::string Interpret;
+    // The pieces that are left for title and artist, the last one first.
+    std::vector<std::string> Übrige;
+    for (auto Teil = Teile.rbegin(); Teil != Teile.rend(); ++Teil) {
+        const auto Wert = Zahl(*Teil);
+        if (Wert && !MitTitelnummer && *Wert >= 0 && *Wert <= 255) {
+            MitTitelnummer = true;
+            Setzen(&D::Titelnummer, &D::V2Titelnummer, *Teil);
+        } else if (Wert && !MitJahr && ZeichenAnzahl(*Teil) == 4) {
+            MitJahr = true;
+            Setzen(&D::Jahr, &D::V2Jahr, *Teil);
+        } else if (Interpret.empty() && ImIndex(Tagtext::Interpret, *Teil, {})) {
+            Interpret = Schreibweise(*Teil, false);
+            Setzen(&D::Interpret, &D::V2Interpret, Interpret);
+        } else {
+            if (!MitAlbum && ImIndex(Tagtext::Album, *Teil, Interpret)) {
+                MitAlbum = true;
+                Setzen(&D::Album, &D::V2Album, Schreibweise(*Teil, false));
+            }
+            // Kept: a piece taken as album may still become the title.
+            Übrige.push_back(*Teil);
+        }
+    }
+    if (!Übrige.empty()) Setzen(&D::Titel, &D::V2Titel, Übrige[0]);
+    if (Übrige.size() > 1 && Interpret.empty()) Setzen(&D::Interpret, &D::V2Interpret, Übrige[1]);
+    return {};
+}
+
+bool Lauf::DurchV1(Satznummer Nummer, std::string_view Interpret) const {
+    return GleichOhneGroß(Welt.Index.Sätze.Text(Nummer, FeldInterpret), Interpret);
+}
+
+// The last other file of this artist for which the condition holds; 0 when there is none.
+template <class Bedingung>
+Satznummer Lauf::LetzterVom(std::string_view Interpret, Bedingung&& Gilt) {
+    const Satzspeicher& Sätze = Welt.Index.Sätze;
+    Satznummer Nummer = Sätze.Anzahl() + 1;
+    while ((Nummer = Welt.Verzeichnis.Voriger(Sätze, Tagtext::Interpret, Interpret, Nummer - 1)) != 0) {
+        if (Gilt(Nummer) && !IstDieseDatei(Nummer)) return Nummer;
+    }
+    return 0;
+}
+
+void Lauf::GenreErgänzen(std::string_view Interpret) {
+    const bool V1Leer = MitV1 && Ergebnis.Genre.value_or(KeinGenre) == KeinGenre;
+    const bool V2Leer = MitV2 && Ergebnis.V2Genre.empty();
+    if (!V1Leer && !V2Leer) return;
+    const Satzspeicher& Sätze = Welt.Index.Sätze;
+    const Satznummer Nummer = LetzterVom(Interpret, [](Satznummer) { return true; });
+    if (Nummer == 0) return;
+    std::uint8_t Zahlwert = KeinGenre;
+    std::string Name;
+    if (DurchV1(Nummer, Interpret)) {
+        Zahlwert = static_cast<std::uint8_t>(Sätze.Zahl(Nummer, FeldGenre));
+        if (Zahlwert < GenreListe.size()) Name = GenreListe[Zahlwert];
+    } else {
+        Name = Sätze.Text(Nummer, FeldV2Genre);
+        Zahlwert = GenreNummer(GenreOhneZahl(Name)).value_or(KeinGenre);
+    }
+    if (V1Leer) Ergebnis.Genre = Zahlwert;
+    if (V2Leer) Ergebnis.V2Genre = Name;
+}
+
+void Lauf::JahrErgänzen(std::string_view Interpret) {
+    const bool V1Leer = MitV1 && Ergebnis.Jahr.empty();
+    const bool V2Leer = MitV2 && Ergebnis.V2Jahr.empty();
+    if (!V1Leer && !V2Leer) return;
+    const Satzspeicher& Sätze = Welt.Index.Sätze;
+    const auto JahrVon = [&](Satznummer Nummer) {
+        if (DurchV1(Nummer, Interpret)) {
+            if (std::string Jahr = Sätze.Text(Nummer, FeldJahr); !Jahr.empty()) return Jahr;
+        }
+        if (!GleichOhneGroß(Sätze.Text(Nummer, FeldV2Interpret), Interpret)) return std::string();
+        return Sätze.Text(Nummer, FeldV2Jahr);
+    };
+    const Satznummer Nummer =
+        LetzterVom(Interpret, [&](Satznummer Einer) { return !JahrVon(Einer).empty(); });
+    if (Nummer == 0) return;
+    if (V1Leer) Ergebnis.Jahr = JahrVon(Nummer);
+    if (V2Leer) Ergebnis.V2Jahr = JahrVon(Nummer);
+}
+
+void Lauf::Ergänzen() {
+    // Of an unknown artist nothing can be told.
+    const std::string Interpret =
+        MitV1 && !Ergebnis.Interpret.empty() ? Ergebnis.Interpret : (MitV2 ? Ergebnis.V2Interpret : "");
+    if (Interpret.empty()) return;
+    GenreErgänzen(Interpret);
+    JahrErgänzen(Interpret);
+}
+
+constexpr std::array<std::string_view, 6> EigeneFormate = {
+    "%Interpret% - %Titel%",
+    "%Titelnummer% - %Interpret% - %Titel%",
+    "%Interpret% - %Album% - %Titelnummer% - %Titel%",
+    "%Titelnummer% - %Titel%",
+    "%Titel%",
+    "%Automatik%",
+};
+constexpr std::array<std::string_view, 8> EigeneAusschlüsse = {
+    "Unbekannt",      "Unbekannter Interpret", "Unbekanntes Album", "Unknown",
+    "Unknown Artist", "Unknown Album",         "Various Artists",   "Verschiedene Interpreten",
+};
+
+}  // namespace
+
+std::string AutoTagAusführen(const AutoTagUmgebung& Umgebung, std::string_view Dateiname,
+                             std::string_view Format, Datensatz& Ergebnis, const Datensatz& Satz,
+                             AutoTagZiel Ziel) {
+    if (Format.empty())
+        return "Sie haben kein Erkennungs-Format ausgewählt.\nBitte wählen Sie eines im Fenster '" +
+               std::string(AutoTagFenstertitel) + "' aus.";
+    const auto Zerlegt = FormatZerlegen(Format);
+    if (!Zerlegt)
+        return "Das von Ihnen zu Erkennung des TAGs verwendete Format ('" + std::string(Format) +
+               "') konnte nicht verarbeitet werden.\nÜberprüfen Sie die Schreibweise der Variablen "
+               "('%'-Zeichen vergessen?).";
+    const bool IstAutomatik = BeginntMitOhneGroß(Format, Automatik);
+    // Kept: the last line is shown as it stands here.
+    if (IstAutomatik && Zerlegt->Variablen.size() > 1)
+        return "Bei Verwendung der Erkennungs-Variable '%Automatik%' können keine weiteren Variablen "
+               "verwendet "
+               "werden. Bitte ändern Sie das Erkennungs-Format.\n\nDer Vorgang wird abgebrochen.\", "
+               "vbInformation";
+    // The name is taken last: it follows the style of the whole path.
+    std::string Text(DateinameVon(DateiOhneEndung(Dateiname)));
+    if (Umgebung.Werte.AutoTagUnterstrichEntfernen == 1) Text = Ersetzen(Text, "_", " ");
+
+    Lauf Dieser(Umgebung, Dateiname, Satz, Ziel);
+    std::string Meldung = IstAutomatik ? Dieser.Automatisch(Text) : Dieser.NachFormat(Text, *Zerlegt);
+    if (!Meldung.empty()) return Meldung;
+    Dieser.Ergänzen();
+    Ergebnis = std::move(Dieser.Fertiges());
+    return {};
+}
+
+std::optional<AutoTagFormat> FormatZerlegen(std::string_view Format) {
+    const std::vector<std::string> Stücke = Teilen(Format, "%");
+    // Odd pieces stand around the variables, even ones are their names.
+    if (Stücke.size() < 3 || Stücke.size() % 2 == 0) return std::nullopt;
+    AutoTagFormat Ergebnis;
+    for (std::size_t i = 0; i < Stücke.size(); ++i) {
+        if (i % 2 == 0)
+            Ergebnis.Trennzeichen.push_back(Stücke[i]);
+        else
+            Ergebnis.Variablen.push_back("%" + Stücke[i] + "%");
+    }
+    return Ergebnis;
+}
+
+std::vector<std::string> NamenZerlegen(std::string_view Name, const std::vector<std::string>& Ausschluss) {
+    if (Name.size() > 1 && Name[1] == ':') Name.remove_prefix(std::min<std::size_t>(3, Name.size()));
+    std::vector<std::string> Teile;
+    for (std::size_t Anfang = 0; Anfang <= Name.size();) {
+        const std::size_t Ende = std::min(Name.find_first_of("-_,\\", Anfang), Name.size());
+        const std::string_view Teil = Kürzen(Name.substr(Anfang, Ende - Anfang));
+        if (!Teil.empty() && !InListe(Ausschluss, Teil)) Teile.emplace_back(Teil);
+        Anfang = Ende + 1;
+    }
+    return Teile;
+}
+
+std::size_t LetzteStelle(std::size_t Grenze, std::string_view Text, std::string_view Suchtext) {
+    if (Suchtext.empty()) return 0;
+    // npos + 1 is 0.
+    return Text.substr(0, Grenze).rfind(Suchtext) + 1;
+}
+
+std::vector<std::string> AutoTagListe(const Einstellungen& Werte) {
+    if (Werte.AutoTagLeer != 0 && Werte.AutoTagFormate.empty())
+        return {EigeneFormate.begin(), EigeneFormate.end()};
+    return Werte.AutoTagFormate;
+}
+
+std::vector<std::string> Ausschlußliste(const Einstellungen& Werte) {
+    if (Werte.AutoTagAusschlußLeer != 0 && Werte.AutoTagAusschluß.empty())
+        return {EigeneAusschlüsse.begin(), EigeneAusschlüsse.end()};
+    return Werte.AutoTagAusschluß;
+}
+
+void AutoTagFormatVorgeben(Einstellungen& Werte) {
+    if (Werte.AutoTagAktuell.empty() && Werte.AutoTagLeer == 0 && !Werte.AutoTagFormate.empty())
+        Werte.AutoTagAktuell = Werte.AutoTagFormate.front();
+}
+
+}  // namespace liedwerk

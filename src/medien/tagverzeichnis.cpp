@@ -1,0 +1,150 @@
+#include "medien/tagverzeichnis.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "basis/text.h"
+#include "index/wert.h"
+#include "suche/suchpuffer.h"
+
+namespace liedwerk {
+namespace {
+
+// Records a core at least, so that the threads are worth their start.
+constexpr std::size_t SätzeJeKern = 20000;
+// Marks that are compared at a time.
+constexpr std::size_t Reihe = 64;
+
+// 32 bits of a folded text. Letters of ASCII count without their case, so that a plain text needs no folding;
+// that other characters fall together with it costs a look at the record, nothing else.
+std::uint32_t Merkmal(std::string_view Gefaltet) {
+    constexpr std::uint64_t OhneGroß = 0x2020202020202020ULL;
+    constexpr std::uint64_t Faktor = 0x9E3779B97F4A7C15ULL;
+    std::uint64_t Summe = Gefaltet.size() * Faktor;
+    while (!Gefaltet.empty()) {
+        std::uint64_t Wort = 0;
+        const std::size_t Länge = std::min(Gefaltet.size(), sizeof Wort);
+        std::memcpy(&Wort, Gefaltet.data(), Länge);
+        Summe = (Summe ^ (Wort | OhneGroß)) * Faktor;
+        Summe ^= Summe >> 29U;
+        Gefaltet.remove_prefix(Länge);
+    }
+    return static_cast<std::uint32_t>(Summe >> 32U);
+}
+
+std::uint32_t MerkmalVonRohwert(std::string_view Roh) {
+    return IstAscii(Roh) ? Merkmal(Roh) : Merkmal(Falten(IndexwertLesen(Roh)));
+}
+
+// True when one of the marks of the row is the one looked for. The loop has no way out, so that it is done in
+// wide steps.
+bool ReiheEnthält(const std::uint32_t* V1, const std::uint32_t* V2, std::size_t Anzahl,
+                  std::uint32_t Gesucht) {
+    bool Gefunden = false;
+    for (std::size_t i = 0; i < Anzahl; ++i)
+        Gefunden |= (V1[i] == Gesucht) | (V2[i] == Gesucht);
+    return Gefunden;
+}
+
+bool HatTag(const Satzspeicher& Sätze, Satznummer Nummer) {
+    return Sätze.HatId3v1(Nummer) == TagVorhanden || Sätze.HatId3v2(Nummer) == TagVorhanden;
+}
+
+std::array<int, 2> FelderVon(Tagtext Art) {
+    if (Art == Tagtext::Interpret) return {FeldInterpret, FeldV2Interpret};
+    return {FeldAlbum, FeldV2Album};
+}
+
+// True when the record's text, in ID3v1 or ID3v2, is the given one.
+bool TextGleich(const Satzspeicher& Sätze, Satznummer Nummer, Tagtext Art, std::string_view Text) {
+    const auto Beide = FelderVon(Art);
+    return std::any_of(Beide.begin(), Beide.end(), [&](int Feld) {
+        const std::string_view Roh = Sätze.Roh(Nummer, Feld);
+        return IstAscii(Roh) ? GleichOhneGroß(Roh, Text) : GleichOhneGroß(IndexwertLesen(Roh), Text);
+    });
+}
+
+}  // namespace
+
+Tagverzeichnis::Frage Tagverzeichnis::FrageNach(Tagtext Art, std::string_view Text) {
+    return {Art, Text, Merkmal(Falten(Text))};
+}
+
+bool Tagverzeichnis::Passt(const Satzspeicher& Sätze, const Frage& Gefragt, std::size_t Platz) const {
+    const Spaltenpaar& Paar = SpaltenFür(Gefragt.Art);
+    if (Paar.V1[Platz] != Gefragt.Merkmal && Paar.V2[Platz] != Gefragt.Merkmal) return false;
+    return TextGleich(Sätze, static_cast<Satznummer>(Platz + 1), Gefragt.Art, Gefragt.Text);
+}
+
+bool Tagverzeichnis::Hat(const Satzspeicher& Sätze, Satznummer Nummer, Tagtext Art, std::string_view Text) {
+    Nachführen(Sätze);
+    return Passt(Sätze, FrageNach(Art, Text), static_cast<std::size_t>(Nummer - 1));
+}
+
+void Tagverzeichnis::Eintragen(const Satzspeicher& Sätze, Satznummer Nummer) {
+    const Satzsicht Sicht = Sätze.Sicht(Nummer);
+    const auto Platz = static_cast<std::size_t>(Nummer - 1);
+    for (const Tagtext Art : {Tagtext::Interpret, Tagtext::Album}) {
+        const auto [V1, V2] = FelderVon(Art);
+        Spaltenpaar& Paar = Spalten[static_cast<std::size_t>(Art)];
+        Paar.V1[Platz] = MerkmalVonRohwert(Sicht.Roh(V1));
+        Paar.V2[Platz] = MerkmalVonRohwert(Sicht.Roh(V2));
+    }
+}
+
+void Tagverzeichnis::Nachführen(const Satzspeicher& Sätze) {
+    const auto Geändert = Sätze.GeänderteSätze();
+    const auto Anzahl = static_cast<std::size_t>(Sätze.Anzahl());
+    std::size_t Bisher = Spalten[0].V1.size();
+    if (Generation != Sätze.Generation() || GeleseneÄnderungen > Geändert.size() || Bisher > Anzahl) {
+        Bisher = 0;
+        GeleseneÄnderungen = Geändert.size();
+        Generation = Sätze.Generation();
+    }
+    for (Spaltenpaar& Paar : Spalten) {
+        Paar.V1.resize(Anzahl);
+        Paar.V2.resize(Anzahl);
+    }
+    AufKerneVerteilen(Anzahl - Bisher, SätzeJeKern, [&](std::size_t, std::size_t Von, std::size_t Bis) {
+        for (std::size_t Platz = Bisher + Von; Platz < Bisher + Bis; ++Platz)
+            Eintragen(Sätze, static_cast<Satznummer>(Platz + 1));
+    });
+    for (; GeleseneÄnderungen < Geändert.size(); ++GeleseneÄnderungen)
+        Eintragen(Sätze, Geändert[GeleseneÄnderungen]);
+}
+
+Satznummer Tagverzeichnis::Nächster(const Satzspeicher& Sätze, Tagtext Art, std::string_view Text,
+                                    Satznummer Ab) {
+    Nachführen(Sätze);
+    const Frage Gefragt = FrageNach(Art, Text);
+    const auto& [V1, V2] = SpaltenFür(Art);
+    for (auto Anfang = static_cast<std::size_t>(Ab - 1); Anfang < V1.size(); Anfang += Reihe) {
+        const std::size_t Ende = std::min(Anfang + Reihe, V1.size());
+        if (!ReiheEnthält(&V1[Anfang], &V2[Anfang], Ende - Anfang, Gefragt.Merkmal)) continue;
+        for (std::size_t Platz = Anfang; Platz < Ende; ++Platz) {
+            const auto Nummer = static_cast<Satznummer>(Platz + 1);
+            if (HatTag(Sätze, Nummer) && Passt(Sätze, Gefragt, Platz)) return Nummer;
+        }
+    }
+    return 0;
+}
+
+Satznummer Tagverzeichnis::Voriger(const Satzspeicher& Sätze, Tagtext Art, std::string_view Text,
+                                   Satznummer Ab) {
+    Nachführen(Sätze);
+    const Frage Gefragt = FrageNach(Art, Text);
+    const auto& [V1, V2] = SpaltenFür(Art);
+    for (auto Ende = static_cast<std::size_t>(Ab); Ende > 0;) {
+        const std::size_t Anfang = Ende - std::min(Ende, Reihe);
+        if (ReiheEnthält(&V1[Anfang], &V2[Anfang], Ende - Anfang, Gefragt.Merkmal)) {
+            for (std::size_t Platz = Ende; Platz-- > Anfang;) {
+                const auto Nummer = static_cast<Satznummer>(Platz + 1);
+                if (HatTag(Sätze, Nummer) && Passt(Sätze, Gefragt, Platz)) return Nummer;
+            }
+        }
+        Ende = Anfang;
+    }
+    return 0;
+}
+
+}  // namespace liedwerk
