@@ -20,6 +20,7 @@
 #include "core/protokolldatei.h"
 #include "dateien/hinzufuegen.h"
 #include "dateien/medium.h"
+#include "dateien/playlisten.h"
 #include "index/katalog.h"
 #include "index/leser.h"
 #include "medien/medienlesen.h"
@@ -74,6 +75,9 @@ struct Anwendung {
     Zeitpunkt LetzteSpeicherung;
     // TerminePrüfen, run once at the start and by tmrEreignisse; empty: no reminders are looked at.
     std::function<void()> TerminePrüfen;
+    // frmIndexHinzufügenZusammenfassung, modal: true when the rows, some of them corrected by now, shall be
+    // added. Empty: nobody looks them over.
+    std::function<bool(Namensfunde& Funde)> ZusammenfassungZeigen;
 };
 
 // Marks a long run for its lifetime, so that the timers leave it alone; runs may stand in one another.

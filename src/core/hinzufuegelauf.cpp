@@ -4,6 +4,7 @@
 
 #include "basis/datei.h"
 #include "basis/text.h"
+#include "core/listenlauf.h"
 #include "core/suchlauf.h"
 
 namespace liedwerk {
@@ -63,10 +64,6 @@ Satznummer Abschließen(Anwendung& Programm, const Hinzufügeergebnis& Ergebnis,
 
 }  // namespace
 
-bool IstPlayliste(std::string_view Pfad) {
-    return Pfad.ends_with(".pls") || Pfad.ends_with(".m3u");
-}
-
 Satznummer OrdnerHinzufügenLauf(Anwendung& Programm, const Ordnerauftrag& Auftrag,
                                 const Hinzufügefolgen& Folgen) {
     const Laufsperre Sperre(Programm);
@@ -80,19 +77,15 @@ Satznummer DateienHinzufügenLauf(Anwendung& Programm, const std::vector<std::st
                        EinfachDateiHinzufügen(HinzufügeumgebungVon(Programm), Dateien, StatusMelden), Folgen);
 }
 
-Satznummer PfadeHinzufügenLauf(Anwendung& Programm, const std::vector<std::string>& Pfade) {
+Satznummer DragDropVerarbeiten(Anwendung& Programm, const std::vector<std::string>& Objekte) {
     const Laufsperre Sperre(Programm);
     const Satznummer Vorher = Programm.Index.IndexAnzahl();
     const Hinzufügefolgen Keine{false, false};
     bool Gelungen = true;
     std::vector<std::string> Dateien;
-    for (const auto& Pfad : Pfade) {
+    for (const auto& Pfad : Objekte) {
         if (IstPlayliste(Pfad)) {
-            Programm.Dienst.Person.Melden(
-                Symbol::Ausrufezeichen,
-                "Die Playliste '" + Pfad +
-                    "' wurde ausgelassen, da diese Version Playlisten noch nicht lesen kann.\n"
-                    "Fügen Sie die Dateien selbst oder deren Ordner hinzu.");
+            PlaylistLesen(Programm, Pfad, Keine);
         } else if (OrdnerExistiert(Pfad)) {
             Ordnerauftrag Auftrag;
             Auftrag.Ordner = Pfad;

@@ -19,11 +19,8 @@ Satznummer OrdnerHinzufügenLauf(Anwendung& Programm, const Ordnerauftrag& Auftr
                                 const Hinzufügefolgen& Folgen);
 Satznummer DateienHinzufügenLauf(Anwendung& Programm, const std::vector<std::string>& Dateien,
                                  const Hinzufügefolgen& Folgen, bool StatusMelden);
-// Folders and files in one go, each to its way, folders with the setting's sub-folders (what is dropped on
-// the list).
-Satznummer PfadeHinzufügenLauf(Anwendung& Programm, const std::vector<std::string>& Pfade);
-
-// True for a name that adding takes for a play list: ".pls" or ".m3u" at its end, in exactly this spelling.
-bool IstPlayliste(std::string_view Pfad);
+// DragDropVerarbeiten: play lists, folders (with the setting's sub-folders) and files in one go, each to its
+// way; what is none of them is passed over.
+Satznummer DragDropVerarbeiten(Anwendung& Programm, const std::vector<std::string>& Objekte);
 
 }  // namespace liedwerk

@@ -162,10 +162,11 @@ TEST_F(Programmtest, HinzufügenSpeichertUndSpeichernÄndertKeinByte) {
     EXPECT_EQ(Cli("--index neu.lwi --json suchen --zaehlen"), 0);
     EXPECT_EQ(Aus, "{\"Anzahl\":2}\n");
 
-    std::ofstream(Ordner + "/liste.m3u") << "musik/a.mp3\n";
-    EXPECT_EQ(Cli("hinzufuegen liste.m3u musik"), 1);
-    EXPECT_NE(Fehler.find("Playliste"), std::string::npos);
-    EXPECT_EQ(Index(), Vorher);
+    std::ofstream(Ordner + "/liste.m3u") << "musik\\a.mp3\r\nhttp://x/y\r\nC:\\fort.mp3\r\n";
+    EXPECT_EQ(Cli("--index liste.lwi --json hinzufuegen liste.m3u"), 0);
+    EXPECT_EQ(Aus, "{\"Hinzugefügt\":1,\n\"IndexAnzahl\":1}\n");
+    EXPECT_NE(Fehler.find("1 Internet-Adresse(n)"), std::string::npos);
+    EXPECT_NE(Fehler.find("C:\\fort.mp3"), std::string::npos);
 }
 
 TEST_F(Programmtest, SuchenZeigtTrefferUndVorschläge) {

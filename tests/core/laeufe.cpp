@@ -42,7 +42,7 @@ TEST_F(Lauftest, NeueDateienWerdenAngehängtOderGesucht) {
 
     Fenster.Zeile.Begriff = "Bach";
     Lied("n/c.mp3", "Bachmann");
-    EXPECT_EQ(PfadeHinzufügenLauf(*P, {Ordner + "/n", Ordner + "/liste.m3u", Ordner + "/fehlt.mp3"}), 1);
+    EXPECT_EQ(DragDropVerarbeiten(*P, {Ordner + "/n", Ordner + "/liste.m3u", Ordner + "/fehlt.mp3"}), 1);
     EXPECT_EQ(P->Ansicht.Zeilen.size(), 2u);
     EXPECT_EQ(Person.Meldungen.size(), 1u);  // the play list
     EXPECT_FALSE(P->LaufAktiv);

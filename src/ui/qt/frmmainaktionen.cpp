@@ -226,7 +226,7 @@ void frmMain::PfadeAblegen(std::vector<std::string> Pfade) {
     QMetaObject::invokeMethod(
         this,
         [this, Pfade = std::move(Pfade)] {
-            if (Bereit()) PfadeHinzufügenLauf(*Programm, Pfade);
+            if (Bereit()) DragDropVerarbeiten(*Programm, Pfade);
         },
         Qt::QueuedConnection);
 }

@@ -2,6 +2,8 @@
 
 #include <QFile>
 
+#include "basis/uri.h"
+
 namespace liedwerk {
 
 QString QtText(std::string_view Text) {
@@ -28,12 +30,7 @@ QByteArray UriListe(const std::vector<std::string>& Pfade) {
 std::vector<std::string> PfadeAusUriListe(const QByteArray& Liste) {
     std::vector<std::string> Pfade;
     for (const QByteArray& Zeile : Liste.split('\n')) {
-        QByteArray Adresse = Zeile.trimmed();
-        if (!Adresse.startsWith("file:")) continue;
-        Adresse.remove(0, 5);
-        if (Adresse.startsWith("//")) Adresse.remove(0, Adresse.indexOf('/', 2));  // empty or own host name
-        const QByteArray Pfad = QByteArray::fromPercentEncoding(Adresse);
-        if (Pfad.startsWith('/') && !Pfad.contains('\0')) Pfade.push_back(Pfad.toStdString());
+        if (auto Pfad = PfadAusUri(Zeile.trimmed().toStdString())) Pfade.push_back(std::move(*Pfad));
     }
     return Pfade;
 }

@@ -59,7 +59,7 @@ const std::vector<Befehl>& Befehlstabelle() {
         {"hinzufuegen",
          "hinzufuegen [--ohne-unterordner] [--nicht-bei TEXT] PFAD...",
          "Fügt Ordner und Dateien zum Index hinzu und speichert diesen. Ein fehlender Index wird angelegt.\n"
-         "Playlisten (.m3u, .pls) kann diese Version noch nicht lesen; sie werden abgelehnt.\n"
+         "Eine Playliste (.m3u, .pls) steht für die Dateien, die sie nennt.\n"
          "  --ohne-unterordner   nur die Dateien der Ordner selbst\n"
          "  --nicht-bei TEXT     lässt in Ordnern Dateien aus, deren Name den Text enthält",
          {{"--ohne-unterordner"}, {"--nicht-bei", true}},

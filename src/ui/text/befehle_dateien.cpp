@@ -1,8 +1,6 @@
 // Commands on media files, and bringing them into the index.
-#include <algorithm>
-
 #include "basis/datei.h"
-#include "core/hinzufuegelauf.h"
+#include "core/listenlauf.h"
 #include "core/suchlauf.h"
 #include "medien/infotext.h"
 #include "ui/text/befehle.h"
@@ -31,9 +29,10 @@ struct Zugang {
     bool Gelungen = true;
 };
 
-// Adds the folders among the paths and collects the files; what is neither is told and passed over.
-Zugang OrdnerHinzufügen(Programmlauf& Lauf, const std::vector<std::string>& Pfade,
-                        const Befehlseingabe& Eingabe) {
+// Adds the folders and the files of the play lists among the paths, and collects the other files; what is
+// none of them is told and passed over.
+Zugang SammlungenHinzufügen(Programmlauf& Lauf, const std::vector<std::string>& Pfade,
+                            const Befehlseingabe& Eingabe) {
     Zugang Ergebnis;
     for (const auto& Pfad : Pfade) {
         if (OrdnerExistiert(Pfad)) {
@@ -42,6 +41,8 @@ Zugang OrdnerHinzufügen(Programmlauf& Lauf, const std::vector<std::string>& Pfa
             Auftrag.Unterordner = !Eingabe.Hat("--ohne-unterordner");
             Auftrag.NichtBeiText = Eingabe.Wert("--nicht-bei").value_or("");
             if (OrdnerHinzufügenLauf(Lauf.Programm(), Auftrag, {false, false}) < 0) Ergebnis.Gelungen = false;
+        } else if (IstPlayliste(Pfad)) {
+            if (PlaylistLesen(Lauf.Programm(), Pfad, {false, false}) < 0) Ergebnis.Gelungen = false;
         } else if (DateiPrüfen(Pfad)) {
             Ergebnis.Dateien.push_back(Pfad);
         } else {
@@ -114,16 +115,11 @@ Ausgang DateiInfoTextAusführen(const Globaloptionen& Global, const Befehlseinga
 
 Ausgang HinzufügenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe) {
     const auto Pfade = EingabePfade(Eingabe.Argumente);
-    if (const auto Liste = std::find_if(Pfade.begin(), Pfade.end(), IstPlayliste); Liste != Pfade.end())
-        return Gescheitert(
-            "'" + *Liste +
-            "' ist eine Playliste. Diese Version kann Playlisten noch nicht lesen; geben Sie die Dateien "
-            "selbst oder deren Ordner an.");
     Programmlauf Lauf(Global);
     if (!Lauf.Bereit() || !Lauf.IndexLaden(true)) return Ausgang::Fehlgeschlagen;
     const Katalog& Index = Lauf.Programm().Index;
     const Satznummer Vorher = Index.IndexAnzahl();
-    Zugang Ergebnis = OrdnerHinzufügen(Lauf, Pfade, Eingabe);
+    Zugang Ergebnis = SammlungenHinzufügen(Lauf, Pfade, Eingabe);
     if (!Ergebnis.Dateien.empty() &&
         DateienHinzufügenLauf(Lauf.Programm(), Ergebnis.Dateien, {false, false}, true) < 0)
         Ergebnis.Gelungen = false;
