@@ -42,6 +42,9 @@ bool OrdnerExistiert(std::string_view Pfad);
 // True when the file is there and can be opened for writing now (nothing is changed).
 bool DateiBeschreibbar(std::string_view Pfad);
 
+// True for a regular file of this user under that very name: no link, and no second name of another file.
+bool EigeneDatei(std::string_view Pfad);
+
 // Removes a file; write protection of the file itself does not hinder it. A file that is not there is an
 // error.
 Dateifehler DateiLöschen(std::string_view Pfad);
@@ -70,6 +73,9 @@ class Lesedatei {
     std::uint64_t Größe() const { return Zustand.Größe; }
     // Tells a file from an earlier one whose inode number it was given; 0 when the file system cannot.
     std::uint32_t Generation() const;
+    // Claims the file against other runs of this program until it is closed; waits for nobody. An error when
+    // somebody holds it, or when the path that was opened leads to another file by now.
+    Dateifehler Sperren(std::string_view Pfad) const;
     // Reads up to Länge bytes at the 0-based offset Stelle into Ziel; gives the number read, less only at the
     // end of the file or on an error.
     std::size_t Lesen(char* Ziel, std::uint64_t Stelle, std::size_t Länge) const;
@@ -113,6 +119,9 @@ class Dateiersatz {
     // Appends the whole of an open file, and gives the new file its modification time. False after the first
     // error.
     bool Kopieren(const Lesedatei& Quelle);
+    // Appends Länge bytes of an open file from the 0-based offset Stelle on, block by block. False after the
+    // first error, and when the file has fewer.
+    bool Kopieren(const Lesedatei& Quelle, std::uint64_t Stelle, std::uint64_t Länge);
     // Makes the new content the target. False on failure: then the target is the old one, whole. With
     // BehalteTemporär a failed rename leaves the temporary file in place.
     bool Übernehmen(bool BehalteTemporär = false);
@@ -136,6 +145,12 @@ class Dateiersatz {
     Dateifehler ErsterFehler;
     Dateistand Zustand;
 };
+
+// Overwrites a file from the 0-based offset Stelle on, beyond its end too, in one write, and flushes it.
+// Erwartet is the state of the file for which the bytes were made: another one is an error. On failure the
+// file is as it was: the room is claimed first, and what was written in part is taken back.
+Dateifehler DateiÜberschreiben(std::string_view Pfad, const Dateistand& Erwartet, std::uint64_t Stelle,
+                               std::string_view Bytes);
 
 // The path behind symbolic links at the end of Pfad, also when nothing lies there yet; Pfad itself when it is
 // no link or the links do not end.

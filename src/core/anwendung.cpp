@@ -83,6 +83,16 @@ Hinzufügeumgebung HinzufügeumgebungVon(Anwendung& Programm) {
             MedienleserVon(Programm)};
 }
 
+Tagumgebung TagumgebungVon(Anwendung& Programm) {
+    return {Programm.Index,
+            Programm.Werte,
+            MedienleserVon(Programm),
+            Programm.Medium,
+            MediumumgebungVon(Programm),
+            Programm.Dienst.Person,
+            ProgrammnameMitVersion()};
+}
+
 const Programmversion& Version() {
     // The minor version has two digits, so that the number formed of both grows with every version.
     static const Programmversion Nummern{LIEDWERK_VERSION_HAUPT, NullenVoran(LIEDWERK_VERSION_NEBEN, 2),

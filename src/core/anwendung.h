@@ -24,6 +24,7 @@
 #include "index/katalog.h"
 #include "index/leser.h"
 #include "medien/medienlesen.h"
+#include "medien/tagspeichern.h"
 #include "plattform/laufwerke.h"
 #include "plattform/medienauskunft.h"
 #include "plattform/ordnerleser.h"
@@ -102,6 +103,7 @@ MedienLeser MedienleserVon(Anwendung& Programm);
 Mediumumgebung MediumumgebungVon(Anwendung& Programm);
 Indexumgebung IndexumgebungVon(Anwendung& Programm);
 Hinzufügeumgebung HinzufügeumgebungVon(Anwendung& Programm);
+Tagumgebung TagumgebungVon(Anwendung& Programm);
 
 // Program version as its three parts; Versionszahl is the number formed by the texts of major and minor
 // (100).

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "index/datensatz.h"
@@ -37,6 +38,13 @@ std::string_view Id3v1Lesen(std::string_view Dateiende);
 // Spreads a block over the record; ZeilenEntfernen counts for the comment, the other fields never keep line
 // ends.
 void Id3v1Auswerten(std::string_view Block, bool ZeilenEntfernen, Datensatz& Satz);
+
+// The 128 bytes of a block for a record's fields. Text is cut to its field and padded with blanks, the
+// comment with NUL; no genre is written as 255. Kept: a comment of more than Id3v1KommentarHöchstens bytes is
+// not taken, its field stays blank; the two bytes behind it are the track number when one is given, whether
+// or not it is a number from 0 to 255.
+inline constexpr std::size_t Id3v1KommentarHöchstens = 30;
+std::string Id3v1BlockBilden(const Datensatz& Satz);
 
 // Empties the fields of ID3v1 and marks the block as absent.
 void Id3v1Leeren(Datensatz& Satz);

@@ -76,6 +76,28 @@ enum class Id3v2Ergebnis {
 // it need not stand at the start.
 Id3v2Ergebnis Mp3TAGLesenV2(Dateianfang& Anfang, std::int64_t BytesSuchen, Datensatz& Satz);
 
+// All frames of a record in their fixed order, as version 2.3 has them, without header. Kept: the play count
+// stands twice; comment and link begin with a language, as the reader takes it off; the rating has a leading
+// encoding byte; artist and title are there also when empty. The raw frames of Id3v2WeitereFelder end it.
+std::string Id3v2RahmenBilden(const Datensatz& Satz);
+// Header of version 2.3.0 in front of Inhalt (frames and padding); the size is exact up to 28 bits.
+std::string Id3v2KopfBilden(std::size_t Inhalt);
+
+// What a save or a removal does to the tag of a file: the bytes from Stelle on (0-based, Altlänge of them)
+// go, and Neu stands at the front of the file. Where Stelle is 0 and Neu is as long as the old tag, this is
+// an overwriting in place.
+struct Id3v2Umbau {
+    std::uint64_t Stelle = 0;
+    std::uint64_t Altlänge = 0;  // 0: the file has no tag
+    std::string Neu;             // header, frames and padding; empty: nothing takes the old tag's place
+    bool AmOrt() const { return Altlänge > 0 && Stelle == 0 && Neu.size() == Altlänge; }
+};
+// The change that writes the fields of Satz into a file whose ID3v2 members were read into Zustand. Prozent
+// is the padding of a new or moved tag.
+Id3v2Umbau Id3v2UmbauPlanen(const Datensatz& Zustand, const Datensatz& Satz, std::int32_t Prozent);
+// The change that removes the tag; Altlänge is 0 when there is none.
+Id3v2Umbau Id3v2EntfernungPlanen(const Datensatz& Zustand);
+
 // Empties the members of ID3v2 and marks the tag as absent.
 void Id3v2Leeren(Datensatz& Satz);
 

@@ -79,6 +79,11 @@ bool Version2Lesen(const Lesedatei& Datei, std::string_view Größenfeld, std::u
 
 }  // namespace
 
+std::string DateiendeLesen(const Lesedatei& Datei) {
+    const std::uint64_t Länge = std::min(Datei.Größe(), LyricsFenster);
+    return Datei.Lesen(Datei.Größe() - Länge, Länge);
+}
+
 bool LyricsLesen(const Lesedatei& Datei, std::string_view Dateiende, Datensatz& Satz) {
     Satz.HatLyrics = TagFehlt;
     Satz.LyricsVersion = 0;
@@ -105,6 +110,21 @@ bool LyricsLesen(const Lesedatei& Datei, std::string_view Dateiende, Datensatz& 
     }
     if (Ganz) Satz.HatLyrics = TagVorhanden;
     return Ganz;
+}
+
+std::string LyricsTagBilden(std::string_view Text, std::string_view WeitereFelder) {
+    const auto Feld = [](std::string_view Kennung, std::string_view Wert) {
+        return std::string(Kennung)
+            .append(NullenVoran(std::to_string(Wert.size()), LyricsFeldziffern))
+            .append(Wert);
+    };
+    std::string Tag(LyricsAnfangsmarke);
+    Tag += Feld("IND", "11");
+    Tag += Feld(LyricsTextfeld, Utf8NachAnsiErsatz(Text));
+    Tag += WeitereFelder;
+    Tag += NullenVoran(std::to_string(Tag.size()), LyricsGrößenziffern);
+    Tag += LyricsEndmarke2;
+    return Tag;
 }
 
 void LyricsLeeren(Datensatz& Satz) {

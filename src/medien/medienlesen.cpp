@@ -53,12 +53,6 @@ std::optional<Dateiart> DateiartFinden(const std::vector<Dateityp>* Dateitypen, 
     return Fund->Art;
 }
 
-// The last bytes of a file, enough for ID3v1 and for the end marker of Lyrics3.
-std::string DateiendeLesen(const Lesedatei& Datei) {
-    const std::uint64_t Länge = std::min(Datei.Größe(), LyricsFenster);
-    return Datei.Lesen(Datei.Größe() - Länge, Länge);
-}
-
 void Id3v2BlockLesen(const Medienumgebung& Umgebung, std::string_view Pfad, bool ZeilenEntfernen,
                      Dateianfang& Anfang, Datensatz& Satz) {
     const auto Ergebnis = Mp3TAGLesenV2(Anfang, Umgebung.TAGsBytesSuchen, Satz);

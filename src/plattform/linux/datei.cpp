@@ -61,6 +61,15 @@ bool DieselbeDatei(const struct stat& A, const struct stat& B) {
     return A.st_dev == B.st_dev && A.st_ino == B.st_ino;
 }
 
+bool SperrenFehlen(int Nummer) {
+    return Nummer == ENOLCK || Nummer == EOPNOTSUPP || Nummer == ENOSYS || Nummer == EINVAL ||
+           Nummer == EBADF;
+}
+
+bool Festschreiben(int Griff) {
+    return Beharrlich([&] { return ::fsync(Griff); }) == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
 std::string OrdnerVon(const std::string& Pfad) {
     const std::size_t Stelle = Pfad.rfind('/');
     if (Stelle == std::string::npos) return ".";
@@ -93,6 +102,13 @@ bool DateiBeschreibbar(std::string_view Pfad) {
     if (!DateiExistiert(Pfad)) return false;
     const Griffhalter Griff(::open(Systempfad(Pfad)->c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     return static_cast<bool>(Griff);
+}
+
+bool EigeneDatei(std::string_view Pfad) {
+    const auto Name = Systempfad(Pfad);
+    struct stat Angaben {};
+    return Name && ::lstat(Name->c_str(), &Angaben) == 0 && S_ISREG(Angaben.st_mode) &&
+           Angaben.st_nlink == 1 && Angaben.st_uid == ::geteuid();
 }
 
 Dateifehler DateiLöschen(std::string_view Pfad) {
@@ -178,6 +194,14 @@ Lesedatei& Lesedatei::operator=(Lesedatei&& Andere) noexcept {
 
 Lesedatei::~Lesedatei() {
     if (Griff >= 0) ::close(Griff);
+}
+
+Dateifehler Lesedatei::Sperren(std::string_view Pfad) const {
+    if (Beharrlich([&] { return ::flock(Griff, LOCK_EX | LOCK_NB); }) != 0 && !SperrenFehlen(errno))
+        return Systemfehler(errno == EWOULDBLOCK ? EAGAIN : errno);
+    const auto Jetzt = DateistandLesen(Pfad);
+    if (!Jetzt) return LetzterSystemfehler();
+    return *Jetzt == Zustand ? Dateifehler() : Systemfehler(EBUSY, DateiVerändert);
 }
 
 std::uint32_t Lesedatei::Generation() const {

@@ -44,11 +44,6 @@ std::optional<std::string> LetztesZiel(std::string Pfad) {
     return std::nullopt;
 }
 
-// File systems that know no locks: there the exclusive creation of the name is all the protection there is.
-bool SperrenFehlen(int Nummer) {
-    return Nummer == ENOLCK || Nummer == EOPNOTSUPP || Nummer == ENOSYS || Nummer == EINVAL;
-}
-
 Dateifehler FremderName(const std::string& Temporär) {
     return Systemfehler(EEXIST,
                         "Unter dem vorläufigen Namen '" + Temporär +
@@ -178,11 +173,6 @@ void EigenschaftenÜbertragen(const std::string& Von, const struct stat& Alt, in
     ::fchmod(Nach, Rechte);
 }
 
-// Some file systems cannot flush a single file; then there is nothing to wait for.
-bool Festschreiben(int Griff) {
-    return Beharrlich([&] { return ::fsync(Griff); }) == 0 || errno == EINVAL || errno == ENOTSUP;
-}
-
 bool AllesSchreiben(int Griff, std::string_view Bytes, Dateifehler& Fehler) {
     while (!Bytes.empty()) {
         const auto Anzahl = Beharrlich([&] { return ::write(Griff, Bytes.data(), Bytes.size()); });
@@ -268,19 +258,24 @@ bool Dateiersatz::Schreiben(std::string_view Bytes) {
     return true;
 }
 
-bool Dateiersatz::Kopieren(const Lesedatei& Quelle) {
+bool Dateiersatz::Kopieren(const Lesedatei& Quelle, std::uint64_t Stelle, std::uint64_t Länge) {
     if (!Quelle.Offen() && !ErsterFehler) ErsterFehler = Systemfehler(EBADF, "Die Quelle ist nicht geöffnet");
-    std::string Block(static_cast<std::size_t>(std::min<std::uint64_t>(Quelle.Größe(), Puffergröße)), '\0');
-    for (std::uint64_t Stelle = 0; Stelle < Quelle.Größe();) {
-        const auto Gewünscht =
-            static_cast<std::size_t>(std::min<std::uint64_t>(Block.size(), Quelle.Größe() - Stelle));
+    std::string Block(static_cast<std::size_t>(std::min<std::uint64_t>(Länge, Puffergröße)), '\0');
+    while (Länge > 0) {
+        const auto Gewünscht = static_cast<std::size_t>(std::min<std::uint64_t>(Block.size(), Länge));
         if (Quelle.Lesen(Block.data(), Stelle, Gewünscht) != Gewünscht) {
             if (!ErsterFehler) ErsterFehler = Systemfehler(EIO, "Die Quelle kann nicht ganz gelesen werden");
             return false;
         }
         if (!Schreiben(std::string_view(Block.data(), Gewünscht))) return false;
         Stelle += Gewünscht;
+        Länge -= Gewünscht;
     }
+    return Schreiben({});
+}
+
+bool Dateiersatz::Kopieren(const Lesedatei& Quelle) {
+    if (!Kopieren(Quelle, 0, Quelle.Größe())) return false;
     struct stat Angaben {};
     ZeitBehalten = ::fstat(Quelle.Griff, &Angaben) == 0;
     if (ZeitBehalten) {

@@ -12,6 +12,9 @@
 
 namespace liedwerk {
 
+inline constexpr std::string_view DateiVerändert =
+    "Die Datei wurde inzwischen von einem anderen Programm verändert";
+
 // The path as the system takes it; nothing (and errno is EINVAL) when it holds a NUL byte, behind which the
 // system would not read on.
 std::optional<std::string> Systempfad(std::string_view Pfad);
@@ -46,6 +49,14 @@ Dateistand StandVon(const struct stat& Angaben);
 
 // True when both tell of one file.
 bool DieselbeDatei(const struct stat& A, const struct stat& B);
+
+// True for the error of a file system that knows no locks; there the exclusive creation of a name is all the
+// protection there is. Network file systems refuse to lock what is open for reading only (EBADF).
+bool SperrenFehlen(int Nummer);
+
+// Brings a file's content to the disk; true also where the file system cannot flush a single file. Else errno
+// tells.
+bool Festschreiben(int Griff);
 
 // The folder of a path of this system; "." for a bare name.
 std::string OrdnerVon(const std::string& Pfad);

@@ -1,0 +1,191 @@
+#include "medien/tagspeichern.h"
+
+#include <algorithm>
+#include <span>
+
+#include "basis/datei.h"
+#include "basis/pfad.h"
+#include "basis/text.h"
+#include "index/dateitypen.h"
+#include "index/genres.h"
+#include "medien/id3v1.h"
+#include "medien/id3v2.h"
+#include "medien/tagdatei.h"
+
+namespace liedwerk {
+namespace {
+
+constexpr std::array<Tagblock, 3> Tagblöcke = {Tagblock::Id3v1, Tagblock::Id3v2, Tagblock::Lyrics};
+// What stands behind the program's name in the field of the software.
+constexpr std::string_view Herstelleradresse = "www.liedwerk.invalid";
+
+std::size_t Platz(Tagblock Block) {
+    return static_cast<std::size_t>(Block) - 1;
+}
+
+Tagoptionen OptionenVon(const Einstellungen& Werte) {
+    return {Werte.TAGsBytesSuchen, Werte.TAGsProzentHinzufügen};
+}
+
+bool Gefüllt(const Datensatz& Satz, std::span<std::string Datensatz::*const> Felder) {
+    return std::any_of(Felder.begin(), Felder.end(), [&](auto Feld) { return !(Satz.*Feld).empty(); });
+}
+
+bool IstMpeg(const Tagumgebung& Umgebung, std::string_view Pfad) {
+    const Leseauftrag NurTyp{Lesecode{}, false, false, false};
+    return Umgebung.Leser(Pfad, {}, NurTyp).Dateityp == DateiartMpeg;
+}
+
+// A genre of the list gets its number in front.
+void GenreErgänzen(std::string& Genre) {
+    if (Genre.empty()) return;
+    const auto* Fund = std::find_if(GenreListe.begin(), GenreListe.end(),
+                                    [&](std::string_view Name) { return GleichOhneGroß(Name, Genre); });
+    if (Fund == GenreListe.end()) return;
+    Genre = "(" + std::to_string(Fund - GenreListe.begin()) + ")" + Genre;
+}
+
+void SoftwareErgänzen(const Tagumgebung& Umgebung, Datensatz& Satz) {
+    if (Umgebung.Werte.TAGsSoftwareFeldSchreiben == 0 || !TagHatInhalt(Satz, Tagblock::Id3v2)) return;
+    const bool Unseres = Satz.V2Software.starts_with(std::string(Programmtitel) + " ");
+    if (!Satz.V2Software.empty() && !Unseres) return;
+    Satz.V2Software = Umgebung.Programmname + " - " + std::string(Herstelleradresse);
+}
+
+// Brings the input into the form in which it is written.
+void EingabeAufbereiten(const Tagumgebung& Umgebung, Tagauswahl Welche, Datensatz& Satz) {
+    // The input field takes no more, wherever the text comes from.
+    Satz.Kommentar = LinkerTeil(Satz.Kommentar, Id3v1KommentarHöchstens);
+    if (Welche != Tagauswahl::Alle && Welche != Tagauswahl::Id3v2) return;
+    if (Umgebung.Werte.ID3v2GenreZahlenEntfernen != 1) GenreErgänzen(Satz.V2Genre);
+    SoftwareErgänzen(Umgebung, Satz);
+}
+
+bool BlockSchreiben(const Tagumgebung& Umgebung, const Tagarbeit& Arbeit, Tagblock Block,
+                    std::string& Meldung) {
+    switch (Block) {
+        case Tagblock::Id3v1:
+            return Id3v1Schreiben(Arbeit.Pfad, Id3v1BlockBilden(Arbeit.Satz), Meldung);
+        case Tagblock::Id3v2:
+            return Id3v2Schreiben(Arbeit.Pfad, Arbeit.Satz, OptionenVon(Umgebung.Werte), Meldung);
+        case Tagblock::Lyrics:
+            return LyricsSchreiben(Arbeit.Pfad, Arbeit.Satz.LyricsText, Meldung);
+    }
+    return false;
+}
+
+void BlockSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block, bool NurMitInhalt,
+                    Speicherergebnis& Ergebnis) {
+    bool& Geschrieben = Arbeit.Geschrieben[Platz(Block)];
+    if (NurMitInhalt && !Geschrieben && !TagHatInhalt(Arbeit.Satz, Block)) {
+        Ergebnis.Gespeichert = true;
+        return;
+    }
+    std::string Meldung;
+    if (BlockSchreiben(Umgebung, Arbeit, Block, Meldung)) {
+        Geschrieben = Ergebnis.Gespeichert = true;
+        if (Arbeit.Nummer > 0) Umgebung.Index.IndexGeändert = true;
+        return;
+    }
+    Ergebnis.Gescheitert = true;
+    Umgebung.Person.Melden(Symbol::Ausrufezeichen, Meldung);
+}
+
+// True when the file can be worked on; asks for its medium, or for its return from an interrupted save.
+bool IstVerfügbar(const Tagumgebung& Umgebung, const Tagarbeit& Arbeit) {
+    DateiZurückholen(Arbeit.Pfad, Umgebung.Person);
+    return Arbeit.Nummer == 0 ||
+           DateiNichtVerfügbarPrüfen(Umgebung.Index, Arbeit.Nummer, Umgebung.Medium, Umgebung.Mediumfragen,
+                                     Umgebung.Person, false) == Verfügbarkeit::Weiter;
+}
+
+// Reads the file again into the work record and into the record of the index. That one starts from what the
+// index holds: input that was not saved stays out of it.
+void NeuLesen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, std::string_view Code) {
+    if (!DateiExistiert(Arbeit.Pfad)) return;
+    const Leseauftrag Auftrag{Lesecode::Lesen(Code), false, true, false};
+    Arbeit.Satz = Umgebung.Leser(Arbeit.Pfad, Arbeit.Satz, Auftrag);
+    if (Arbeit.Nummer == 0) return;
+    Satzspeicher& Sätze = Umgebung.Index.Sätze;
+    const Leseauftrag FürIndex{Lesecode::Lesen(Code), true, true, false};
+    Sätze.Setzen(Arbeit.Nummer, Arbeit.Pfad,
+                 Umgebung.Leser(Arbeit.Pfad, Sätze.Lesen(Arbeit.Nummer), FürIndex));
+}
+
+}  // namespace
+
+bool TagHatInhalt(const Datensatz& Satz, Tagblock Block) {
+    static constexpr std::array Felder1 = {&Datensatz::Titel, &Datensatz::Interpret, &Datensatz::Album,
+                                           &Datensatz::Jahr,  &Datensatz::Kommentar, &Datensatz::Titelnummer};
+    switch (Block) {
+        case Tagblock::Id3v1:
+            return Gefüllt(Satz, Felder1) || Satz.Genre.value_or(KeinGenre) != KeinGenre;
+        case Tagblock::Id3v2:
+            return Satz.V2Qualität != KeineV2Qualität ||
+                   std::any_of(Id3v2Rahmenfelder.begin(), Id3v2Rahmenfelder.end(),
+                               [&](const Id3v2Rahmenfeld& Feld) { return !(Satz.*Feld.Feld).empty(); });
+        case Tagblock::Lyrics:
+            return !Satz.LyricsText.empty();
+    }
+    return false;
+}
+
+Tagarbeit TagarbeitBeginnen(const Tagumgebung& Umgebung, std::string_view Pfad, Satznummer Nummer) {
+    Tagarbeit Arbeit{std::string(Pfad), Nummer, {}, {}};
+    if (Nummer > 0) Arbeit.Satz = Umgebung.Index.Sätze.Lesen(Nummer);
+    for (const Tagblock Block : Tagblöcke)
+        TagBlockLeeren(Arbeit.Satz, Block);
+    Arbeit.Satz = Umgebung.Leser(Pfad, Arbeit.Satz, {Lesecode::Lesen("1111"), false, true, true});
+    return Arbeit;
+}
+
+Speicherergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagauswahl Welche,
+                               bool NurMitInhalt) {
+    Speicherergebnis Ergebnis;
+    EingabeAufbereiten(Umgebung, Welche, Arbeit.Satz);
+    if (!IstMpeg(Umgebung, Arbeit.Pfad) &&
+        Umgebung.Person.JaNein(
+            Symbol::Ausrufezeichen,
+            "Sie sollten TAGs nur in Dateien des Typs 'MPEG Audio/AAC' speichern.\n"
+            "Der Datei-Typ konnte anhand der Dateiendung nicht als passend erkannt werden.\n\n"
+            "Möchten Sie trotzdem speichern (nicht empfohlen)?") != Antwort::Ja) {
+        Ergebnis.Gescheitert = true;
+        return Ergebnis;
+    }
+    if (IstVerfügbar(Umgebung, Arbeit)) {
+        for (const Tagblock Block : Tagblöcke) {
+            if (Welche == Tagauswahl::Alle || static_cast<int>(Welche) == static_cast<int>(Block))
+                BlockSpeichern(Umgebung, Arbeit, Block, NurMitInhalt, Ergebnis);
+        }
+    } else {
+        Ergebnis.Gescheitert = true;
+    }
+    if (Arbeit.Nummer > 0) {
+        const Datensatz Vorher = Umgebung.Index.Sätze.Lesen(Arbeit.Nummer);
+        const std::array<std::uint8_t, 3> Zustände = {Vorher.HatId3v1, Vorher.HatId3v2, Vorher.HatLyrics};
+        for (const Tagblock Block : Tagblöcke) {
+            if (Zustände[Platz(Block)] == TagFehlt) TagBlockLeeren(Arbeit.Satz, Block);
+        }
+    }
+    static constexpr std::array<std::string_view, 4> Lesecodes = {"1111", "1010", "0110", "0011"};
+    NeuLesen(Umgebung, Arbeit, Lesecodes[static_cast<std::size_t>(Welche)]);
+    return Ergebnis;
+}
+
+bool TagEntfernen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block, bool Still,
+                  std::string* Meldung) {
+    DateiZurückholen(Arbeit.Pfad, Umgebung.Person);
+    std::string Text;
+    const bool Entfernt = TagAusDateiEntfernen(Arbeit.Pfad, Block, OptionenVon(Umgebung.Werte), Text);
+    if (Entfernt) {
+        // The duration depends on the tags, so the stream is read with every one of them.
+        NeuLesen(Umgebung, Arbeit, Block == Tagblock::Id3v1 ? "1010" : "0111");
+        if (Arbeit.Nummer > 0) Umgebung.Index.IndexGeändert = true;
+    } else if (!Still) {
+        Umgebung.Person.Melden(Symbol::Ausrufezeichen, Text);
+    }
+    if (Meldung != nullptr) *Meldung = std::move(Text);
+    return Entfernt;
+}
+
+}  // namespace liedwerk

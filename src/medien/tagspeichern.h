@@ -1,0 +1,66 @@
+// TagsSpeichern: what the editor, its functions and the command line call to bring a record's fields into the
+// tags of its file, and TagEntfernen, to take a tag out.
+//
+// Tagarbeit is the plain work state of one file: path, index entry, fields, and which blocks this visit has
+// written. The caller puts the person's input into Tagarbeit::Satz first and shows it again afterwards.
+// tagdatei.h changes the file; here stand the rules around it: what is written at all, the questions, the
+// messages, and the record of the index.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "basis/einstellungen.h"
+#include "basis/oberflaeche.h"
+#include "dateien/medium.h"
+#include "index/katalog.h"
+#include "medien/medienlesen.h"
+
+namespace liedwerk {
+
+// The work state of one file.
+struct Tagarbeit {
+    std::string Pfad;
+    Satznummer Nummer = 0;              // its record of the index; 0: the index does not hold the file
+    Datensatz Satz;                     // the fields as they were read or typed
+    std::array<bool, 3> Geschrieben{};  // run flags: the block (Tagblock less 1) was written in this visit
+};
+
+// What these procedures take from their surroundings.
+struct Tagumgebung {
+    Katalog& Index;
+    const Einstellungen& Werte;
+    MedienLeser Leser;
+    Mediumspeicher& Medium;
+    Mediumumgebung Mediumfragen;
+    Oberfläche& Person;
+    std::string Programmname;  // with version, for the field of the software
+};
+
+// The work state of a file after reading it with "1111", run flags reset. Nummer 0: a file without record.
+Tagarbeit TagarbeitBeginnen(const Tagumgebung& Umgebung, std::string_view Pfad, Satznummer Nummer);
+
+enum class Tagauswahl { Alle = 0, Id3v1 = 1, Id3v2 = 2, Lyrics = 3 };
+
+struct Speicherergebnis {
+    bool Gespeichert = false;  // a block was written, or passed over because it is empty
+    bool Gescheitert = false;  // a block that was to be written was not: failure (shown), refusal, no medium
+};
+
+// Writes the blocks of Arbeit.Satz that Welche names; with NurMitInhalt those without content are passed over
+// unless this visit has written them. Asks before what may cost the file something, shows what fails, then
+// reads the file again into Arbeit.Satz and into the record of the index, which is marked as changed.
+Speicherergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagauswahl Welche,
+                               bool NurMitInhalt);
+
+// Id3v1Entfernen, Id3v2Entfernen and LyricsEntfernen: removes a tag from the file, reads the file again into
+// Arbeit.Satz and the record. False on failure or refusal; Meldung, where wanted, receives the text, which is
+// shown unless Still is set.
+bool TagEntfernen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block, bool Still,
+                  std::string* Meldung = nullptr);
+
+// True when the fields of a block have any content.
+bool TagHatInhalt(const Datensatz& Satz, Tagblock Block);
+
+}  // namespace liedwerk
