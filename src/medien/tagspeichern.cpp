@@ -6,7 +6,6 @@
 #include "basis/datei.h"
 #include "basis/pfad.h"
 #include "basis/text.h"
-#include "index/dateitypen.h"
 #include "index/genres.h"
 #include "medien/id3v1.h"
 #include "medien/id3v2.h"
@@ -38,11 +37,7 @@ bool IstMpeg(const Tagumgebung& Umgebung, std::string_view Pfad) {
 
 // A genre of the list gets its number in front.
 void GenreErgänzen(std::string& Genre) {
-    if (Genre.empty()) return;
-    const auto* Fund = std::find_if(GenreListe.begin(), GenreListe.end(),
-                                    [&](std::string_view Name) { return GleichOhneGroß(Name, Genre); });
-    if (Fund == GenreListe.end()) return;
-    Genre = "(" + std::to_string(Fund - GenreListe.begin()) + ")" + Genre;
+    if (const auto Nummer = GenreNummer(Genre)) Genre = "(" + std::to_string(*Nummer) + ")" + Genre;
 }
 
 void SoftwareErgänzen(const Tagumgebung& Umgebung, Datensatz& Satz) {
@@ -75,7 +70,7 @@ bool BlockSchreiben(const Tagumgebung& Umgebung, const Tagarbeit& Arbeit, Tagblo
 }
 
 void BlockSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block, bool NurMitInhalt,
-                    Speicherergebnis& Ergebnis) {
+                    Tagsergebnis& Ergebnis) {
     bool& Geschrieben = Arbeit.Geschrieben[Platz(Block)];
     if (NurMitInhalt && !Geschrieben && !TagHatInhalt(Arbeit.Satz, Block)) {
         Ergebnis.Gespeichert = true;
@@ -139,9 +134,9 @@ Tagarbeit TagarbeitBeginnen(const Tagumgebung& Umgebung, std::string_view Pfad, 
     return Arbeit;
 }
 
-Speicherergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagauswahl Welche,
-                               bool NurMitInhalt) {
-    Speicherergebnis Ergebnis;
+Tagsergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagauswahl Welche,
+                           bool NurMitInhalt) {
+    Tagsergebnis Ergebnis;
     EingabeAufbereiten(Umgebung, Welche, Arbeit.Satz);
     if (!IstMpeg(Umgebung, Arbeit.Pfad) &&
         Umgebung.Person.JaNein(

@@ -43,7 +43,7 @@ Tagarbeit TagarbeitBeginnen(const Tagumgebung& Umgebung, std::string_view Pfad, 
 
 enum class Tagauswahl { Alle = 0, Id3v1 = 1, Id3v2 = 2, Lyrics = 3 };
 
-struct Speicherergebnis {
+struct Tagsergebnis {
     bool Gespeichert = false;  // a block was written, or passed over because it is empty
     bool Gescheitert = false;  // a block that was to be written was not: failure (shown), refusal, no medium
 };
@@ -51,8 +51,8 @@ struct Speicherergebnis {
 // Writes the blocks of Arbeit.Satz that Welche names; with NurMitInhalt those without content are passed over
 // unless this visit has written them. Asks before what may cost the file something, shows what fails, then
 // reads the file again into Arbeit.Satz and into the record of the index, which is marked as changed.
-Speicherergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagauswahl Welche,
-                               bool NurMitInhalt);
+Tagsergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagauswahl Welche,
+                           bool NurMitInhalt);
 
 // Id3v1Entfernen, Id3v2Entfernen and LyricsEntfernen: removes a tag from the file, reads the file again into
 // Arbeit.Satz and the record. False on failure or refusal; Meldung, where wanted, receives the text, which is
