@@ -7,7 +7,7 @@
 #include "basis/text.h"
 #include "basis/zahl.h"
 #include "index/genres.h"
-#include "medien/medienlesen.h"
+#include "medien/grundfelder.h"
 #include "medien/schreibweise.h"
 
 namespace liedwerk {
@@ -17,25 +17,11 @@ constexpr std::string_view Automatik = "%automatik%";
 constexpr std::string_view FormatUnverarbeitbar =
     "Das von Ihnen zu Erkennung des TAGs verwendete Format konnte nicht verarbeitet werden.\n";
 
-// A variable with the fields of both tags that it fills; Genre has none and is stored by its own rule.
-struct Variable {
-    std::string_view Name;
-    std::string Datensatz::*V1;
-    std::string Datensatz::*V2;
-    bool MitSchreibweise;
-};
-using D = Datensatz;
-constexpr std::string_view Genrevariable = "%genre%";
-// What is not in this table, "%müll%" first of all, is thrown away.
-constexpr std::array Variablen = {
-    Variable{"%titel%", &D::Titel, &D::V2Titel, true},
-    Variable{"%interpret%", &D::Interpret, &D::V2Interpret, true},
-    Variable{"%album%", &D::Album, &D::V2Album, true},
-    Variable{"%jahr%", &D::Jahr, &D::V2Jahr, false},
-    Variable{"%kommentar%", &D::Kommentar, &D::V2Kommentar, true},
-    Variable{"%titelnummer%", &D::Titelnummer, &D::V2Titelnummer, false},
-    Variable{"%track%", &D::Titelnummer, &D::V2Titelnummer, false},
-};
+// The field that a variable fills; nullptr for "%müll%" and whatever else names none: it is thrown away.
+const Grundfeld* FeldVon(std::string_view Variable) {
+    const std::string_view Name = Variable.substr(1, Variable.size() - 2);
+    return GrundfeldFinden(GleichOhneGroß(Name, "track") ? "Titelnummer" : Name);
+}
 
 bool InListe(const std::vector<std::string>& Liste, std::string_view Text) {
     return std::any_of(Liste.begin(), Liste.end(),
@@ -65,8 +51,8 @@ class Lauf {
 
   private:
     void FelderLeeren(const Datensatz& Satz);
-    void Setzen(std::string Datensatz::*V1, std::string Datensatz::*V2, const std::string& Text);
-    void GenreSetzen(const std::string& Text);
+    void Setzen(const Grundfeld& Feld, std::string_view Text);
+    void Setzen(std::string_view Feld, std::string_view Text) { Setzen(*GrundfeldFinden(Feld), Text); }
     void VariableSetzen(std::string_view Name, std::string_view Wert);
     bool IstDieseDatei(Satznummer Nummer) const;
     bool ImIndex(Tagtext Art, std::string_view Text, std::string_view Interpret);
@@ -101,25 +87,20 @@ void Lauf::FelderLeeren(const Datensatz& Satz) {
     Ergebnis.Id3v2WeitereFelder = Satz.Id3v2WeitereFelder;
 }
 
-void Lauf::Setzen(std::string Datensatz::*V1, std::string Datensatz::*V2, const std::string& Text) {
-    if (MitV1) Ergebnis.*V1 = Text;
-    if (MitV2) Ergebnis.*V2 = Text;
-}
-
-// ID3v1 takes numbers only; a text without one stays in ID3v2.
-void Lauf::GenreSetzen(const std::string& Text) {
-    const auto Nummer = GenreNummer(Text);
-    if (MitV1) Ergebnis.Genre = Nummer.value_or(KeinGenre);
-    if (MitV2) Ergebnis.V2Genre = Nummer ? std::string(GenreListe[*Nummer]) : Text;
+void Lauf::Setzen(const Grundfeld& Feld, std::string_view Text) {
+    if (MitV1) GrundfeldSetzen(Ergebnis, Feld, Tagblock::Id3v1, Text);
+    if (MitV2) GrundfeldSetzen(Ergebnis, Feld, Tagblock::Id3v2, Text);
 }
 
 void Lauf::VariableSetzen(std::string_view Name, std::string_view Wert) {
-    if (InListe(*Ausschluss, Wert)) return;
-    if (GleichOhneGroß(Name, Genrevariable)) return GenreSetzen(std::string(Wert));
-    const auto* Fund = std::find_if(Variablen.begin(), Variablen.end(),
-                                    [&](const Variable& Eine) { return GleichOhneGroß(Eine.Name, Name); });
-    if (Fund == Variablen.end()) return;
-    Setzen(Fund->V1, Fund->V2, Fund->MitSchreibweise ? Schreibweise(Wert, false) : std::string(Wert));
+    const Grundfeld* const Feld = FeldVon(Name);
+    if (Feld == nullptr || InListe(*Ausschluss, Wert)) return;
+    if (Feld->MitSchreibweise)
+        Setzen(*Feld, Schreibweise(Wert, false));
+    else if (const auto Genre = GenreNummer(Wert); Feld->V1 == nullptr && Genre)
+        Setzen(*Feld, GenreListe[*Genre]);
+    else
+        Setzen(*Feld, Wert);
 }
 
 // From the end of the name to its start, so that separators too many stay in the first value.
@@ -185,24 +166,24 @@ std::string Lauf::Automatisch(std::string_view Text) {
         const auto Wert = Zahl(*Teil);
         if (Wert && !MitTitelnummer && *Wert >= 0 && *Wert <= 255) {
             MitTitelnummer = true;
-            Setzen(&D::Titelnummer, &D::V2Titelnummer, *Teil);
+            Setzen("Titelnummer", *Teil);
         } else if (Wert && !MitJahr && ZeichenAnzahl(*Teil) == 4) {
             MitJahr = true;
-            Setzen(&D::Jahr, &D::V2Jahr, *Teil);
+            Setzen("Jahr", *Teil);
         } else if (Interpret.empty() && ImIndex(Tagtext::Interpret, *Teil, {})) {
             Interpret = Schreibweise(*Teil, false);
-            Setzen(&D::Interpret, &D::V2Interpret, Interpret);
+            Setzen("Interpret", Interpret);
         } else {
             if (!MitAlbum && ImIndex(Tagtext::Album, *Teil, Interpret)) {
                 MitAlbum = true;
-                Setzen(&D::Album, &D::V2Album, Schreibweise(*Teil, false));
+                Setzen("Album", Schreibweise(*Teil, false));
             }
             // Kept: a piece taken as album may still become the title.
             Übrige.push_back(*Teil);
         }
     }
-    if (!Übrige.empty()) Setzen(&D::Titel, &D::V2Titel, Übrige[0]);
-    if (Übrige.size() > 1 && Interpret.empty()) Setzen(&D::Interpret, &D::V2Interpret, Übrige[1]);
+    if (!Übrige.empty()) Setzen("Titel", Übrige[0]);
+    if (Übrige.size() > 1 && Interpret.empty()) Setzen("Interpret", Übrige[1]);
     return {};
 }
 

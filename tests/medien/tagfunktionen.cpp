@@ -1,5 +1,10 @@
+#include "medien/tagfunktionen.h"
+
 #include <gtest/gtest.h>
+#include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "medien/schreibweise.h"
 
@@ -26,6 +31,113 @@ TEST(Schreibweise, HebtWortanfängeUndLässtWebadressenKlein) {
     };
     for (const Fall& f : Fälle)
         EXPECT_EQ(Schreibweise(f.Text, f.NurErster), f.Erwartet) << f.Text;
+}
+
+TEST(Tagfunktionen, StehenMitDenNamenDerListen) {
+    std::string Namen;
+    for (const auto& Zeile : Tagfunktionen)
+        Namen += std::string(Zeile.Name) + "\n";
+    EXPECT_EQ(Namen,
+              "AutoTAG ausführen\nAutoTAG einstellen...\nTAGs aufräumen\nVertauschen: Titel <-> Interpret\n"
+              "Vertauschen: Titel <-> Album\nVertauschen: Interpret <-> Album\nZahl aus Kommentar in "
+              "Titelnummer\nSchreibweise: Klein, Erster groß\nSchreibweise: Klein, Wörter groß\n"
+              "Schreibweise: Klein\nSchreibweise: Groß\nFelder kopieren...\nTAG in jeweils anderen kopieren\n"
+              "TAG entfernen\n");
+    for (std::size_t i = 0; i < Tagfunktionen.size(); ++i)
+        EXPECT_EQ(static_cast<std::size_t>(Tagfunktionen[i].Funktion), i);
+    for (const auto& Zeile : Funktionsauswahlen) {
+        EXPECT_EQ(Zeile.AlleDateien, Zeile.Name.starts_with("Alle "));
+        EXPECT_EQ(Zeile.Id3v1, Zeile.Name.find("ID3v1") != Zeile.Name.npos);
+        EXPECT_EQ(Zeile.Id3v2, Zeile.Name.find("ID3v2") != Zeile.Name.npos);
+        EXPECT_EQ(Zeile.Lyrics, Zeile.Name.find("Lyrics") != Zeile.Name.npos);
+    }
+    EXPECT_EQ(FunktionsauswahlFinden("Diesen ID3v1- und ID3v2-TAG"), &Funktionsauswahlen[2]);
+    EXPECT_EQ(TagfunktionFinden("tag entfernen"), nullptr);
+}
+
+TEST(Tagfunktionen, LehntAbWasNichtGeht) {
+    EXPECT_EQ(FunktionPrüfen(&Tagfunktionen[0], nullptr),
+              "Bitte wählen Sie eine Funktion und auf welche TAGs Sie diese anwenden möchten.");
+    for (const auto& Zeile : Tagfunktionen) {
+        const bool Lyrics = Zeile.Name == "TAG entfernen" || Zeile.Name == "TAGs aufräumen" ||
+                            Zeile.Name == "AutoTAG einstellen...";
+        EXPECT_EQ(FunktionPrüfen(&Zeile, FunktionsauswahlFinden("Alle Lyrics-TAGs")),
+                  Lyrics ? "" : "Die gewählte Funktion steht nicht für Lyrics-TAGs zur Verfügung.");
+        EXPECT_EQ(FunktionPrüfen(&Zeile, FunktionsauswahlFinden("Alle ID3v1- und ID3v2-TAGs")),
+                  Zeile.Name == "TAG in jeweils anderen kopieren"
+                      ? "Die gewählte Funktion steht nicht für beide TAGs gleichzeitig zur Verfügung."
+                      : "");
+        EXPECT_EQ(FunktionPrüfen(&Zeile, FunktionsauswahlFinden("Diesen ID3v2-TAG")), "");
+    }
+}
+
+TEST(Tagfunktionen, WirkenAufDenGewähltenTagAllein) {
+    Datensatz Satz;
+    Satz.Titel = "t";
+    Satz.V2Titel = "ein LIED";
+    Satz.V2Album = "WWW.X.DE";
+    Satz.V2Jahr = "nur Text";
+    FelderTauschen(Satz, Tagblock::Id3v2, "Titel", "Album");
+    EXPECT_EQ(Satz.Titel + "|" + Satz.V2Titel + "|" + Satz.V2Album, "t|WWW.X.DE|ein LIED");
+    SchreibweiseÄndern(Satz, Tagblock::Id3v2, Tagfunktion::Groß);
+    EXPECT_EQ(Satz.V2Titel + "|" + Satz.V2Album + "|" + Satz.V2Jahr, "WWW.X.DE|EIN LIED|nur Text");
+    SchreibweiseÄndern(Satz, Tagblock::Id3v2, Tagfunktion::KleinErsterGroß);
+    EXPECT_EQ(Satz.V2Titel + "|" + Satz.V2Album, "www.x.de|Ein lied");
+    SchreibweiseÄndern(Satz, Tagblock::Id3v2, Tagfunktion::KleinWörterGroß);
+    EXPECT_EQ(Satz.V2Album, "Ein Lied");
+    SchreibweiseÄndern(Satz, Tagblock::Id3v1, Tagfunktion::Klein);
+    EXPECT_EQ(Satz.Titel, "t");
+}
+
+TEST(Tagfunktionen, ZahlAusKommentarPasstOderBleibtDraußen) {
+    struct Fall {
+        Tagblock Tag;
+        std::string_view Kommentar;
+        std::string_view Titelnummer;
+        std::string_view Meldung;
+    };
+    const Fall Fälle[] = {
+        {Tagblock::Id3v1, "Track 07 von 12", "7", ""},
+        {Tagblock::Id3v1, "ohne", "alt", ""},
+        {Tagblock::Id3v1, "x256", "alt",
+         "Die gefundene Zahl im Kommentar-Feld des ID3v1-TAGs '256' ist zu groß (>255)."},
+        {Tagblock::Id3v2, "x256", "256", ""},
+        {Tagblock::Id3v2, "2147483648", "alt",
+         "Die gefundene Zahl im Kommentar-Feld des ID3v2-TAGs '2147483648' ist zu groß."},
+        {Tagblock::Id3v2, "99999999999999999999999", "alt",
+         "Die gefundene Zahl im Kommentar-Feld des ID3v2-TAGs '99999999999999999999999' ist zu groß."},
+    };
+    for (const Fall& f : Fälle) {
+        Datensatz Satz;
+        const bool V1 = f.Tag == Tagblock::Id3v1;
+        (V1 ? Satz.Kommentar : Satz.V2Kommentar) = f.Kommentar;
+        Satz.Titelnummer = Satz.V2Titelnummer = "alt";
+        EXPECT_EQ(ZahlInTitelnummer(Satz, f.Tag), f.Meldung);
+        EXPECT_EQ(V1 ? Satz.Titelnummer : Satz.V2Titelnummer, f.Titelnummer) << f.Kommentar;
+        EXPECT_EQ(V1 ? Satz.V2Titelnummer : Satz.Titelnummer, "alt");
+    }
+}
+
+TEST(Tagfunktionen, KopiertSiebenFelderInDenAnderenTag) {
+    Datensatz Satz;
+    Satz.Titel = "t";
+    Satz.Titelnummer = "3";
+    Satz.Genre = 17;
+    Satz.V2Kommentar = "weg";
+    Satz.V2Link = "bleibt";
+    InAnderenKopieren(Satz, Tagblock::Id3v1);
+    EXPECT_EQ(Satz.V2Titel + Satz.V2Titelnummer + Satz.V2Genre + Satz.V2Kommentar + Satz.V2Link,
+              "t3Rockbleibt");
+    for (const auto& [Text, Genre] : std::vector<std::pair<std::string, std::uint8_t>>{
+             {"(9)Metal", std::uint8_t{9}}, {"pop", std::uint8_t{13}}, {"eigenes", KeinGenre}}) {
+        Satz.V2Genre = Text;
+        InAnderenKopieren(Satz, Tagblock::Id3v2);
+        EXPECT_EQ(Satz.Genre, Genre) << Text;
+    }
+    const Feldvorgabe Frei{GrundfeldFinden("Genre"), "eigenes"};
+    EXPECT_NE(FeldvorgabePrüfen(Frei, Funktionsauswahlen[6]), "");
+    EXPECT_EQ(FeldvorgabePrüfen(Frei, Funktionsauswahlen[5]), "");
+    EXPECT_EQ(FeldvorgabePrüfen({GrundfeldFinden("Genre"), "ROCK"}, Funktionsauswahlen[4]), "");
 }
 
 }  // namespace
