@@ -10,6 +10,7 @@
 #include "suche/vervollstaendigung.h"
 #include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
+#include "ui/qt/tagaktionen.h"
 
 using namespace Qt::StringLiterals;
 
@@ -210,6 +211,7 @@ void frmMain::MenüsAnlegen() {
 
 void frmMain::TeileAnlegen() {
     // The subjects put their actions into the menus here, in the order of the menus' entries.
+    TagaktionenAnlegen(*Platz);
     Platz->Datei.addSeparator();
     Platz->Datei.addAction(mnuBeenden);
     Platz->Hilfe.addAction(mnuInfo);

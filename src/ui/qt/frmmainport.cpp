@@ -13,6 +13,7 @@
 #include "ui/qt/frmmain.h"
 #include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
+#include "ui/qt/tagaktionen.h"
 
 using namespace Qt::StringLiterals;
 
@@ -256,9 +257,7 @@ void frmMain::EigentümerZeigen(std::string_view Name) {
 }
 
 void frmMain::TagEditorZeigen() {
-    Programm->Dienst.Person.Melden(Symbol::Information,
-                                   "Der TAG-Editor ist in dieser Version noch nicht enthalten.\n"
-                                   "Ihre Dateien bleiben unverändert.");
+    TagEditorAusführen(*Programm, isVisible() ? this : nullptr, GewählteDateien(*Programm));
 }
 
 void frmMain::SuchfeldFokussieren() {

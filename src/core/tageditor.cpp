@@ -1,0 +1,177 @@
+#include "core/tageditor.h"
+
+#include <algorithm>
+#include <chrono>
+#include <future>
+#include <utility>
+
+#include "basis/datei.h"
+#include "basis/pfad.h"
+#include "core/suchlauf.h"
+#include "core/tageditorfelder.h"
+
+namespace liedwerk {
+namespace {
+
+using namespace std::chrono_literals;
+
+// Runs a reading in a thread of its own. Mostly it is done before anybody could notice; a drive that spins up
+// gets the progress window instead of a window that does not answer.
+Datensatz ImHintergrundLesen(Oberfläche& Person, const std::string& Pfad,
+                             const std::function<Datensatz()>& Lesen) {
+    auto Ergebnis = std::async(std::launch::async, Lesen);
+    if (Ergebnis.wait_for(50ms) == std::future_status::ready) return Ergebnis.get();
+    const bool WarOffen = Person.FortschrittOffen();
+    if (!WarOffen) Person.FortschrittStarten("Datei wird gelesen", false, 0);
+    while (Ergebnis.wait_for(20ms) != std::future_status::ready)
+        Person.FortschrittZeigen(Pfad, 0);
+    if (!WarOffen) Person.FortschrittSchließen();
+    return Ergebnis.get();
+}
+
+// What writing takes from a run, with a reader that leaves the window alive while a slow drive is read.
+Tagumgebung UmgebungVon(Anwendung& Programm) {
+    Tagumgebung Umgebung = TagumgebungVon(Programm);
+    Umgebung.Leser = [Lesen = std::move(Umgebung.Leser), &Person = Programm.Dienst.Person](
+                         std::string_view Pfad, const Datensatz& Vorgabe, const Leseauftrag& Auftrag) {
+        return ImHintergrundLesen(Person, std::string(Pfad), [&] { return Lesen(Pfad, Vorgabe, Auftrag); });
+    };
+    return Umgebung;
+}
+
+// The texts of the panes for the work record, which has just been read.
+void TexteBilden(TagEditor& Editor) {
+    const std::string& Pfad = Editor.Arbeit.Pfad;
+    Editor.Texte = DateiinformationBilden(Pfad, Editor.Arbeit.Satz, Editor.Vorhanden && DateiExistiert(Pfad));
+}
+
+// The list behind the editor shows the record as it is now. Whether it is searched anew is the person's
+// choice: a file whose tags no longer fit the search would vanish from it.
+void ListeNachführen(Anwendung& Programm) {
+    if (Programm.Werte.SucheNichtBeiTAGEditor != 1) return SucheAktualisieren(Programm);
+    Programm.Dienst.Fenster.ListeZeigen();
+    Programm.Dienst.Fenster.AuswahlZeigen();
+}
+
+constexpr Tagauswahl AuswahlVon(Tagblock Block) {
+    return static_cast<Tagauswahl>(Block);
+}
+
+bool Geändert(const TagEditor& Editor, Tagblock Block) {
+    return !BlockGleich(Editor.Arbeit.Satz, Editor.Gelesen, Block);
+}
+
+std::string Ungespeichertes(const TagEditor& Editor) {
+    constexpr std::array<std::string_view, 3> Namen = {"ID3v1-TAG", "ID3v2-TAG", "Lyrics-TAG"};
+    std::string Text = "Ihre Eingaben für die Datei '" + std::string(DateinameVon(Editor.Arbeit.Pfad)) +
+                       "' sind noch nicht gespeichert:\n";
+    for (const Tagblock Block : Tagblöcke) {
+        if (Geändert(Editor, Block)) Text.append("\n").append(Namen[static_cast<std::size_t>(Block) - 1]);
+    }
+    return Text + "\n\nMöchten Sie diese jetzt speichern?";
+}
+
+}  // namespace
+
+std::int16_t& AutomatikVon(Einstellungen& Werte, Tagblock Block) {
+    switch (Block) {
+        case Tagblock::Id3v1:
+            return Werte.TAGAutomatischSpeichern;
+        case Tagblock::Lyrics:
+            return Werte.TAGAutomatischSpeichernLyrics;
+        case Tagblock::Id3v2:
+            break;
+    }
+    return Werte.TAGAutomatischSpeichernV2;
+}
+
+std::vector<Satznummer> GewählteDateien(const Anwendung& Programm) {
+    std::vector<Satznummer> Nummern = Programm.Ansicht.Auswahl;
+    if (Programm.Index.Programmmodus == ModusDateimanager) {
+        std::erase_if(Nummern,
+                      [&](Satznummer Nummer) { return OrdnerExistiert(Programm.Index.Sätze.Pfad(Nummer)); });
+    }
+    return Nummern;
+}
+
+void TagEditorÖffnen(TagEditor& Editor, Anwendung& Programm, std::vector<Satznummer> Dateien) {
+    Editor = {};
+    Editor.Dateien = std::move(Dateien);
+    MediumVergessen(Programm.Medium);
+    Programm.Medium.AlleÜberspringen = false;
+    DateiInfoAnzeigen(Editor, Programm);
+}
+
+void DateiInfoAnzeigen(TagEditor& Editor, Anwendung& Programm) {
+    const Laufsperre Sperre(Programm);
+    const Katalog& Index = Programm.Index;
+    const Satznummer Nummer = Editor.Nummer();
+    const std::string Pfad = Index.Sätze.Pfad(Nummer);
+    const auto Zustand = DateiNichtVerfügbarPrüfen(
+        Index, Nummer, Programm.Medium, MediumumgebungVon(Programm), Programm.Dienst.Person, false);
+    Editor.Vorhanden = Zustand == Verfügbarkeit::Weiter && DateiExistiert(Pfad);
+    if (Editor.Vorhanden) {
+        Editor.Arbeit = TagarbeitBeginnen(UmgebungVon(Programm), Pfad, Nummer);
+    } else {
+        // What the index knows about it can be looked at all the same.
+        Editor.Arbeit = {Pfad, Nummer, Index.Sätze.Lesen(Nummer), {}};
+    }
+    Editor.Gelesen = Editor.Arbeit.Satz;
+    TexteBilden(Editor);
+}
+
+std::array<bool, 3> GeänderteBlöcke(const TagEditor& Editor) {
+    return {Geändert(Editor, Tagblock::Id3v1), Geändert(Editor, Tagblock::Id3v2),
+            Geändert(Editor, Tagblock::Lyrics)};
+}
+
+bool EingabenSpeichern(TagEditor& Editor, Anwendung& Programm, Tagauswahl Welche, bool NurMitInhalt) {
+    const Laufsperre Sperre(Programm);
+    const Datensatz Eingabe = Editor.Arbeit.Satz;
+    const Datensatz Vorher = std::exchange(Editor.Gelesen, {});
+    const auto Ergebnis = TagsSpeichern(UmgebungVon(Programm), Editor.Arbeit, Welche, NurMitInhalt);
+    TexteBilden(Editor);
+    Editor.Gelesen = Editor.Arbeit.Satz;
+    for (const Tagblock Block : Tagblöcke) {
+        const bool Dabei = Welche == Tagauswahl::Alle || Welche == AuswahlVon(Block);
+        // What was not written is as open as before: entries of the person here, the file's there.
+        if (Dabei && !Ergebnis.Gescheitert) continue;
+        BlockÜbernehmen(Editor.Gelesen, Vorher, Block);
+        BlockÜbernehmen(Editor.Arbeit.Satz, Eingabe, Block);
+    }
+    ListeNachführen(Programm);
+    return !Ergebnis.Gescheitert;
+}
+
+bool DateiVerlassen(TagEditor& Editor, Anwendung& Programm, bool MitAutomatik) {
+    for (const Tagblock Block : Tagblöcke) {
+        // Going through files must not rewrite those that nobody touched.
+        if (MitAutomatik && AutomatikVon(Programm.Werte, Block) == 1 && Geändert(Editor, Block))
+            EingabenSpeichern(Editor, Programm, AuswahlVon(Block), true);
+    }
+    const auto Offen = GeänderteBlöcke(Editor);
+    if (std::none_of(Offen.begin(), Offen.end(), std::identity{})) return true;
+    const Antwort Wahl = Programm.Dienst.Person.Fragen(Symbol::Frage, Ungespeichertes(Editor),
+                                                       Knöpfe::JaNeinAbbrechen, Antwort::Ja);
+    if (Wahl == Antwort::Abbrechen) return false;
+    if (Wahl == Antwort::Nein) {
+        Editor.Arbeit.Satz = Editor.Gelesen;
+        return true;
+    }
+    bool Gelungen = true;
+    for (const Tagblock Block : Tagblöcke) {
+        if (Geändert(Editor, Block))
+            Gelungen = EingabenSpeichern(Editor, Programm, AuswahlVon(Block), false) && Gelungen;
+    }
+    return Gelungen;
+}
+
+bool Weitergehen(TagEditor& Editor, Anwendung& Programm, int Richtung) {
+    if (Richtung < 0 ? Editor.Platz == 0 : Editor.Platz + 1 >= Editor.Dateien.size()) return false;
+    if (!DateiVerlassen(Editor, Programm, true)) return false;
+    Editor.Platz = Richtung < 0 ? Editor.Platz - 1 : Editor.Platz + 1;
+    DateiInfoAnzeigen(Editor, Programm);
+    return true;
+}
+
+}  // namespace liedwerk

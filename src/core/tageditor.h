@@ -1,0 +1,58 @@
+// The TAG editor without its window: which files are on the list, which of them is open, and what becomes of
+// the person's entries when they are saved or the file is left.
+//
+// TagEditor is plain data. The form shows Arbeit, puts the controls' texts back into it
+// (core/tageditorfelder.h) and calls the procedures here; the files are written by medien/tagspeichern.h,
+// which asks and tells what there is to ask and to tell.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <vector>
+
+#include "core/anwendung.h"
+#include "medien/infotext.h"
+#include "medien/tagspeichern.h"
+
+namespace liedwerk {
+
+struct TagEditor {
+    std::vector<Satznummer> Dateien;  // the list; records must stay while the editor is open
+    std::size_t Platz = 0;            // of the current file, 0-based
+    bool Vorhanden = false;           // the current file was there and is read
+    Datensatz Gelesen;                // as the file told
+    Tagarbeit Arbeit;                 // the work record: what was read with the person's entries put in
+    Dateiinformation Texte;           // of the panes
+
+    Satznummer Nummer() const { return Dateien[Platz]; }
+};
+
+// The blocks of a file: ID3v1, ID3v2, Lyrics.
+inline constexpr std::array Tagblöcke = {Tagblock::Id3v1, Tagblock::Id3v2, Tagblock::Lyrics};
+
+// The setting behind the box of automatic saving of a block.
+std::int16_t& AutomatikVon(Einstellungen& Werte, Tagblock Block);
+
+// The selected records that are files; the folders of the file manager have no tags.
+std::vector<Satznummer> GewählteDateien(const Anwendung& Programm);
+
+// Opens the editor on the given records (at least one) and reads the first file.
+void TagEditorÖffnen(TagEditor& Editor, Anwendung& Programm, std::vector<Satznummer> Dateien);
+// DateiInfoAnzeigen: reads the current file into the work record and makes the texts of the panes; entries
+// that were not saved and the run flags are gone. A file on an absent medium is asked for first.
+void DateiInfoAnzeigen(TagEditor& Editor, Anwendung& Programm);
+
+// The blocks whose entries differ from what the file holds.
+std::array<bool, 3> GeänderteBlöcke(const TagEditor& Editor);
+
+// TagsSpeichern for the current file. What could not be saved stays in the work record. False when anything
+// that was to be written was not.
+bool EingabenSpeichern(TagEditor& Editor, Anwendung& Programm, Tagauswahl Welche, bool NurMitInhalt);
+// Ahead of another file and of OK: saves the blocks whose automatic saving is on. About other entries that
+// are not in the file the person is asked. False: the person stays with the file.
+bool DateiVerlassen(TagEditor& Editor, Anwendung& Programm, bool MitAutomatik);
+// Leaves the current file and opens the next (Richtung 1) or the previous one (-1). False when the person
+// stays with it, or at the end of the list.
+bool Weitergehen(TagEditor& Editor, Anwendung& Programm, int Richtung);
+
+}  // namespace liedwerk
