@@ -37,22 +37,8 @@ std::size_t KennungSuchen(std::string_view Bytes, std::size_t Ab) {
 // What is kept in memory of a file's beginning. A search range beyond is read in pieces of this length.
 constexpr std::uint64_t Vorrat = std::uint64_t{1} << 20;
 
-// Looks into the first bytes before all of the range is read: a tag is nearly always there.
-std::optional<std::uint64_t> TagSuchen(Dateianfang& Anfang, std::uint64_t Bereich) {
-    constexpr std::uint64_t ErstesStück = 4096;
-    constexpr std::uint64_t Überlappung = Id3v2Kennung.size() - 1;
-    std::size_t Fund = KennungSuchen(Anfang.Bis(std::min(ErstesStück, Bereich)), 0);
-    if (Fund == std::string_view::npos && Bereich > ErstesStück) {
-        Fund = KennungSuchen(Anfang.Bis(std::min(Vorrat, Bereich)), ErstesStück - Überlappung);
-    }
-    if (Fund != std::string_view::npos) return Fund;
-    for (std::uint64_t Stelle = Vorrat; Stelle < Bereich; Stelle += Vorrat) {
-        const std::uint64_t Ab = Stelle - Überlappung;
-        const std::uint64_t Länge = std::min(Vorrat + Überlappung, Bereich - Ab);
-        Fund = KennungSuchen(Anfang.Quelle().Lesen(Ab, Länge), 0);
-        if (Fund != std::string_view::npos) return Ab + Fund;
-    }
-    return std::nullopt;
+std::uint64_t Suchbereich(std::int64_t BytesSuchen, std::uint64_t Dateigröße) {
+    return BytesSuchen <= 0 ? Dateigröße : std::min(static_cast<std::uint64_t>(BytesSuchen), Dateigröße);
 }
 
 // The bytes at a place of the file, as far as it has them; Speicher holds those that lie far from its
@@ -163,13 +149,30 @@ std::int32_t Id3v2GrößeLesen(std::string_view Bytes, Id3v2Größenform Form) {
     return Gruppe(3) * 16384 + Gruppe(2) * 2048 + Gruppe(1) * 256 + Gruppe(0);
 }
 
+std::optional<std::uint64_t> Id3v2KennungSuchen(Dateianfang& Anfang, std::int64_t BytesSuchen) {
+    const std::uint64_t Bereich = Suchbereich(BytesSuchen, Anfang.Dateigröße());
+    // The first bytes before all of the range is read: a tag is nearly always there.
+    constexpr std::uint64_t ErstesStück = 4096;
+    constexpr std::uint64_t Überlappung = Id3v2Kennung.size() - 1;
+    std::size_t Fund = KennungSuchen(Anfang.Bis(std::min(ErstesStück, Bereich)), 0);
+    if (Fund == std::string_view::npos && Bereich > ErstesStück) {
+        Fund = KennungSuchen(Anfang.Bis(std::min(Vorrat, Bereich)), ErstesStück - Überlappung);
+    }
+    if (Fund != std::string_view::npos) return Fund;
+    for (std::uint64_t Stelle = Vorrat; Stelle < Bereich; Stelle += Vorrat) {
+        const std::uint64_t Ab = Stelle - Überlappung;
+        const std::uint64_t Länge = std::min(Vorrat + Überlappung, Bereich - Ab);
+        Fund = KennungSuchen(Anfang.Quelle().Lesen(Ab, Länge), 0);
+        if (Fund != std::string_view::npos) return Ab + Fund;
+    }
+    return std::nullopt;
+}
+
 Id3v2Ergebnis Mp3TAGLesenV2(Dateianfang& Anfang, std::int64_t BytesSuchen, Datensatz& Satz) {
     Id3v2Leeren(Satz);
     if (!Anfang.Quelle().Offen()) return Id3v2Ergebnis::Abgelehnt;
-    const std::uint64_t Dateigröße = Anfang.Dateigröße();
-    const std::uint64_t Bereich =
-        BytesSuchen <= 0 ? Dateigröße : std::min(static_cast<std::uint64_t>(BytesSuchen), Dateigröße);
-    const auto Fund = TagSuchen(Anfang, Bereich);
+    const std::uint64_t Bereich = Suchbereich(BytesSuchen, Anfang.Dateigröße());
+    const auto Fund = Id3v2KennungSuchen(Anfang, BytesSuchen);
     if (!Fund) return Id3v2Ergebnis::Gelesen;
 
     // The header counts only as far as the search range reaches.

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -66,6 +67,10 @@ enum class Id3v2Größenform {
 // Kept: above that the factors are 2048 and 16384, and three bytes, the frame size of version 2.2, give 2048
 // times the second and 256 times the third.
 std::int32_t Id3v2GrößeLesen(std::string_view Bytes, Id3v2Größenform Form);
+
+// 0-based place of the first "ID3" in the first BytesSuchen bytes of a file (0 or below: in all of it);
+// nothing when it is not there.
+std::optional<std::uint64_t> Id3v2KennungSuchen(Dateianfang& Anfang, std::int64_t BytesSuchen);
 
 enum class Id3v2Ergebnis {
     Gelesen,      // a tag was decoded, or there is none (HatId3v2 tells)

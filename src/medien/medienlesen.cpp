@@ -11,6 +11,7 @@
 #include "basis/zahl.h"
 #include "medien/id3v1.h"
 #include "medien/id3v2.h"
+#include "medien/id3v2modern.h"
 #include "medien/lyrics.h"
 #include "medien/mpeg.h"
 #include "medien/ogg.h"
@@ -55,7 +56,8 @@ std::optional<Dateiart> DateiartFinden(const std::vector<Dateityp>* Dateitypen, 
 
 void Id3v2BlockLesen(const Medienumgebung& Umgebung, std::string_view Pfad, bool ZeilenEntfernen,
                      Dateianfang& Anfang, Datensatz& Satz) {
-    const auto Ergebnis = Mp3TAGLesenV2(Anfang, Umgebung.TAGsBytesSuchen, Satz);
+    const auto Ergebnis = Umgebung.TAGsModern ? Id3v2ModernLesen(Anfang, Umgebung.TAGsBytesSuchen, Satz)
+                                              : Mp3TAGLesenV2(Anfang, Umgebung.TAGsBytesSuchen, Satz);
     if (Ergebnis == Id3v2Ergebnis::Abgebrochen && Umgebung.Log != nullptr && Umgebung.Log->Aktiv()) {
         Umgebung.Log->Schreiben("Mp3TAGLesenV2: Fehler - Der Kopf des ID3v2-TAGs der Datei '" +
                                 std::string(Pfad) + "' ist nicht vollständig.");

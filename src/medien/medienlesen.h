@@ -24,6 +24,7 @@ namespace liedwerk {
 struct Medienumgebung {
     const std::vector<Dateityp>* Dateitypen = nullptr;  // of the loaded index
     std::int64_t TAGsBytesSuchen = 102400;              // bytes searched for an ID3v2 tag; 0 or below: all
+    bool TAGsModern = false;  // reads ID3v2 as other programs do (medien/id3v2modern.h)
     const Uhr* Zeit = nullptr;
     const Medienauskunft* Auskunft = nullptr;  // may be missing: such files then have no duration
     Protokoll* Log = nullptr;

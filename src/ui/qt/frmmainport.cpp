@@ -121,6 +121,7 @@ void frmMain::DateiBeschreiben(Satznummer Nummer) {
     auto Typen = std::make_shared<const std::vector<Dateityp>>(Index.Optionen.Dateitypen);
     Medienumgebung Umgebung;
     Umgebung.TAGsBytesSuchen = Programm->Werte.TAGsBytesSuchen;
+    Umgebung.TAGsModern = Programm->Werte.TAGsModern == 1;
     Umgebung.Zeit = &Programm->Dienst.Zeit;
     Umgebung.Auskunft = Programm->Dienst.Auskunft;
     fraBeschreibung->DateiZeigen(QtText(DateinameVon(Pfad)), Untertitel.join(u" – "_s),
