@@ -85,8 +85,6 @@ Id3v2Ergebnis Mp3TAGLesenV2(Dateianfang& Anfang, std::int64_t BytesSuchen, Daten
 // stands twice; comment and link begin with a language, as the reader takes it off; the rating has a leading
 // encoding byte; artist and title are there also when empty. The raw frames of Id3v2WeitereFelder end it.
 std::string Id3v2RahmenBilden(const Datensatz& Satz);
-// Header of version 2.3.0 in front of Inhalt (frames and padding); the size is exact up to 28 bits.
-std::string Id3v2KopfBilden(std::size_t Inhalt);
 
 // What a save or a removal does to the tag of a file: the bytes from Stelle on (0-based, Altlänge of them)
 // go, and Neu stands at the front of the file. Where Stelle is 0 and Neu is as long as the old tag, this is
@@ -100,6 +98,9 @@ struct Id3v2Umbau {
 // The change that writes the fields of Satz into a file whose ID3v2 members were read into Zustand. Prozent
 // is the padding of a new or moved tag.
 Id3v2Umbau Id3v2UmbauPlanen(const Datensatz& Zustand, const Datensatz& Satz, std::int32_t Prozent);
+// The same for a tag of header and frames, which gets its padding and its size here: the room of the old tag
+// where it fits in, else Prozent of its length. The size is exact up to 28 bits.
+Id3v2Umbau Id3v2Einsetzen(const Datensatz& Zustand, std::string Tag, std::int32_t Prozent);
 // The change that removes the tag; Altlänge is 0 when there is none.
 Id3v2Umbau Id3v2EntfernungPlanen(const Datensatz& Zustand);
 

@@ -338,6 +338,11 @@ Id3v2Ergebnis Id3v2ModernLesen(Dateianfang& Anfang, std::int64_t BytesSuchen, Da
     return Id3v2Ergebnis::Gelesen;
 }
 
+Id3v2Ergebnis Id3v2Lesen(Dateianfang& Anfang, std::int64_t BytesSuchen, bool TAGsModern, Datensatz& Satz) {
+    return TAGsModern ? Id3v2ModernLesen(Anfang, BytesSuchen, Satz)
+                      : Mp3TAGLesenV2(Anfang, BytesSuchen, Satz);
+}
+
 Id3v2Neubau Id3v2ModernBilden(std::string_view AlterTag, const Datensatz& Satz) {
     const auto Altkopf = AlterTag.empty() ? Id3v2Kopf() : Id3v2KopfLesen(AlterTag);
     if (const std::string_view Hindernis = HindernisVon(Altkopf, AlterTag); !Hindernis.empty())
@@ -366,14 +371,6 @@ Id3v2Neubau Id3v2ModernBilden(std::string_view AlterTag, const Datensatz& Satz) 
     if (Neu.size() > Id3v2Höchstlänge) return {{}, "Ein ID3v2-TAG kann nicht größer als 256 MB sein."};
     Kopf.Körperlänge = Neu.size();
     return {Id3v2KopfBilden(Kopf) + Neu, {}};
-}
-
-void Id3v2PaddingAnhängen(std::string& Tag, std::uint64_t Anzahl) {
-    auto Kopf = Id3v2KopfLesen(Tag);
-    if (!Kopf) return;
-    Tag.resize(Tag.size() + std::min(Anzahl, Id3v2Höchstlänge - Kopf->Körperlänge), '\0');
-    Kopf->Körperlänge = Tag.size() - Id3v2KopfLänge;
-    Tag.replace(0, Id3v2KopfLänge, Id3v2KopfBilden(*Kopf));
 }
 
 }  // namespace liedwerk

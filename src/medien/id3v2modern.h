@@ -33,6 +33,9 @@ std::optional<Id3v2Fundort> Id3v2ModernFinden(Dateianfang& Anfang, std::int64_t 
 // show, too short ever to be written back.
 Id3v2Ergebnis Id3v2ModernLesen(Dateianfang& Anfang, std::int64_t BytesSuchen, Datensatz& Satz);
 
+// The reading that the setting asks for.
+Id3v2Ergebnis Id3v2Lesen(Dateianfang& Anfang, std::int64_t BytesSuchen, bool TAGsModern, Datensatz& Satz);
+
 // A tag without padding; or the reason, a German sentence, why it cannot be made and the old one must stay.
 struct Id3v2Neubau {
     std::string Bytes;
@@ -42,8 +45,5 @@ struct Id3v2Neubau {
 // version stays; 2.2 becomes 2.3 unless it holds frames that 2.3 has no form for. Extended header and footer
 // go: they describe the old bytes. A new tag is 2.3.0.
 Id3v2Neubau Id3v2ModernBilden(std::string_view AlterTag, const Datensatz& Satz);
-
-// Appends so many NULs to a tag and counts them in its header; fewer where the size would not hold them.
-void Id3v2PaddingAnhängen(std::string& Tag, std::uint64_t Anzahl);
 
 }  // namespace liedwerk

@@ -37,11 +37,12 @@ std::string Rahmenwert(std::string Datensatz::*Feld, const Datensatz& Satz) {
     return Sprache ? MitSprache(Wert) : Wert;
 }
 
-std::string NeuesTag(const std::string& Rahmen, std::size_t Padding) {
-    std::string Tag = Id3v2KopfBilden(Rahmen.size() + Padding);
-    Tag += Rahmen;
-    Tag.append(Padding, '\0');
-    return Tag;
+// The four seven-bit bytes of a tag's size; values above 28 bits are cut.
+std::string SiebenBitGröße(std::uint64_t Wert) {
+    std::string Bytes;
+    for (int Stelle = 3; Stelle >= 0; --Stelle)
+        Bytes += static_cast<char>(Wert >> (7 * Stelle) & 0x7FU);
+    return Bytes;
 }
 
 }  // namespace
@@ -64,30 +65,25 @@ std::string Id3v2RahmenBilden(const Datensatz& Satz) {
     return Rahmen;
 }
 
-std::string Id3v2KopfBilden(std::size_t Inhalt) {
-    std::string Kopf(Id3v2Kennung);
-    Kopf += "\3\0\0"sv;  // version 2.3.0, no flags
-    for (int Stelle = 3; Stelle >= 0; --Stelle)
-        Kopf += static_cast<char>(Inhalt >> (7 * Stelle) & 0x7FU);
-    return Kopf;
+Id3v2Umbau Id3v2UmbauPlanen(const Datensatz& Zustand, const Datensatz& Satz, std::int32_t Prozent) {
+    const std::string Kopf = std::string(Id3v2Kennung) + std::string("\3\0\0\0\0\0\0"sv);
+    return Id3v2Einsetzen(Zustand, Kopf + Id3v2RahmenBilden(Satz), Prozent);
 }
 
-Id3v2Umbau Id3v2UmbauPlanen(const Datensatz& Zustand, const Datensatz& Satz, std::int32_t Prozent) {
-    const std::string Rahmen = Id3v2RahmenBilden(Satz);
-    const std::size_t Länge = Rahmen.size() + Id3v2KopfLänge;
+Id3v2Umbau Id3v2Einsetzen(const Datensatz& Zustand, std::string Tag, std::int32_t Prozent) {
     Id3v2Umbau Umbau;
-    if (Zustand.HatId3v2 == TagVorhanden && Zustand.Id3v2Größe >= 0) {
-        Umbau = Id3v2EntfernungPlanen(Zustand);
-        if (Umbau.Stelle == 0 && Länge <= Umbau.Altlänge) {
-            Umbau.Neu = NeuesTag(Rahmen, static_cast<std::size_t>(Umbau.Altlänge) - Länge);
-            return Umbau;
-        }
+    if (Zustand.HatId3v2 == TagVorhanden) Umbau = Id3v2EntfernungPlanen(Zustand);
+    if (Umbau.Altlänge > 0 && Umbau.Stelle == 0 && Tag.size() <= Umbau.Altlänge) {
+        Tag.resize(static_cast<std::size_t>(Umbau.Altlänge), '\0');
+    } else {
+        // More than its size can say is no use to a tag.
+        constexpr double HöchsterZuschlag = (1 << 28) - 1;
+        const double Zuschlag = static_cast<double>(Tag.size()) * std::max(Prozent, 0) / 100;
+        const auto Padding = Gerundet<std::int64_t>(std::min(Zuschlag, HöchsterZuschlag));
+        Tag.append(static_cast<std::size_t>(Padding.value_or(0)), '\0');
     }
-    // More than its size can say is no use to a tag.
-    constexpr double HöchsterZuschlag = (1 << 28) - 1;
-    const double Zuschlag = static_cast<double>(Länge) * std::max(Prozent, 0) / 100;
-    const auto Padding = Gerundet<std::int64_t>(std::min(Zuschlag, HöchsterZuschlag));
-    Umbau.Neu = NeuesTag(Rahmen, static_cast<std::size_t>(Padding.value_or(0)));
+    Umbau.Neu = std::move(Tag);
+    Umbau.Neu.replace(Id3v2GrößeStelle, 4, SiebenBitGröße(Umbau.Neu.size() - Id3v2KopfLänge));
     return Umbau;
 }
 

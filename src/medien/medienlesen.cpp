@@ -10,7 +10,6 @@
 #include "basis/text.h"
 #include "basis/zahl.h"
 #include "medien/id3v1.h"
-#include "medien/id3v2.h"
 #include "medien/id3v2modern.h"
 #include "medien/lyrics.h"
 #include "medien/mpeg.h"
@@ -56,8 +55,7 @@ std::optional<Dateiart> DateiartFinden(const std::vector<Dateityp>* Dateitypen, 
 
 void Id3v2BlockLesen(const Medienumgebung& Umgebung, std::string_view Pfad, bool ZeilenEntfernen,
                      Dateianfang& Anfang, Datensatz& Satz) {
-    const auto Ergebnis = Umgebung.TAGsModern ? Id3v2ModernLesen(Anfang, Umgebung.TAGsBytesSuchen, Satz)
-                                              : Mp3TAGLesenV2(Anfang, Umgebung.TAGsBytesSuchen, Satz);
+    const auto Ergebnis = Id3v2Lesen(Anfang, Umgebung.TAGsBytesSuchen, Umgebung.TAGsModern, Satz);
     if (Ergebnis == Id3v2Ergebnis::Abgebrochen && Umgebung.Log != nullptr && Umgebung.Log->Aktiv()) {
         Umgebung.Log->Schreiben("Mp3TAGLesenV2: Fehler - Der Kopf des ID3v2-TAGs der Datei '" +
                                 std::string(Pfad) + "' ist nicht vollständig.");

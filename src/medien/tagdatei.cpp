@@ -1,5 +1,6 @@
 #include "medien/tagdatei.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <initializer_list>
@@ -10,6 +11,7 @@
 #include "basis/text.h"
 #include "medien/id3v1.h"
 #include "medien/id3v2.h"
+#include "medien/id3v2modern.h"
 #include "medien/lyrics.h"
 
 namespace liedwerk {
@@ -142,8 +144,23 @@ class Tagdatei {
 Datensatz Id3v2Zustand(const Lesedatei& Datei, const Tagoptionen& Optionen) {
     Datensatz Zustand;
     Dateianfang Anfang(Datei);
-    Mp3TAGLesenV2(Anfang, Optionen.TAGsBytesSuchen, Zustand);
+    Id3v2Lesen(Anfang, Optionen.TAGsBytesSuchen, Optionen.TAGsModern, Zustand);
     return Zustand;
+}
+
+// The change that a save makes, in the way that the options choose; or the reason why there is none.
+Id3v2Umbau Id3v2SpeichernPlanen(const Lesedatei& Quelle, const Datensatz& Satz, const Tagoptionen& Optionen,
+                                std::string& Hindernis) {
+    const Datensatz Zustand = Id3v2Zustand(Quelle, Optionen);
+    if (!Optionen.TAGsModern) return Id3v2UmbauPlanen(Zustand, Satz, Optionen.TAGsProzentHinzufügen);
+    const Id3v2Umbau Alt = Id3v2EntfernungPlanen(Zustand);
+    Id3v2Neubau Neubau = Id3v2ModernBilden(Quelle.Lesen(Alt.Stelle, Alt.Altlänge), Satz);
+    Hindernis = std::move(Neubau.Hindernis);
+    if (!Hindernis.empty()) return {};
+    const auto Platz = (Id3v2Höchstlänge - Neubau.Bytes.size() + Id3v2KopfLänge) * 100 / Neubau.Bytes.size();
+    const auto Prozent =
+        std::min<std::int64_t>(Optionen.TAGsProzentHinzufügen, static_cast<std::int64_t>(Platz));
+    return Id3v2Einsetzen(Zustand, std::move(Neubau.Bytes), static_cast<std::int32_t>(Prozent));
 }
 
 Datensatz Lyricszustand(const Lesedatei& Datei, std::string_view Dateiende) {
@@ -248,8 +265,12 @@ bool Id3v2Schreiben(std::string_view Pfad, const Datensatz& Satz, const Tagoptio
                     std::string& Meldung) {
     const Tagdatei Datei(Pfad, Tagblock::Id3v2, Meldung);
     if (!Datei.Offen()) return false;
-    const Id3v2Umbau Umbau =
-        Id3v2UmbauPlanen(Id3v2Zustand(Datei.Quelle(), Optionen), Satz, Optionen.TAGsProzentHinzufügen);
+    std::string Hindernis;
+    const Id3v2Umbau Umbau = Id3v2SpeichernPlanen(Datei.Quelle(), Satz, Optionen, Hindernis);
+    if (!Hindernis.empty()) {
+        Meldung = Speichertext(Tagblock::Id3v2, DateiGrund(Pfad, "wurde nicht geändert. " + Hindernis));
+        return false;
+    }
     const auto Ende = Id3v2Umbauen(Pfad, Datei.Quelle(), Umbau);
     if (Ende.Stand == Schritt::Fertig) return true;
     Meldung = Umbau.AmOrt() ? Systemtext(Tagblock::Id3v2, Pfad, Ende.Fehler)
@@ -307,6 +328,11 @@ bool TagAusDateiEntfernen(std::string_view Pfad, Tagblock Block, const Tagoption
     const auto Tag = TagFinden(Datei.Quelle(), Block, Optionen);
     if (!Tag) {
         Meldung = Kopf + "Diese enthält keinen " + Name + "-TAG.";
+        return false;
+    }
+    // What a damaged size claims may be all of the file.
+    if (Optionen.TAGsModern && Block == Tagblock::Id3v2 && Tag->Stelle + Tag->Länge > Datei.Größe()) {
+        Meldung = Kopf + "Der ID3v2-TAG ist beschädigt, er endet nicht in der Datei.";
         return false;
     }
     const auto Ende = NeuSchreiben(

@@ -26,6 +26,7 @@ std::string TagTemporärname(std::string_view Pfad);
 struct Tagoptionen {
     std::int64_t TAGsBytesSuchen = 102400;    // bytes searched for an ID3v2 tag; 0 or below: all
     std::int32_t TAGsProzentHinzufügen = 25;  // padding of a new ID3v2 tag, per cent of its length
+    bool TAGsModern = false;                  // the way of ID3v2: as other programs do
 };
 
 // Each writes one tag into the file; true, or false with the text for the person in Meldung. The file is then

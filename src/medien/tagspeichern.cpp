@@ -23,7 +23,7 @@ std::size_t Platz(Tagblock Block) {
 }
 
 Tagoptionen OptionenVon(const Einstellungen& Werte) {
-    return {Werte.TAGsBytesSuchen, Werte.TAGsProzentHinzufügen};
+    return {Werte.TAGsBytesSuchen, Werte.TAGsProzentHinzufügen, Werte.TAGsModern == 1};
 }
 
 bool Gefüllt(const Datensatz& Satz, std::span<std::string Datensatz::*const> Felder) {
