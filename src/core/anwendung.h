@@ -28,6 +28,8 @@
 #include "plattform/laufwerke.h"
 #include "plattform/medienauskunft.h"
 #include "plattform/ordnerleser.h"
+#include "plattform/programmstart.h"
+#include "plattform/spieler.h"
 #include "suche/abfrage.h"
 #include "suche/liste.h"
 #include "suche/suchpuffer.h"
@@ -48,6 +50,10 @@ struct Dienste {
     // The temporary index that this process has claimed; empty: tmp.lwi in the program folder.
     std::string Temporärindex{};
     std::string Betriebssystem{};  // text of the system's name and version, for the head of the log
+    // Other programs and the running audio player; without them nothing is played.
+    Programmstart* Programme = nullptr;
+    Spielerkanal* Spieler = nullptr;
+    std::string Laufzeitordner{};  // for play lists that are handed over; empty: the program folder
 };
 
 struct Anwendung {

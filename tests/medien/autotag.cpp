@@ -220,7 +220,7 @@ TEST(Tagverzeichnis, GibtDieselbenSätzeWieDerGangDurchDenIndex) {
         return (Einer.HatId3v1 == TagVorhanden || Einer.HatId3v2 == TagVorhanden) &&
                (GleichOhneGroß(Einer.Album, Name) || GleichOhneGroß(Einer.V2Album, Name));
     };
-    for (int Runde = 0; Runde < 8; ++Runde) {
+    for (int Runde = 0; Runde < 4; ++Runde) {
         for (int i = 0; i < 50; ++i)
             SatzAnhängen(Index, "/x", Zufälliger());
         for (int i = 0; i < 10; ++i)

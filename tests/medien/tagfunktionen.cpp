@@ -1,15 +1,21 @@
-#include "medien/tagfunktionen.h"
-
 #include <gtest/gtest.h>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "medien/schreibweise.h"
+#include "medien/tagfunktionslauf.h"
+#include "plattform/speicher/person.h"
+#include "plattform/speicher/welt.h"
+#include "tests/medien/umgebung.h"
+#include "werkzeuge/tagbau.h"
 
 namespace liedwerk {
 namespace {
+
+using namespace tagbau;
 
 TEST(Schreibweise, HebtWortanfängeUndLässtWebadressenKlein) {
     struct Fall {
@@ -138,6 +144,158 @@ TEST(Tagfunktionen, KopiertSiebenFelderInDenAnderenTag) {
     EXPECT_NE(FeldvorgabePrüfen(Frei, Funktionsauswahlen[6]), "");
     EXPECT_EQ(FeldvorgabePrüfen(Frei, Funktionsauswahlen[5]), "");
     EXPECT_EQ(FeldvorgabePrüfen({GrundfeldFinden("Genre"), "ROCK"}, Funktionsauswahlen[4]), "");
+}
+
+// Runs over real files that stand in the index.
+class Funktionslauf : public Medien {
+  protected:
+    static std::string Ton() { return MpegRahmen({}, 10); }
+    static std::string V1(std::string_view Interpret, std::string_view Titel,
+                          std::string_view Kommentar = "") {
+        return Id3v1Block({.Titel = std::string(Titel),
+                           .Interpret = std::string(Interpret),
+                           .Kommentar = std::string(Kommentar)});
+    }
+    Satznummer Aufnehmen(std::string_view Name, std::string_view Inhalt) {
+        const std::string Pfad = Anlegen(Name, Inhalt);
+        const Datensatz Satz =
+            MedienDatenLesen(Umgebung, Pfad, {}, {.Code = Lesecode::Lesen("1111"), .GrößeLesen = true});
+        return SatzAnhängen(Index, Pfad, Satz);
+    }
+    Funktionsergebnis Laufen(Tagfunktion Funktion, std::size_t Auswahl,
+                             std::optional<Datensatz> Eingaben = std::nullopt) {
+        Funktionsauftrag Auftrag{Funktion, Funktionsauswahlen[Auswahl], {}, {}, std::move(Eingaben)};
+        for (Satznummer Nummer = 1; Nummer <= Index.IndexAnzahl(); ++Nummer)
+            Auftrag.Dateien.push_back({Index.Sätze.Pfad(Nummer), Nummer});
+        Auftrag.Feld = Vorgabe;
+        const Tagumgebung Welt{Index,
+                               Werte,
+                               [this](std::string_view Pfad, const Datensatz& Satz, const Leseauftrag& Was) {
+                                   return MedienDatenLesen(Umgebung, Pfad, Satz, Was);
+                               },
+                               Medium,
+                               {Drives, Werte, Log, {}},
+                               Person,
+                               "Liedwerk"};
+        return TagfunktionAusführen(Welt, Verzeichnis, Auftrag);
+    }
+    Datensatz Gelesen(Satznummer Nummer) {
+        return MedienDatenLesen(Umgebung, Index.Sätze.Pfad(Nummer), {}, {.Code = Lesecode::Lesen("1111")});
+    }
+
+    Katalog Index;
+    Einstellungen Werte;
+    Mediumspeicher Medium;
+    speicher::Laufwerksliste Drives;
+    speicher::Protokollliste Log;
+    speicher::Person Person;
+    Tagverzeichnis Verzeichnis;
+    Feldvorgabe Vorgabe;
+};
+
+TEST_F(Funktionslauf, SpeichertNurDenTagDenDieFunktionGeändertHat) {
+    Aufnehmen("a.mp3", Ton() + V1("wer", "was"));
+    Aufnehmen("b.mp3", Ton());
+    const auto Ergebnis = Laufen(Tagfunktion::Groß, 6);
+    EXPECT_EQ(Ergebnis.Bearbeitet, 2U);
+    EXPECT_EQ(Ergebnis.Gescheitert, 0U);
+    EXPECT_EQ(Gelesen(1).Titel + Gelesen(1).Interpret, "WASWER");
+    EXPECT_EQ(Gelesen(1).HatId3v2, TagFehlt);
+    EXPECT_EQ(Gelesen(2).HatId3v1, TagFehlt);
+    EXPECT_EQ(Index.Sätze.Text(1, FeldTitel), "WAS");
+    EXPECT_TRUE(Index.IndexGeändert);
+    EXPECT_EQ(Person.Titel, std::vector<std::string>{"Bearbeite Dateien"});
+    EXPECT_EQ(Person.Offen, 0);
+}
+
+TEST_F(Funktionslauf, FülltBeideTagsObwohlKeinerDaWar) {
+    Aufnehmen("wer - was.mp3", Ton());
+    Werte.AutoTagAktuell = "%Interpret% - %Titel%";
+    Laufen(Tagfunktion::AutoTag, 2);
+    const Datensatz Satz = Gelesen(1);
+    EXPECT_EQ(Satz.Titel + Satz.V2Titel + Satz.Interpret + Satz.V2Interpret, "WasWasWerWer");
+    Vorgabe = {GrundfeldFinden("Genre"), "eigenes"};
+    Laufen(Tagfunktion::FelderKopieren, 2);
+    EXPECT_EQ(Gelesen(1).V2Genre, "eigenes");
+    EXPECT_EQ(Gelesen(1).Genre, KeinGenre);
+    Laufen(Tagfunktion::TitelInterpretTauschen, 1);
+    Laufen(Tagfunktion::TagKopieren, 1);
+    EXPECT_EQ(Gelesen(1).Titel, "Wer");
+}
+
+TEST_F(Funktionslauf, NimmtEingabenStattDerDatei) {
+    Aufnehmen("a.mp3", Ton() + V1("wer", "was"));
+    Datensatz Eingaben = Gelesen(1);
+    Eingaben.Titel = "getippt";
+    Eingaben.V2Titel = "anderer tag";
+    Laufen(Tagfunktion::Groß, 0, Eingaben);
+    EXPECT_EQ(Gelesen(1).Titel, "GETIPPT");
+    EXPECT_EQ(Gelesen(1).HatId3v2, TagFehlt);
+}
+
+TEST_F(Funktionslauf, AufräumenEntferntLeeresErkenntUndVerschönert) {
+    // Only a comment: gone with its comment, and filled anew from the name.
+    Aufnehmen("wer - was.mp3", Ton() + V1("", " ", "nur dies"));
+    Aufnehmen("die band - lied.mp3", Ton() + LyricsV2(LyricsFeld("LYR", "  ")) + V1("DIE BAND", ""));
+    Aufnehmen("x.mp3", Ton());
+    Werte.AutoTagAktuell = "%Interpret% - %Titel%";
+    const auto Ergebnis = Laufen(Tagfunktion::Aufräumen, 6);
+    EXPECT_EQ(Gelesen(1).Titel + Gelesen(1).V2Interpret + Gelesen(1).Kommentar, "WasWer");
+    EXPECT_EQ(Gelesen(2).Titel + Gelesen(2).Interpret, "LiedDie Band");
+    EXPECT_EQ(Gelesen(2).HatLyrics, TagFehlt);
+    // Nothing came out for the last one: it is as it was, and its message came once for both tags.
+    EXPECT_EQ(Gelesen(3).HatId3v1, TagFehlt);
+    EXPECT_EQ(Gelesen(3).HatId3v2, TagFehlt);
+    EXPECT_EQ(Ergebnis.Gescheitert, 1U);
+    EXPECT_EQ(Person.Meldungen.size(), 1U);
+}
+
+TEST_F(Funktionslauf, EntfernenSchweigtInVielenUndSprichtBeiEiner) {
+    Aufnehmen("a.mp3", Ton() + V1("wer", "was"));
+    Aufnehmen("b.mp3", Ton());
+    EXPECT_EQ(Laufen(Tagfunktion::Entfernen, 4).Gescheitert, 0U);
+    EXPECT_EQ(Gelesen(1).HatId3v1, TagFehlt);
+    EXPECT_TRUE(Person.Meldungen.empty());
+    EXPECT_EQ(Laufen(Tagfunktion::Entfernen, 0).Gescheitert, 2U);
+    EXPECT_EQ(Person.Meldungen.size(), 2U);
+}
+
+TEST_F(Funktionslauf, EndetMitDemFortschrittUndLässtFehlendeMedienAus) {
+    Aufnehmen("a.mp3", Ton() + V1("wer", "was"));
+    Aufnehmen("b.mp3", Ton() + V1("wer", "was"));
+    Person.AbbruchBei = 2;
+    const auto Ergebnis = Laufen(Tagfunktion::Groß, 4);
+    EXPECT_TRUE(Ergebnis.Abgebrochen);
+    EXPECT_EQ(Gelesen(1).Titel + Gelesen(2).Titel, "WASwas");
+
+    Datensatz Fern;
+    Fern.Wechselmedium = "STICK";
+    SatzAnhängen(Index, "/media/ich/STICK/c.mp3", Fern);
+    Person.AbbruchBei = 0;
+    Person.Verfügbarkeiten = {Verfügbarkeitsantwort::Überspringen, Verfügbarkeitsantwort::Abbrechen};
+    EXPECT_EQ(Laufen(Tagfunktion::Klein, 4).Bearbeitet, 2U);
+    EXPECT_TRUE(Laufen(Tagfunktion::Klein, 4).Abgebrochen);
+}
+
+TEST(Tagfunktionen, FragenVorDemLauf) {
+    speicher::Person Person;
+    const auto Fragen = [&](std::string_view Funktion, std::size_t Auswahl) {
+        Person.Antworten = {Antwort::Ja, Antwort::Ja};
+        Person.Gefragt.clear();
+        EXPECT_TRUE(FunktionBestätigen(Person, *TagfunktionFinden(Funktion), Funktionsauswahlen[Auswahl]));
+        return Person.Gefragt;
+    };
+    EXPECT_TRUE(Fragen("Schreibweise: Groß", 2).empty());
+    EXPECT_EQ(Fragen("Schreibweise: Groß", 4),
+              std::vector<std::string>{"Möchten Sie die Funktion 'Schreibweise: Groß' tatsächlich für 'Alle "
+                                       "ID3v1-TAGs' anwenden?"});
+    EXPECT_EQ(Fragen("TAG entfernen", 0),
+              std::vector<std::string>{
+                  "Möchten Sie die Funktion 'TAG entfernen' tatsächlich für die aktuelle Datei anwenden?"});
+    EXPECT_EQ(Fragen("TAGs aufräumen", 1).size(), 1U);
+    EXPECT_EQ(Fragen("TAGs aufräumen", 6).size(), 2U);
+    Person.Antworten = {Antwort::Ja, Antwort::Nein};
+    EXPECT_FALSE(FunktionBestätigen(Person, *TagfunktionFinden("TAGs aufräumen"), Funktionsauswahlen[6]));
 }
 
 }  // namespace

@@ -119,6 +119,32 @@ const std::vector<Befehl>& Befehlstabelle() {
          0,
          1,
          SuchenAusführen},
+        {"tag-entfernen",
+         "tag-entfernen [--v1] [--v2] [--lyrics] DATEI...",
+         "Entfernt TAGs aus Dateien. Mindestens ein TAG ist zu nennen. Hat der Index einen Datensatz der "
+         "Datei, "
+         "wird dieser nachgeführt.\n"
+         "  --v1                 den ID3v1-TAG\n"
+         "  --v2                 den ID3v2-TAG\n"
+         "  --lyrics             den Lyrics-TAG",
+         {{"--v1"}, {"--v2"}, {"--lyrics"}},
+         1,
+         Beliebig,
+         TagEntfernenAusführen},
+        {"tag-schreiben",
+         "tag-schreiben [--v1 FELD=WERT]... [--v2 FELD=WERT]... [--liedertext DATEI] DATEI",
+         "Setzt Felder wie der TAG-Editor und speichert die TAGs, zu denen etwas genannt wurde. Hat der "
+         "Index "
+         "einen Datensatz der Datei, wird dieser nachgeführt.\n"
+         "  --v1 FELD=WERT       Titel, Interpret, Album, Jahr, Kommentar, Titelnummer, Genre (Nummer oder "
+         "Name)\n"
+         "  --v2 FELD=WERT       V2Titel, V2Interpret, V2Album, V2Jahr, V2Kommentar, V2Genre, V2Titelnummer, "
+         "V2Qualität (0 bis 255) ...\n"
+         "  --liedertext DATEI   der Liedertext; \"-\" liest die Standardeingabe",
+         {{"--v1", true}, {"--v2", true}, {"--liedertext", true}},
+         1,
+         1,
+         TagSchreibenAusführen},
         {"vorschlaege",
          "vorschlaege FELD ANFANG",
          "Zeigt die Werte eines Feldes, die mit dem Anfang beginnen.",

@@ -44,6 +44,9 @@ Ausgang SortierenAusführen(const Globaloptionen& Global, const Befehlseingabe& 
 Ausgang DateiInfoAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang DateiInfoTextAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang HinzufügenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+// befehle_tags.cpp
+Ausgang TagSchreibenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+Ausgang TagEntfernenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 // befehle_suche.cpp
 Ausgang SuchenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang FeldwerteAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);

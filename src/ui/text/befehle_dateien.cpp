@@ -10,13 +10,6 @@
 namespace liedwerk {
 namespace {
 
-std::vector<std::string> EingabePfade(const std::vector<std::string>& Argumente) {
-    std::vector<std::string> Pfade;
-    for (const auto& Argument : Argumente)
-        Pfade.push_back(EingabePfad(Argument));
-    return Pfade;
-}
-
 // False, with a message, when the file is missing.
 bool DateiPrüfen(const std::string& Pfad) {
     if (DateiExistiert(Pfad)) return true;
@@ -50,13 +43,6 @@ Zugang SammlungenHinzufügen(Programmlauf& Lauf, const std::vector<std::string>&
         }
     }
     return Ergebnis;
-}
-
-// Saves a changed index; what was added must reach the disk even when a later path was wrong.
-bool GeändertesSpeichern(Programmlauf& Lauf) {
-    if (!Lauf.Programm().Index.IndexGeändert || IndexSpeichern(Lauf.Programm())) return true;
-    Fehlermelden("Die Indexdatei '" + Lauf.Indexname() + "' wurde nicht gespeichert.");
-    return false;
 }
 
 }  // namespace
@@ -123,7 +109,8 @@ Ausgang HinzufügenAusführen(const Globaloptionen& Global, const Befehlseingabe
     if (!Ergebnis.Dateien.empty() &&
         DateienHinzufügenLauf(Lauf.Programm(), Ergebnis.Dateien, {false, false}, true) < 0)
         Ergebnis.Gelungen = false;
-    Ergebnis.Gelungen = GeändertesSpeichern(Lauf) && Ergebnis.Gelungen;
+    // What was added must reach the disk even when a later path was wrong.
+    Ergebnis.Gelungen = Lauf.GeändertesSpeichern() && Ergebnis.Gelungen;
 
     const Satznummer Neue = Index.IndexAnzahl() - Vorher;
     if (Lauf.Json()) {

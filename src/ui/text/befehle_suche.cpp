@@ -1,7 +1,5 @@
 // Commands that search the index and read its fields.
 #include <algorithm>
-#include <iostream>
-#include <iterator>
 
 #include "basis/datei.h"
 #include "basis/text.h"
@@ -161,15 +159,6 @@ void FelderAlsJson(Programmlauf& Lauf, Satznummer Nummer, const std::vector<Spal
     Ziel.ObjektEnde();
 }
 
-std::string StandardeingabeLesen() {
-    return {std::istreambuf_iterator<char>(std::cin), {}};
-}
-
-std::string_view OhneBytefolgemarke(std::string_view Text) {
-    constexpr std::string_view Marke = "\xEF\xBB\xBF";
-    return Text.starts_with(Marke) ? Text.substr(Marke.size()) : Text;
-}
-
 }  // namespace
 
 Ausgang SuchenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe) {
@@ -244,9 +233,9 @@ Ausgang FeldwerteAusführen(const Globaloptionen& Global, const Befehlseingabe& 
 
 Ausgang MehrfachsucheAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe) {
     const std::string& Name = Eingabe.Argumente[0];
-    const auto Text = Name == "-" ? StandardeingabeLesen() : DateiLesen(EingabePfad(Name));
+    const auto Text = EingabeLesen(Name);
     if (!Text) return Gescheitert("Die Datei '" + Name + "' konnte nicht gelesen werden.");
-    const auto Abfragen = AbfragenZerlegen(OhneBytefolgemarke(*Text));
+    const auto Abfragen = AbfragenZerlegen(*Text);
     if (Abfragen.empty()) return Gescheitert(MehrfachsucheOhneAbfrage);
 
     Programmlauf Lauf(Global);

@@ -2,6 +2,8 @@
 
 #include <charconv>
 #include <filesystem>
+#include <iostream>
+#include <iterator>
 #include <limits>
 #include <numeric>
 #include <system_error>
@@ -11,6 +13,7 @@
 #include "core/laden.h"
 #include "core/start.h"
 #include "core/startauftrag.h"
+#include "core/suchlauf.h"
 #include "index/speichersperre.h"
 #include "plattform/linux/ordner.h"
 #include "plattform/linux/orte.h"
@@ -130,6 +133,18 @@ bool Programmlauf::IndexLaden(bool Anlegen) {
     return Geladen;
 }
 
+bool Programmlauf::IndexLadenFallsDa() {
+    if (!Optionen.Index.empty() || DateiExistiert(Indexname())) return IndexLaden();
+    Programm().Index.Optionen.Dateitypen = DateitypenVorgabe();
+    return true;
+}
+
+bool Programmlauf::GeändertesSpeichern() {
+    if (!Programm().Index.IndexGeändert || IndexSpeichern(Programm())) return true;
+    Fehlermelden("Die Indexdatei '" + Indexname() + "' wurde nicht gespeichert.");
+    return false;
+}
+
 std::optional<std::vector<Satznummer>> Programmlauf::Nummern(const std::vector<Satznummer>& Gewünschte) {
     const Satznummer Anzahl = Programm().Index.IndexAnzahl();
     if (Gewünschte.empty()) {
@@ -170,6 +185,21 @@ Ausgang Gescheitert(std::string_view Text) {
 std::string EingabePfad(std::string_view Name) {
     std::error_code Fehler;
     return VollerPfad(Name, std::filesystem::current_path(Fehler).string());
+}
+
+std::vector<std::string> EingabePfade(const std::vector<std::string>& Namen) {
+    std::vector<std::string> Pfade;
+    for (const auto& Name : Namen)
+        Pfade.push_back(EingabePfad(Name));
+    return Pfade;
+}
+
+std::optional<std::string> EingabeLesen(std::string_view Name) {
+    constexpr std::string_view Bytefolgemarke = "\xEF\xBB\xBF";
+    auto Text = Name == "-" ? std::string(std::istreambuf_iterator<char>(std::cin), {})
+                            : DateiLesen(EingabePfad(Name));
+    if (Text && Text->starts_with(Bytefolgemarke)) Text->erase(0, Bytefolgemarke.size());
+    return Text;
 }
 
 std::optional<std::vector<Satznummer>> NummernLesen(const std::vector<std::string>& Argumente) {

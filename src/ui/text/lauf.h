@@ -33,6 +33,11 @@ class Programmlauf {
     // Loads it. A missing file is created only when Anlegen is set. False when it failed, which has been
     // shown.
     bool IndexLaden(bool Anlegen = false);
+    // For commands on media files, which need no index: loads it when it was named or is there; else the file
+    // types of a new index count. False when loading failed, which has been shown.
+    bool IndexLadenFallsDa();
+    // Saves a changed index. False, with a message, when that failed.
+    bool GeändertesSpeichern();
     // Numbers 1 to IndexAnzahl, all when none are given; nothing, with a message, when one lies outside.
     std::optional<std::vector<Satznummer>> Nummern(const std::vector<Satznummer>& Gewünschte);
     // The end of a command: puts out what is collected and gives the status.
@@ -55,6 +60,10 @@ Ausgang Gescheitert(std::string_view Text);
 
 // A name typed on the command line as a full path.
 std::string EingabePfad(std::string_view Name);
+std::vector<std::string> EingabePfade(const std::vector<std::string>& Namen);
+// The content of a named file, "-" for the standard input, without a byte-order mark of UTF-8; nothing when
+// it cannot be read.
+std::optional<std::string> EingabeLesen(std::string_view Name);
 // The record numbers of arguments, not yet compared with an index; nothing when one is no whole number.
 std::optional<std::vector<Satznummer>> NummernLesen(const std::vector<std::string>& Argumente);
 

@@ -1,0 +1,222 @@
+#include "abspielen/autodj.h"
+
+#include <algorithm>
+#include <array>
+#include <random>
+#include <unordered_set>
+#include <utility>
+
+#include "basis/text.h"
+#include "basis/zahl.h"
+#include "suche/feldwert.h"
+
+namespace liedwerk {
+namespace {
+
+constexpr std::array<std::string_view, 3> Einheiten = {"n", "h", "d"};
+
+// A record that may be taken, with its statistics.
+struct Kandidat {
+    Satznummer Nummer = 0;
+    std::int64_t Häufigkeit = 0;
+    std::optional<Zeitpunkt> Datum;  // "Abspiel-Datum" when it is one
+};
+
+std::int64_t Alter(const Zeitpunkt& Von, const Zeitpunkt& Bis, AutoDjEinheit Einheit) {
+    switch (Einheit) {
+        case AutoDjEinheit::Minuten:
+            return MinutenZwischen(Von, Bis);
+        case AutoDjEinheit::Stunden:
+            return StundenZwischen(Von, Bis);
+        case AutoDjEinheit::Tage:
+            break;
+    }
+    return TageZwischen(Von, Bis);
+}
+
+// Calendar months that have begun since.
+std::int64_t AlterInMonaten(const Zeitpunkt& Von, const Zeitpunkt& Bis) {
+    return (Bis.Jahr - Von.Jahr) * 12 + (Bis.Monat - Von.Monat);
+}
+
+class Genreprüfung {
+  public:
+    Genreprüfung(const Katalog& Durchsucht, const std::vector<std::string>& Genres) : Index(Durchsucht) {
+        for (const std::string& Genre : Genres)
+            Gewählt.insert(Genre == OhneGenre ? std::string() : Falten(Genre));
+    }
+    bool Besteht(Satznummer Nummer) { return Enthält(Nummer, V1) || Enthält(Nummer, V2); }
+
+  private:
+    bool Enthält(Satznummer Nummer, const Feldwahl& Feld) {
+        Feldtyp Typ{};
+        FeldWert(Index, Nummer, Feld, Wertform::Anzeigen, false, Wert, Typ);
+        return Gewählt.contains(Falten(Wert));
+    }
+    const Katalog& Index;
+    const Feldwahl V1 = FeldFinden("Genre");
+    const Feldwahl V2 = FeldFinden("Genre-ID3v2");
+    std::unordered_set<std::string> Gewählt;  // folded
+    std::string Wert;
+};
+
+// All records of the chosen genres that have been played, in record order.
+std::vector<Kandidat> GespielteSammeln(const Katalog& Index, const std::vector<std::string>& Genres) {
+    Genreprüfung Genre(Index, Genres);
+    std::vector<Kandidat> Gespielte;
+    for (Satznummer Nummer = 1; Nummer <= Index.IndexAnzahl(); ++Nummer) {
+        const std::int64_t Häufigkeit = Index.Sätze.Zahl(Nummer, FeldAbspielHäufigkeit);
+        if (Häufigkeit < 1 || !Genre.Besteht(Nummer)) continue;
+        Gespielte.push_back({Nummer, Häufigkeit, DatumLesen(Index.Sätze.Text(Nummer, FeldAbspielDatum))});
+    }
+    return Gespielte;
+}
+
+// Sum of the counts by their number, rounded to the nearest, a half to the even neighbour.
+std::int64_t DurchschnittVon(const std::vector<Kandidat>& Gespielte) {
+    double Summe = 0;
+    for (const Kandidat& Einer : Gespielte)
+        Summe += static_cast<double>(Einer.Häufigkeit);
+    return Gespielte.empty()
+               ? 0
+               : Gerundet<std::int64_t>(Summe / static_cast<double>(Gespielte.size())).value_or(0);
+}
+
+std::int64_t Ganzzahlig(const Zufallszahl& Zufall, std::int64_t Höchstens) {
+    return static_cast<std::int64_t>(Zufall() * static_cast<double>(Höchstens)) + 1;
+}
+
+void Mischen(std::vector<Kandidat>& Liste, const Zufallszahl& Zufall) {
+    const auto Anzahl = static_cast<std::int64_t>(Liste.size());
+    for (std::size_t i = 0; i < Liste.size(); ++i)
+        std::swap(Liste[i], Liste[static_cast<std::size_t>(Ganzzahlig(Zufall, Anzahl) - 1)]);
+}
+
+// The place that an entry at place p (1-based) of n gets by its age: often heard in the last half year goes
+// back, an old favourite comes to the front.
+std::int64_t PlatzNachAlter(std::int64_t p, std::int64_t n, const Kandidat& Einer, const AutoDjWahl& Wahl,
+                            std::int64_t Durchschnitt, const Zeitpunkt& Jetzt, const Zufallszahl& Zufall) {
+    if (Einer.Häufigkeit <= Durchschnitt || !Einer.Datum) return p;
+    const std::int64_t Monate = AlterInMonaten(*Einer.Datum, Jetzt);
+    if (Wahl.AlteSeltener && Monate >= 1 && Monate <= 6) {
+        p *= Ganzzahlig(Zufall, 4);
+        // Kept: twice the new place decides, so that the whole second half goes to the last place.
+        if (p * 2 > n) p = n;
+    }
+    if (Wahl.SehrAlteHäufiger && Monate > 6) {
+        const auto Teiler = static_cast<double>(Ganzzahlig(Zufall, 4));
+        p = std::max<std::int64_t>(1, Gerundet<std::int64_t>(static_cast<double>(p) / Teiler).value_or(1));
+    }
+    return p;
+}
+
+void Gewichten(std::vector<Kandidat>& Liste, const AutoDjWahl& Wahl, std::int64_t Durchschnitt,
+               const Zeitpunkt& Jetzt, const Zufallszahl& Zufall) {
+    const auto Anzahl = static_cast<std::int64_t>(Liste.size());
+    std::vector<bool> Verschoben(Liste.size(), false);
+    for (std::int64_t i = 1; i <= Anzahl; ++i) {
+        const auto Hier = static_cast<std::size_t>(i - 1);
+        if (Verschoben[Hier]) continue;
+        const std::int64_t p = PlatzNachAlter(i, Anzahl, Liste[Hier], Wahl, Durchschnitt, Jetzt, Zufall);
+        if (p == i) continue;
+        const auto Dort = static_cast<std::size_t>(p - 1);
+        std::swap(Liste[Hier], Liste[Dort]);
+        Verschoben[Dort] = true;
+    }
+}
+
+void ZufälligOrdnen(std::vector<Kandidat>& Gespielte, const AutoDjWahl& Wahl, const Zeitpunkt& Jetzt,
+                    const Zufallszahl& Zufall) {
+    const std::int64_t Durchschnitt = DurchschnittVon(Gespielte);
+    std::erase_if(Gespielte, [&](const Kandidat& Einer) {
+        if (Einer.Häufigkeit < Durchschnitt) return true;
+        if (Wahl.Zeit < 0) return false;
+        return !Einer.Datum || static_cast<double>(Alter(*Einer.Datum, Jetzt, Wahl.Einheit)) <= Wahl.Zeit;
+    });
+    Mischen(Gespielte, Zufall);
+    Gewichten(Gespielte, Wahl, Durchschnitt, Jetzt, Zufall);
+}
+
+void NachRangOrdnen(std::vector<Kandidat>& Gespielte, const AutoDjWahl& Wahl, const Zeitpunkt& Jetzt) {
+    std::erase_if(Gespielte, [&](const Kandidat& Einer) {
+        if (Wahl.Zeit < 0) return false;
+        return !Einer.Datum || static_cast<double>(Alter(*Einer.Datum, Jetzt, Wahl.Einheit)) > Wahl.Zeit;
+    });
+    std::stable_sort(Gespielte.begin(), Gespielte.end(),
+                     [](const Kandidat& A, const Kandidat& B) { return A.Häufigkeit > B.Häufigkeit; });
+}
+
+}  // namespace
+
+std::optional<AutoDjEinheit> AutoDjEinheitLesen(std::string_view Buchstabe) {
+    const auto Fund = std::find(Einheiten.begin(), Einheiten.end(), Buchstabe);
+    if (Fund == Einheiten.end()) return std::nullopt;
+    return static_cast<AutoDjEinheit>(Fund - Einheiten.begin());
+}
+
+std::string_view AutoDjEinheitBuchstabe(AutoDjEinheit Einheit) {
+    return Einheiten[static_cast<std::size_t>(Einheit)];
+}
+
+std::string AutoDjPrüfen(const AutoDjEingabe& Eingabe, AutoDjWahl& Wahl) {
+    const bool Zufällig = Eingabe.Funktion == AutoDjFunktion::Zufällig;
+    const auto Meldung = [](std::string_view Feld) {
+        return "Bitte geben Sie eine Zahl in das Feld '" + std::string(Feld) +
+               "' ein oder leeren Sie dieses.";
+    };
+    const auto Zeit = Zahl(Eingabe.Zeit);
+    const auto Maximum = Zahl(Eingabe.Maximum);
+    const bool ZeitGut = Eingabe.Zeit.empty() || Zeit;
+    const bool MaximumGut = Eingabe.Maximum.empty() || Maximum;
+    if (Zufällig && !ZeitGut) return Meldung("Dateien auslassen...");
+    if (Zufällig && !MaximumGut) return Meldung("Finde so viele Dateien");
+    if (!MaximumGut) return Meldung("Zeige meine persönlichen Top...");
+    if (!ZeitGut) return Meldung("Charts der letzen...");
+    if (Eingabe.Genres.empty()) return "Bitte wählen Sie mindestens ein Genre aus der Liste.";
+    Wahl.Funktion = Eingabe.Funktion;
+    Wahl.Zeit = Zeit.value_or(-1);
+    // A number beyond all counts limits nothing.
+    Wahl.Maximum = Maximum ? Gerundet<std::int64_t>(*Maximum).value_or(-1) : -1;
+    Wahl.Einheit = Eingabe.Einheit;
+    Wahl.AlteSeltener = Eingabe.AlteSeltener;
+    Wahl.SehrAlteHäufiger = Eingabe.SehrAlteHäufiger;
+    Wahl.Genres = Eingabe.Genres;
+    return {};
+}
+
+Zufallszahl ZufallszahlVon(std::uint64_t Saat) {
+    return [Erzeuger = std::mt19937_64(Saat)]() mutable {
+        constexpr double Stufen = 9007199254740992.0;  // 2 to the power of 53: what a double can tell apart
+        return static_cast<double>(Erzeuger() >> 11U) / Stufen;
+    };
+}
+
+std::vector<Satznummer> AutoDjZusammenstellen(const Katalog& Index, const AutoDjWahl& Wahl,
+                                              const Zeitpunkt& Jetzt, const Zufallszahl& Zufall) {
+    std::vector<Kandidat> Liste = GespielteSammeln(Index, Wahl.Genres);
+    if (Wahl.Funktion == AutoDjFunktion::Zufällig) {
+        ZufälligOrdnen(Liste, Wahl, Jetzt, Zufall);
+    } else {
+        NachRangOrdnen(Liste, Wahl, Jetzt);
+    }
+    std::size_t Anzahl = Liste.size();
+    if (Wahl.Maximum != -1)
+        Anzahl = std::min(Anzahl, static_cast<std::size_t>(std::max<std::int64_t>(0, Wahl.Maximum)));
+    std::vector<Satznummer> Nummern;
+    for (std::size_t i = 0; i < Anzahl; ++i)
+        Nummern.push_back(Liste[i].Nummer);
+    return Nummern;
+}
+
+std::string AutoDjNichtsGefunden(bool StatistikAn) {
+    return std::string(
+               "Die Funktion 'AutoDJ' kann nicht ausgeführt werden.\n"
+               "Es liegen z.Zt. keine Nutzungsdaten für Dateien der gewählten Genre vor.\n") +
+           (StatistikAn
+                ? "Lassen Sie dieses Programm einfach einige Tage neben Winamp laufen, um automatisch "
+                  "Nutzungsdaten zu speichern."
+                : "Aktivieren Sie in den 'Optionen' die 'Speicherung von Abspiel-Statitstiken', um "
+                  "Nutzungsdaten zu speichern.");
+}
+
+}  // namespace liedwerk

@@ -1,0 +1,77 @@
+#include "abspielen/spielerprofile.h"
+
+#include <array>
+
+#include "basis/pfad.h"
+#include "basis/text.h"
+
+namespace liedwerk {
+namespace {
+
+// Switches and names as the players of Debian 12 have them.
+constexpr std::array<Spielerprofil, 7> Profile = {{
+    {"Audacious", "audacious", "", "-e", "audacious", true},
+    {"VLC", "vlc", "--one-instance", "--one-instance --playlist-enqueue", "vlc"},
+    {"Strawberry", "strawberry", "--load --play", "--append", "strawberry"},
+    {"Celluloid", "celluloid", "", "--enqueue", "io.github.celluloid_player.Celluloid"},
+    {"Clementine", "clementine", "--load --play", "--append", "clementine"},
+    {"SMPlayer", "smplayer", "", "-add-to-playlist", "smplayer"},
+    {"Qmmp", "qmmp", "", "-e", "qmmp"},
+}};
+
+constexpr Spielerprofil Winampprofil{"Winamp", "winamp.exe", "", "/ADD", "Winamp v1.x"};
+constexpr Spielerprofil Studioprofil{"Studio", "studio.exe", "", "/ADD", "STUDIO"};
+
+}  // namespace
+
+std::span<const Spielerprofil> Spielerprofile() {
+    return Profile;
+}
+
+std::optional<Spielerwahl> SpielerVon(std::string_view WinampPfad) {
+    const auto Wahl = [](const Spielerprofil& Profil, Spielerart Art) {
+        return Spielerwahl{Profil, Art, std::string(Profil.Klasse)};
+    };
+    if (EndetMitOhneGroß(WinampPfad, Winampprofil.Programm)) return Wahl(Winampprofil, Spielerart::Winamp);
+    if (EndetMitOhneGroß(WinampPfad, Studioprofil.Programm)) return Wahl(Studioprofil, Spielerart::Studio);
+    const std::string_view Name = DateinameVon(WinampPfad);
+    for (const Spielerprofil& Profil : Profile) {
+        if (Profil.Programm == Name) return Wahl(Profil, Spielerart::Andere);
+    }
+    if (Name.empty()) return std::nullopt;
+    Spielerwahl Unbekannter;
+    Unbekannter.Profil.Name = Name;
+    Unbekannter.Profil.Programm = Name;
+    Unbekannter.Klasse = DateiOhneEndung(Name);
+    return Unbekannter;
+}
+
+std::string SpielerSchalter(const Einstellungen& Werte, bool Hinzufügen) {
+    const Einstellungen Vorgabe;
+    const bool Ungesetzt = Werte.WinampParameterAbspielen == Vorgabe.WinampParameterAbspielen &&
+                           Werte.WinampParameterHinzufügen == Vorgabe.WinampParameterHinzufügen;
+    if (Ungesetzt) {
+        for (const Spielerprofil& Profil : Profile) {
+            if (Profil.Programm == DateinameVon(Werte.WinampPfad))
+                return std::string(Hinzufügen ? Profil.Hinzufügen : Profil.Abspielen);
+        }
+    }
+    return Hinzufügen ? Werte.WinampParameterHinzufügen : Werte.WinampParameterAbspielen;
+}
+
+std::vector<InstallierterSpieler> InstallierteSpieler(const Programmstart& Programme) {
+    std::vector<InstallierterSpieler> Alle;
+    for (const Spielerprofil& Profil : Profile) {
+        std::string Pfad = Programme.Finden(Profil.Programm);
+        if (!Pfad.empty()) Alle.push_back({std::move(Pfad), &Profil});
+    }
+    return Alle;
+}
+
+void SpielerÜbernehmen(Einstellungen& Werte, const InstallierterSpieler& Spieler) {
+    Werte.WinampPfad = Spieler.Pfad;
+    Werte.WinampParameterAbspielen = Spieler.Profil->Abspielen;
+    Werte.WinampParameterHinzufügen = Spieler.Profil->Hinzufügen;
+}
+
+}  // namespace liedwerk
