@@ -17,6 +17,7 @@ TAUSEND="$DATEN/tausend.lwi"
 SAMMLUNG="$DATEN/sammlung"
 SUCHTEXT="$DATEN/suchtext"
 SELTEN="ziegler" # an artist's name, as typed
+TITELNAME="/m/Vera_Ziegler-Warme_Tage-03-Neue_Pfade.mp3"
 HAEUFIG="musik"  # a part of nearly every path
 
 # einmal ZIEL BEFEHL...: makes data that is not there yet. {} stands for the target; a run that was broken off
@@ -117,6 +118,8 @@ einzeln "ein Buchstabe mehr" "30 ms" buchstabe "$MESSUNG suchen $MILLION $SELTEN
 einzeln "Suche in einem Feld, ab der zweiten" "50 ms" feld "$MESSUNG suchen $MILLION $SELTEN"
 paar "Speichern (write + fsync)" "2, dann 1,3" ms "$MESSUNG speichern $MILLION $DATEN/gespeichert.lwi" ms "$VERGLEICH schreiben $MILLION $DATEN/geschrieben"
 rm -f -- "$DATEN/gespeichert.lwi"
+einzeln "AutoTAG '%automatik%', erste Datei" "50 ms" erste "$MESSUNG autotag $MILLION $TITELNAME"
+einzeln "AutoTAG '%automatik%', jede weitere Datei" "50 ms" ms "$MESSUNG autotag $MILLION $TITELNAME"
 
 EIN_KERN="taskset -c 0"
 ueberschrift "10.000 Dateien"

@@ -21,6 +21,7 @@
 #include "dateien/hinzufuegen.h"
 #include "index/leser.h"
 #include "index/schreiber.h"
+#include "medien/autotag.h"
 #include "medien/medienlesen.h"
 #include "plattform/linux/ordner.h"
 #include "plattform/linux/uhr.h"
@@ -325,6 +326,26 @@ int Lesen(const Argumente& Worte) {
     return 0;
 }
 
+// AutoTAG on a file name without a format: the first file of a run and the following ones.
+int AutoTag(const Argumente& Worte) {
+    Umfeld Lauf;
+    if (!Lauf.Laden(Worte[0])) return 1;
+    Tagverzeichnis Verzeichnis;
+    const auto Zeit = [&] {
+        Datensatz Ergebnis;
+        const auto Anfang = Stoppuhr::now();
+        AutoTagAusführen({Lauf.Index, Lauf.Werte, Verzeichnis}, Worte[1], "%automatik%", Ergebnis, {},
+                         AutoTagZiel::Beide);
+        return MillisekundenSeit(Anfang);
+    };
+    Ausgeben("erste", Zeit());
+    std::vector<double> Zeiten(5);
+    for (double& Eine : Zeiten)
+        Eine = Zeit();
+    Ausgeben("ms", Mittlerer(Zeiten));
+    return 0;
+}
+
 struct Befehl {
     std::string_view Name;
     std::size_t Mindestens;
@@ -333,7 +354,7 @@ struct Befehl {
     int (*Ausführen)(const Argumente&);
 };
 
-constexpr std::array<Befehl, 9> Befehle = {{
+constexpr std::array<Befehl, 10> Befehle = {{
     {"laden", 1, 1, "INDEX", Laden},
     {"suchen", 2, 2, "INDEX WORT", Suchen},
     {"eingaben", 3, 3, "INDEX FELD FEHLENDES_WORT", Eingaben},
@@ -343,6 +364,7 @@ constexpr std::array<Befehl, 9> Befehle = {{
     {"hinzufuegen", 1, 2, "ORDNER [INDEX]", Hinzufügen},
     {"einzeln", 2, 2, "ORDNER INDEX", Einzeln},
     {"lesen", 1, 1, "ORDNER", Lesen},
+    {"autotag", 2, 2, "INDEX DATEINAME", AutoTag},
 }};
 
 int Ausführen(const Argumente& Worte) {

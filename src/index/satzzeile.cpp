@@ -112,6 +112,27 @@ std::string_view SatzzeileFeld(const char* Zeile, int Feld) {
     return {std::strchr(Stelle, '|') + 1 + Davor, Gesucht};
 }
 
+void SatzzeileFelder(const char* Zeile, std::span<const int> Gesuchte, std::span<std::string_view> Werte) {
+    // Until the "|" is found the values are told by their distance from it.
+    std::array<std::size_t, FeldAnzahl> Davor{};
+    const char* Stelle = Zeile + Datenzeile.size();
+    std::size_t Summe = 0;
+    std::size_t Gefunden = 0;
+    bool Weiter = true;
+    for (int Nummer = 1; Weiter && Gefunden < Gesuchte.size(); ++Nummer) {
+        const std::size_t Länge = LängeNehmen(Stelle);
+        Weiter = *Stelle++ == '/';
+        if (Nummer == Gesuchte[Gefunden]) {
+            Davor[Gefunden] = Summe;
+            Werte[Gefunden++] = {Stelle, Länge};
+        }
+        Summe += Länge;
+    }
+    const char* const Anfang = Weiter ? std::strchr(Stelle, '|') + 1 : Stelle;
+    for (std::size_t i = 0; i < Gesuchte.size(); ++i)
+        Werte[i] = i < Gefunden ? std::string_view(Anfang + Davor[i], Werte[i].size()) : std::string_view();
+}
+
 void SatzzeileBilden(std::string& Zeile, const Rohwerte& Werte, int Anzahl) {
     const std::size_t Menge = static_cast<std::size_t>(Anzahl);
     Zeile = Datenzeile;

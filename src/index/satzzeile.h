@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -23,6 +24,9 @@ Datensatz DatensatzVorZeile();
 int SatzzeileZerlegen(const char* Zeile, Rohwerte& Werte);
 // One value of a well-formed line; empty for a field that the line does not have.
 std::string_view SatzzeileFeld(const char* Zeile, int Feld);
+
+// Several values of a well-formed line in one pass: Felder rises, Werte has a place for each of them.
+void SatzzeileFelder(const char* Zeile, std::span<const int> Felder, std::span<std::string_view> Werte);
 
 // Writes the line of the first Anzahl values into Zeile (emptied first), without line end.
 void SatzzeileBilden(std::string& Zeile, const Rohwerte& Werte, int Anzahl);

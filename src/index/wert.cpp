@@ -8,8 +8,6 @@
 namespace liedwerk {
 namespace {
 
-constexpr std::string_view Rohmarke = "\xEF\xBB\xBF";
-
 // The Windows-1252 bytes of a text when they would be read as that text again.
 //
 // Bytes that begin with the mark are read as raw exactly when what stands behind it is not written plainly;
@@ -19,15 +17,15 @@ std::optional<std::string> EinfacheForm(std::string_view Text) {
     auto Bytes = Utf8NachAnsi(Text);
     if (!Bytes) return std::nullopt;
     std::optional<std::string> Rest = Bytes;
-    while (Rest->starts_with(Rohmarke)) {
-        Rest = Utf8NachAnsi(std::string_view(*Rest).substr(Rohmarke.size()));
+    while (Rest->starts_with(IndexwertRohmarke)) {
+        Rest = Utf8NachAnsi(std::string_view(*Rest).substr(IndexwertRohmarke.size()));
         if (!Rest) return std::nullopt;
     }
     return Bytes;
 }
 
 bool IstRoh(std::string_view Bytes) {
-    return Bytes.starts_with(Rohmarke) && !EinfacheForm(Bytes.substr(Rohmarke.size()));
+    return Bytes.starts_with(IndexwertRohmarke) && !EinfacheForm(Bytes.substr(IndexwertRohmarke.size()));
 }
 
 void ZeilenendenErsetzen(std::string& Bytes) {
@@ -41,7 +39,7 @@ void ZeilenendenErsetzen(std::string& Bytes) {
 std::string IndexwertSchreiben(std::string_view Text) {
     if (IstAscii(Text)) return std::string(Text);
     if (auto Bytes = EinfacheForm(Text)) return *std::move(Bytes);
-    std::string Roh(Rohmarke);
+    std::string Roh(IndexwertRohmarke);
     Roh += Text;
     return Roh;
 }
@@ -56,7 +54,7 @@ void IndexwertLesenAnhängen(std::string& Ziel, std::string_view Bytes) {
     if (IstAscii(Bytes)) {
         Ziel += Bytes;
     } else if (IstRoh(Bytes)) {
-        Ziel += Bytes.substr(Rohmarke.size());
+        Ziel += Bytes.substr(IndexwertRohmarke.size());
     } else {
         AnsiNachUtf8Anhängen(Ziel, Bytes);
     }
@@ -72,7 +70,8 @@ std::string IndexwertEinpassen(std::string_view Bytes, std::size_t Höchstens) {
     std::string Wert(Bytes);
     if (Bytes.size() > Höchstens) {
         if (IstRoh(Bytes)) {
-            std::string_view Text = Bytes.substr(Rohmarke.size(), Höchstens - Rohmarke.size());
+            std::string_view Text =
+                Bytes.substr(IndexwertRohmarke.size(), Höchstens - IndexwertRohmarke.size());
             // Not through the middle of a character.
             const auto IstFolgebyte = [](char Byte) { return (Byte & 0xC0) == 0x80; };
             if (IstFolgebyte(Bytes[Höchstens])) {

@@ -11,6 +11,9 @@
 
 namespace liedwerk {
 
+// What stands in front of raw bytes.
+inline constexpr std::string_view IndexwertRohmarke = "\xEF\xBB\xBF";
+
 // Bytes of a text, and text of bytes; inverse to each other in both directions.
 std::string IndexwertSchreiben(std::string_view Text);
 std::string IndexwertLesen(std::string_view Bytes);

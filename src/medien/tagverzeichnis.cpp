@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cstring>
 
+#include "basis/ansi.h"
 #include "basis/text.h"
+#include "index/satzzeile.h"
 #include "index/wert.h"
 #include "suche/suchpuffer.h"
 
@@ -32,8 +34,32 @@ std::uint32_t Merkmal(std::string_view Gefaltet) {
     return static_cast<std::uint32_t>(Summe >> 32U);
 }
 
-std::uint32_t MerkmalVonRohwert(std::string_view Roh) {
-    return IstAscii(Roh) ? Merkmal(Roh) : Merkmal(Falten(IndexwertLesen(Roh)));
+// The folded characters of the bytes of Windows-1252.
+const std::array<std::string, 256>& GefalteteBytes() {
+    static const std::array<std::string, 256> Tabelle = [] {
+        std::array<std::string, 256> Neu;
+        for (std::size_t Byte = 0; Byte < Neu.size(); ++Byte) {
+            std::string Zeichen;
+            ZeichenAnhängen(Zeichen, AnsiZeichen(static_cast<unsigned char>(Byte)));
+            Neu[Byte] = Falten(Zeichen);
+        }
+        return Neu;
+    }();
+    return Tabelle;
+}
+
+// The mark of a value of the index file. Puffer is used again and again: a table is built over millions.
+std::uint32_t MerkmalVonRohwert(std::string_view Roh, std::string& Puffer) {
+    if (IstAscii(Roh)) return Merkmal(Roh);
+    Puffer.clear();
+    if (Roh.front() == IndexwertRohmarke.front()) {
+        FaltenAnhängen(Puffer, IndexwertLesen(Roh));
+    } else {
+        const auto& Tabelle = GefalteteBytes();
+        for (const char Byte : Roh)
+            Puffer += Tabelle[static_cast<unsigned char>(Byte)];
+    }
+    return Merkmal(Puffer);
 }
 
 // True when one of the marks of the row is the one looked for. The loop has no way out, so that it is done in
@@ -81,15 +107,18 @@ bool Tagverzeichnis::Hat(const Satzspeicher& Sätze, Satznummer Nummer, Tagtext 
     return Passt(Sätze, FrageNach(Art, Text), static_cast<std::size_t>(Nummer - 1));
 }
 
-void Tagverzeichnis::Eintragen(const Satzspeicher& Sätze, Satznummer Nummer) {
-    const Satzsicht Sicht = Sätze.Sicht(Nummer);
+void Tagverzeichnis::Eintragen(const Satzspeicher& Sätze, Satznummer Nummer, std::string& Puffer) {
+    static constexpr std::array Gelesen = {int{FeldAlbum}, int{FeldInterpret}, int{FeldV2Album},
+                                           int{FeldV2Interpret}};
+    std::array<std::string_view, Gelesen.size()> Werte;
+    SatzzeileFelder(Sätze.PlatzVon(Nummer).Zeile, Gelesen, Werte);
     const auto Platz = static_cast<std::size_t>(Nummer - 1);
-    for (const Tagtext Art : {Tagtext::Interpret, Tagtext::Album}) {
-        const auto [V1, V2] = FelderVon(Art);
-        Spaltenpaar& Paar = Spalten[static_cast<std::size_t>(Art)];
-        Paar.V1[Platz] = MerkmalVonRohwert(Sicht.Roh(V1));
-        Paar.V2[Platz] = MerkmalVonRohwert(Sicht.Roh(V2));
-    }
+    Spaltenpaar& Album = Spalten[static_cast<std::size_t>(Tagtext::Album)];
+    Spaltenpaar& Interpret = Spalten[static_cast<std::size_t>(Tagtext::Interpret)];
+    Album.V1[Platz] = MerkmalVonRohwert(Werte[0], Puffer);
+    Interpret.V1[Platz] = MerkmalVonRohwert(Werte[1], Puffer);
+    Album.V2[Platz] = MerkmalVonRohwert(Werte[2], Puffer);
+    Interpret.V2[Platz] = MerkmalVonRohwert(Werte[3], Puffer);
 }
 
 void Tagverzeichnis::Nachführen(const Satzspeicher& Sätze) {
@@ -106,11 +135,13 @@ void Tagverzeichnis::Nachführen(const Satzspeicher& Sätze) {
         Paar.V2.resize(Anzahl);
     }
     AufKerneVerteilen(Anzahl - Bisher, SätzeJeKern, [&](std::size_t, std::size_t Von, std::size_t Bis) {
+        std::string Puffer;
         for (std::size_t Platz = Bisher + Von; Platz < Bisher + Bis; ++Platz)
-            Eintragen(Sätze, static_cast<Satznummer>(Platz + 1));
+            Eintragen(Sätze, static_cast<Satznummer>(Platz + 1), Puffer);
     });
+    std::string Puffer;
     for (; GeleseneÄnderungen < Geändert.size(); ++GeleseneÄnderungen)
-        Eintragen(Sätze, Geändert[GeleseneÄnderungen]);
+        Eintragen(Sätze, Geändert[GeleseneÄnderungen], Puffer);
 }
 
 Satznummer Tagverzeichnis::Nächster(const Satzspeicher& Sätze, Tagtext Art, std::string_view Text,

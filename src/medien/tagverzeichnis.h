@@ -45,7 +45,7 @@ class Tagverzeichnis {
     static Frage FrageNach(Tagtext Art, std::string_view Text);
     bool Passt(const Satzspeicher& Sätze, const Frage& Gefragt, std::size_t Platz) const;
     void Nachführen(const Satzspeicher& Sätze);
-    void Eintragen(const Satzspeicher& Sätze, Satznummer Nummer);
+    void Eintragen(const Satzspeicher& Sätze, Satznummer Nummer, std::string& Puffer);
     const Spaltenpaar& SpaltenFür(Tagtext Art) const { return Spalten[static_cast<std::size_t>(Art)]; }
 
     std::array<Spaltenpaar, 2> Spalten;
