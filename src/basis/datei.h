@@ -48,12 +48,31 @@ bool EigeneDatei(std::string_view Pfad);
 // Removes a file; write protection of the file itself does not hinder it. A file that is not there is an
 // error.
 Dateifehler DateiLöschen(std::string_view Pfad);
-// Renames within one file system; an existing target is replaced. The folder is flushed.
-Dateifehler DateiUmbenennen(std::string_view Alt, std::string_view Neu);
+// What an operation does with a file that stands under the new name already.
+enum class Vorhandenes { Ersetzen, Lassen };
+// Renames within one file system. Without replacement an existing target is an error and stays, also when it
+// came between two looks. The folder is flushed.
+Dateifehler DateiUmbenennen(std::string_view Alt, std::string_view Neu,
+                            Vorhandenes Regel = Vorhandenes::Ersetzen);
+// True for the failure of a rename that would lead to another file system.
+bool AnderesDateisystem(const Dateifehler& Fehler);
+// True when the folder of the path lists an entry of exactly this name. Tells two names of one file apart
+// from two spellings of one name, where the file system takes these for the same.
+bool NameVerzeichnet(std::string_view Pfad);
+// Creates an empty file; one that stands there is an error and stays.
+Dateifehler DateiNeuAnlegen(std::string_view Pfad);
 // Creates the folder and those above it.
 Dateifehler OrdnerAnlegen(std::string_view Pfad);
-// Copies a file completely or not at all, through "<Ziel>~" and a rename, modification time kept.
-Dateifehler DateiKopieren(std::string_view Quelle, std::string_view Ziel);
+// Removes an empty folder.
+Dateifehler OrdnerLöschen(std::string_view Pfad);
+// Takes the permission to write from everybody, or gives it to the owner.
+Dateifehler SchreibschutzSetzen(std::string_view Pfad, bool Geschützt);
+// Called while a file is copied, with the bytes done; false cancels.
+using Kopierfortschritt = std::function<bool(std::uint64_t Bytes)>;
+// Copies a file completely or not at all, through a temporary name of its own and a rename; modification
+// time, mode and extended attributes are kept. A source that changes meanwhile is an error.
+Dateifehler DateiKopieren(std::string_view Quelle, std::string_view Ziel,
+                          Vorhandenes Regel = Vorhandenes::Ersetzen, const Kopierfortschritt& Weiter = {});
 
 // An open file for reading. Movable, closes itself.
 class Lesedatei {
@@ -111,20 +130,22 @@ class Dateiersatz {
     ~Dateiersatz();
 
     // Prepares the replacement of Ziel through Temporär (same folder). An unlocked file of ours that lies
-    // there is taken over and emptied; a link, a folder or another kind of file is an error.
-    Öffnung Öffnen(std::string Ziel, std::string Temporär);
+    // there is taken over and emptied; a link, a folder or another kind of file is an error. A file that is
+    // new under its name gets mode, owner and attributes of Vorbild when one is named.
+    Öffnung Öffnen(std::string Ziel, std::string Temporär, std::string Vorbild = {});
     // Appends bytes; large pieces go straight to the system, small ones are collected. False after the first
     // error.
     bool Schreiben(std::string_view Bytes);
     // Appends the whole of an open file, and gives the new file its modification time. False after the first
-    // error.
-    bool Kopieren(const Lesedatei& Quelle);
+    // error, and when Weiter says so.
+    bool Kopieren(const Lesedatei& Quelle, const Kopierfortschritt& Weiter = {});
     // Appends Länge bytes of an open file from the 0-based offset Stelle on, block by block. False after the
-    // first error, and when the file has fewer.
-    bool Kopieren(const Lesedatei& Quelle, std::uint64_t Stelle, std::uint64_t Länge);
+    // first error, when the file has fewer, and when Weiter says so.
+    bool Kopieren(const Lesedatei& Quelle, std::uint64_t Stelle, std::uint64_t Länge,
+                  const Kopierfortschritt& Weiter = {});
     // Makes the new content the target. False on failure: then the target is the old one, whole. With
     // BehalteTemporär a failed rename leaves the temporary file in place.
-    bool Übernehmen(bool BehalteTemporär = false);
+    bool Übernehmen(bool BehalteTemporär = false, Vorhandenes Regel = Vorhandenes::Ersetzen);
     // Gives up: the temporary file goes.
     void Verwerfen();
     // The first error; empty while all went well.
@@ -137,6 +158,7 @@ class Dateiersatz {
     void Schließen();
     std::string Zielpfad;
     std::string Temporärpfad;
+    std::string Vorbildpfad;
     std::string Puffer;
     int Griff = -1;
     bool ZeitBehalten = false;

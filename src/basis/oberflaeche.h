@@ -36,6 +36,9 @@ struct Schreibsperrfrage {
     std::function<bool()> Nachsehen;
 };
 
+// Answer of the dialog about a target file that exists, with the numbers of its buttons.
+enum class Vorhandenantwort { Umbenennen = 1, Ersetzen = 2, Abbrechen = 3, Überspringen = 4 };
+
 class Oberfläche {
   public:
     virtual ~Oberfläche() = default;
@@ -54,6 +57,11 @@ class Oberfläche {
     // frmDateiNichtVerfügbarSchreiben, modal: true when the file can be written now, false when it is
     // skipped.
     virtual bool DateiNichtVerfügbarSchreibenZeigen(const Schreibsperrfrage& Frage) = 0;
+    // frmVerschiebenDateiExistiert, modal. Where nobody can choose, the file is skipped.
+    virtual Vorhandenantwort DateiExistiertZeigen(std::string_view Text) {
+        Melden(Symbol::Ausrufezeichen, Text);
+        return Vorhandenantwort::Überspringen;
+    }
 
     // Fortschritt, the one modal progress window. Starting while it is open changes its title and bound.
     // Höchstens is ignored without percentage. The window appears after 300 ms at the earliest.

@@ -28,6 +28,7 @@
 #include "plattform/laufwerke.h"
 #include "plattform/medienauskunft.h"
 #include "plattform/ordnerleser.h"
+#include "plattform/papierkorb.h"
 #include "plattform/programmstart.h"
 #include "plattform/spieler.h"
 #include "suche/abfrage.h"
@@ -54,6 +55,7 @@ struct Dienste {
     Programmstart* Programme = nullptr;
     Spielerkanal* Spieler = nullptr;
     std::string Laufzeitordner{};  // for play lists that are handed over; empty: the program folder
+    Papierkorb* Eimer = nullptr;   // the desktop's recycle bin; may be missing
 };
 
 struct Anwendung {

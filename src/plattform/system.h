@@ -6,11 +6,13 @@
 
 #include "plattform/laufwerke.h"
 #include "plattform/medienauskunft.h"
+#include "plattform/papierkorb.h"
 
 namespace liedwerk {
 
 std::unique_ptr<Laufwerke> SystemlaufwerkeÖffnen();
 std::unique_ptr<Medienauskunft> SystemauskunftÖffnen();
+std::unique_ptr<Papierkorb> SystempapierkorbÖffnen();
 // Name and version of the operating system and its kernel.
 std::string Systemtext();
 

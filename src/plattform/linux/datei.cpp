@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <dirent.h>
 #include <fcntl.h>
 #include <limits>
 #include <linux/fs.h>
@@ -26,6 +27,23 @@ std::optional<struct stat> AngabenLesen(std::string_view Pfad) {
     struct stat Angaben {};
     if (!Name || ::stat(Name->c_str(), &Angaben) != 0) return std::nullopt;
     return Angaben;
+}
+
+// The temporary name of a copy; cut where the file system could not hold it.
+std::string Kopienname(std::string_view Ziel) {
+    constexpr std::string_view Ende = "~lwikopie";
+    constexpr std::size_t Namenslänge = 255;
+    const std::size_t Name = Ziel.size() - (Ziel.rfind('/') + 1);
+    std::size_t Länge = Ziel.size();
+    if (Name + Ende.size() > Namenslänge) Länge -= std::min(Name, Name + Ende.size() - Namenslänge);
+    // Half a character is no name everywhere.
+    while (Länge < Ziel.size() && (static_cast<unsigned char>(Ziel[Länge]) & 0xC0U) == 0x80)
+        --Länge;
+    return std::string(Ziel.substr(0, Länge)).append(Ende);
+}
+
+bool Unverändert(const Dateistand& Vorher, std::string_view Pfad) {
+    return DateistandLesen(Pfad) == Vorher;
 }
 
 }  // namespace
@@ -117,10 +135,23 @@ Dateifehler DateiLöschen(std::string_view Pfad) {
     return {};
 }
 
-Dateifehler DateiUmbenennen(std::string_view Alt, std::string_view Neu) {
+bool NameWechseln(const std::string& Alt, const std::string& Neu, Vorhandenes Regel) {
+    if (Regel == Vorhandenes::Ersetzen) return std::rename(Alt.c_str(), Neu.c_str()) == 0;
+    if (::renameat2(AT_FDCWD, Alt.c_str(), AT_FDCWD, Neu.c_str(), RENAME_NOREPLACE) == 0) return true;
+    if (errno != EINVAL && errno != ENOSYS) return false;
+    // A file system that cannot do both in one step: then the look in front is all there is.
+    struct stat Angaben {};
+    if (::lstat(Neu.c_str(), &Angaben) == 0) {
+        errno = EEXIST;
+        return false;
+    }
+    return std::rename(Alt.c_str(), Neu.c_str()) == 0;
+}
+
+Dateifehler DateiUmbenennen(std::string_view Alt, std::string_view Neu, Vorhandenes Regel) {
     const auto AlterName = Systempfad(Alt);
     const auto NeuerName = Systempfad(Neu);
-    if (!AlterName || !NeuerName || std::rename(AlterName->c_str(), NeuerName->c_str()) != 0) {
+    if (!AlterName || !NeuerName || !NameWechseln(*AlterName, *NeuerName, Regel)) {
         return LetzterSystemfehler();
     }
     const std::string Ordner = OrdnerVon(*NeuerName);
@@ -145,12 +176,57 @@ Dateifehler OrdnerAnlegen(std::string_view Pfad) {
     return {};
 }
 
-Dateifehler DateiKopieren(std::string_view Quelle, std::string_view Ziel) {
+bool AnderesDateisystem(const Dateifehler& Fehler) {
+    return Fehler.Nummer == EXDEV;
+}
+
+bool NameVerzeichnet(std::string_view Pfad) {
+    const auto Ganz = Systempfad(Pfad);
+    if (!Ganz) return false;
+    DIR* const Offen = ::opendir(OrdnerVon(*Ganz).c_str());
+    if (Offen == nullptr) return false;
+    const std::string Name = Ganz->substr(Ganz->rfind('/') + 1);
+    bool Gefunden = false;
+    while (const dirent* Eintrag = Gefunden ? nullptr : ::readdir(Offen))
+        Gefunden = Name == Eintrag->d_name;
+    ::closedir(Offen);
+    return Gefunden;
+}
+
+Dateifehler DateiNeuAnlegen(std::string_view Pfad) {
+    const auto Name = Systempfad(Pfad);
+    if (!Name) return LetzterSystemfehler();
+    const Griffhalter Griff(
+        Beharrlich([&] { return ::open(Name->c_str(), O_WRONLY | O_CLOEXEC | O_CREAT | O_EXCL, 0666); }));
+    if (!Griff) return LetzterSystemfehler();
+    OrdnerFestschreiben(OrdnerVon(*Name));
+    return {};
+}
+
+Dateifehler OrdnerLöschen(std::string_view Pfad) {
+    const auto Name = Systempfad(Pfad);
+    if (!Name || ::rmdir(Name->c_str()) != 0) return LetzterSystemfehler();
+    return {};
+}
+
+Dateifehler SchreibschutzSetzen(std::string_view Pfad, bool Geschützt) {
+    const auto Name = Systempfad(Pfad);
+    struct stat Angaben {};
+    if (!Name || ::stat(Name->c_str(), &Angaben) != 0) return LetzterSystemfehler();
+    const mode_t Alt = Angaben.st_mode & 07777;
+    const mode_t Alle = S_IWUSR | S_IWGRP | S_IWOTH;
+    const mode_t Neu = Geschützt ? Alt & ~Alle : Alt | S_IWUSR;
+    if (Neu != Alt && ::chmod(Name->c_str(), Neu) != 0) return LetzterSystemfehler();
+    return {};
+}
+
+Dateifehler DateiKopieren(std::string_view Quelle, std::string_view Ziel, Vorhandenes Regel,
+                          const Kopierfortschritt& Weiter) {
     Dateifehler Fehler;
     const Lesedatei Von = Lesedatei::Öffnen(Quelle, &Fehler);
     if (!Von.Offen()) return Fehler;
     Dateiersatz Nach;
-    switch (Nach.Öffnen(std::string(Ziel), std::string(Ziel) + "~")) {
+    switch (Nach.Öffnen(std::string(Ziel), Kopienname(Ziel), std::string(Quelle))) {
         case Dateiersatz::Öffnung::Gesperrt:
             return Systemfehler(EAGAIN);
         case Dateiersatz::Öffnung::Fehler:
@@ -158,7 +234,12 @@ Dateifehler DateiKopieren(std::string_view Quelle, std::string_view Ziel) {
         case Dateiersatz::Öffnung::Bereit:
             break;
     }
-    if (!Nach.Kopieren(Von) || !Nach.Übernehmen()) return Nach.Fehler();
+    if (!Nach.Kopieren(Von, Weiter)) return Nach.Fehler();
+    // A file that somebody is still writing (a download) would come out as a part of itself.
+    if (!Unverändert(Von.Stand(), Quelle))
+        return Systemfehler(EBUSY, "Die Quelldatei wurde während des Kopierens verändert");
+    if (!Nach.Übernehmen(false, Regel)) return Nach.Fehler();
+    if (Nach.Stand().Größe != Von.Größe()) return Systemfehler(EIO);
     return {};
 }
 

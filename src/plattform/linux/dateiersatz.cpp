@@ -196,7 +196,7 @@ Dateiersatz::~Dateiersatz() {
     Verwerfen();
 }
 
-Dateiersatz::Öffnung Dateiersatz::Öffnen(std::string Ziel, std::string Temporär) {
+Dateiersatz::Öffnung Dateiersatz::Öffnen(std::string Ziel, std::string Temporär, std::string Vorbild) {
     Verwerfen();
     ErsterFehler = {};
     const auto Scheitern = [&](Dateifehler Grund) {
@@ -213,7 +213,7 @@ Dateiersatz::Öffnung Dateiersatz::Öffnen(std::string Ziel, std::string Tempor�
         Temporär = OrdnerVon(*Letztes) + "/" + Temporär.substr(Temporär.rfind('/') + 1);
     }
     // The content of a file that others may not read must not be readable meanwhile either.
-    mode_t Rechte = 0666;
+    mode_t Rechte = Vorbild.empty() ? 0666 : S_IRUSR | S_IWUSR;
     struct stat Alt {};
     if (NameLesen(*Letztes, Alt)) {
         if (S_ISDIR(Alt.st_mode)) return Scheitern(Systemfehler(EISDIR));
@@ -235,6 +235,7 @@ Dateiersatz::Öffnung Dateiersatz::Öffnen(std::string Ziel, std::string Tempor�
                 Griff = Neu.Lösen();
                 Zielpfad = *Letztes;
                 Temporärpfad = std::move(Temporär);
+                Vorbildpfad = std::move(Vorbild);
                 return Öffnung::Bereit;
         }
     }
@@ -258,7 +259,8 @@ bool Dateiersatz::Schreiben(std::string_view Bytes) {
     return true;
 }
 
-bool Dateiersatz::Kopieren(const Lesedatei& Quelle, std::uint64_t Stelle, std::uint64_t Länge) {
+bool Dateiersatz::Kopieren(const Lesedatei& Quelle, std::uint64_t Stelle, std::uint64_t Länge,
+                           const Kopierfortschritt& Weiter) {
     if (!Quelle.Offen() && !ErsterFehler) ErsterFehler = Systemfehler(EBADF, "Die Quelle ist nicht geöffnet");
     std::string Block(static_cast<std::size_t>(std::min<std::uint64_t>(Länge, Puffergröße)), '\0');
     while (Länge > 0) {
@@ -270,12 +272,16 @@ bool Dateiersatz::Kopieren(const Lesedatei& Quelle, std::uint64_t Stelle, std::u
         if (!Schreiben(std::string_view(Block.data(), Gewünscht))) return false;
         Stelle += Gewünscht;
         Länge -= Gewünscht;
+        if (Weiter && !Weiter(Stelle)) {
+            ErsterFehler = Systemfehler(ECANCELED, "Der Vorgang wurde abgebrochen");
+            return false;
+        }
     }
     return Schreiben({});
 }
 
-bool Dateiersatz::Kopieren(const Lesedatei& Quelle) {
-    if (!Kopieren(Quelle, 0, Quelle.Größe())) return false;
+bool Dateiersatz::Kopieren(const Lesedatei& Quelle, const Kopierfortschritt& Weiter) {
+    if (!Kopieren(Quelle, 0, Quelle.Größe(), Weiter)) return false;
     struct stat Angaben {};
     ZeitBehalten = ::fstat(Quelle.Griff, &Angaben) == 0;
     if (ZeitBehalten) {
@@ -285,7 +291,7 @@ bool Dateiersatz::Kopieren(const Lesedatei& Quelle) {
     return Schreiben({});
 }
 
-bool Dateiersatz::Übernehmen(bool BehalteTemporär) {
+bool Dateiersatz::Übernehmen(bool BehalteTemporär, Vorhandenes Regel) {
     const auto Scheitern = [&](Dateifehler Grund) {
         if (!ErsterFehler) ErsterFehler = std::move(Grund);
         Verwerfen();
@@ -293,7 +299,10 @@ bool Dateiersatz::Übernehmen(bool BehalteTemporär) {
     };
     if (!Schreiben({}) || !Leeren()) return Scheitern({});
     struct stat Alt {};
-    if (NameLesen(Zielpfad, Alt) && S_ISREG(Alt.st_mode)) EigenschaftenÜbertragen(Zielpfad, Alt, Griff);
+    const bool Neu = !NameLesen(Zielpfad, Alt) || !S_ISREG(Alt.st_mode);
+    if (!Neu) EigenschaftenÜbertragen(Zielpfad, Alt, Griff);
+    if (Neu && !Vorbildpfad.empty() && ::stat(Vorbildpfad.c_str(), &Alt) == 0)
+        EigenschaftenÜbertragen(VerweiseAuflösen(Vorbildpfad), Alt, Griff);
     if (ZeitBehalten) {
         const timespec Zeiten[2] = {{0, UTIME_OMIT}, {ZeitSekunden, ZeitNanosekunden}};
         ::futimens(Griff, Zeiten);
@@ -307,7 +316,7 @@ bool Dateiersatz::Übernehmen(bool BehalteTemporär) {
         return Scheitern(Systemfehler(EBUSY, "Die vorläufige Datei '" + Temporärpfad +
                                                  "' wurde während des Schreibens entfernt oder ersetzt"));
     }
-    if (std::rename(Temporärpfad.c_str(), Zielpfad.c_str()) != 0) {
+    if (!NameWechseln(Temporärpfad, Zielpfad, Regel)) {
         ErsterFehler = LetzterSystemfehler();
         if (BehalteTemporär) Schließen();
         Verwerfen();

@@ -61,6 +61,9 @@ bool Festschreiben(int Griff);
 // The folder of a path of this system; "." for a bare name.
 std::string OrdnerVon(const std::string& Pfad);
 
+// Renames in one step; where Regel says so and an entry stands there, it fails with EEXIST.
+bool NameWechseln(const std::string& Alt, const std::string& Neu, Vorhandenes Regel);
+
 // Brings the names in a folder to the disk, as far as the file system can. A failure is none for the caller:
 // the change itself has happened and is visible.
 void OrdnerFestschreiben(const std::string& Ordner);

@@ -5,6 +5,7 @@
 
 #include "plattform/qt/laufwerke.h"
 #include "plattform/qt/medienauskunft.h"
+#include "plattform/qt/papierkorb.h"
 
 namespace liedwerk {
 
@@ -14,6 +15,10 @@ std::unique_ptr<Laufwerke> SystemlaufwerkeÖffnen() {
 
 std::unique_ptr<Medienauskunft> SystemauskunftÖffnen() {
     return std::make_unique<TaglibAuskunft>();
+}
+
+std::unique_ptr<Papierkorb> SystempapierkorbÖffnen() {
+    return std::make_unique<Desktoppapierkorb>();
 }
 
 std::string Systemtext() {

@@ -18,6 +18,7 @@ class Person final : public Oberfläche {
     // Answers to come, in order; without one the preset button is pressed.
     std::deque<Antwort> Antworten;
     std::deque<Verfügbarkeitsantwort> Verfügbarkeiten;
+    std::deque<Vorhandenantwort> Vorhandene;  // without one the file is skipped
     // FortschrittZeigen gives false from this call on (1-based); 0: never.
     std::int64_t AbbruchBei = 0;
     // Runs at every turn of the event loop.
@@ -52,6 +53,13 @@ class Person final : public Oberfläche {
     bool DateiNichtVerfügbarSchreibenZeigen(const Schreibsperrfrage& Frage) override {
         Gefragt.push_back(Frage.Text);
         return Frage.Nachsehen && Frage.Nachsehen();
+    }
+    Vorhandenantwort DateiExistiertZeigen(std::string_view Text) override {
+        Gefragt.emplace_back(Text);
+        if (Vorhandene.empty()) return Vorhandenantwort::Überspringen;
+        const auto Nächste = Vorhandene.front();
+        Vorhandene.pop_front();
+        return Nächste;
     }
     void FortschrittStarten(std::string_view Überschrift, bool, std::int64_t) override {
         Titel.emplace_back(Überschrift);

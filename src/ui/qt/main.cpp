@@ -107,6 +107,7 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     const std::unique_ptr<Laufwerke> Drives = SystemlaufwerkeÖffnen();
     const Systemordnerleser Ordner;
     const std::unique_ptr<Medienauskunft> Auskunft = SystemauskunftÖffnen();
+    const std::unique_ptr<Papierkorb> Eimer = SystempapierkorbÖffnen();
     Wertdatei Nutzerwerte(Einstellungsdatei());
     Wertdatei Rechnerwerte(Rechnereinstellungsdatei());
     Fensteroberfläche Person;
@@ -115,6 +116,7 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     const Temporärindex Temporär(Eigenordner);
     Anwendung Programm(Dienste{Person, Fenster, Zeit, *Drives, Ordner, Auskunft.get(), Nutzerwerte,
                                &Rechnerwerte, Eigenordner, Temporär.Pfad()});
+    Programm.Dienst.Eimer = Eimer.get();
     Fenster.Anbinden(Programm);
     Person.BesitzerSetzen(&Fenster);
     Person.Status = [&](const QString& Text, int Dauer) { Fenster.StatusZeigen(Text, Dauer); };

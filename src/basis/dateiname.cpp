@@ -1,0 +1,55 @@
+#include "basis/dateiname.h"
+
+#include "basis/pfad.h"
+
+namespace liedwerk {
+namespace {
+
+constexpr std::string_view Trennzeichen = "/\\";
+constexpr std::string_view Verbotene = "*?<>|";
+
+bool IstTrenner(char Zeichen) {
+    return Trennzeichen.find(Zeichen) != std::string_view::npos;
+}
+
+bool IstSteuerzeichen(char Zeichen) {
+    return static_cast<unsigned char>(Zeichen) < 0x20 || Zeichen == 0x7F;
+}
+
+bool HatLeerenTeil(std::string_view Name) {
+    for (std::size_t Stelle = 1; Stelle < Name.size(); ++Stelle) {
+        if (IstTrenner(Name[Stelle]) && IstTrenner(Name[Stelle - 1])) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+std::string DateinameBereinigen(std::string_view Name, bool PfadErlaubt) {
+    if (PfadErlaubt && IstPosixPfad(Name))
+        return Name.find("//") == std::string_view::npos ? std::string(Name) : std::string();
+    if (HatLeerenTeil(Name)) return {};
+    std::string Sauber;
+    for (std::size_t Stelle = 0; Stelle < Name.size(); ++Stelle) {
+        const char Zeichen = Name[Stelle];
+        if (IstTrenner(Zeichen) && !PfadErlaubt) return {};
+        if (Zeichen == ':' && !(PfadErlaubt && Stelle == 1)) return {};
+        if (Verbotene.find(Zeichen) == std::string_view::npos && !IstSteuerzeichen(Zeichen))
+            Sauber += Zeichen;
+    }
+    return Sauber;
+}
+
+bool TeileEindeutig(std::string_view Pfad) {
+    if (!Pfad.empty() && IstTrenner(Pfad.front())) Pfad.remove_prefix(1);
+    for (;;) {
+        const std::size_t Ende = Pfad.find_first_of(Trennzeichen);
+        const std::string_view Teil = Pfad.substr(0, Ende);
+        if (Teil.find_first_not_of(' ') == std::string_view::npos || Teil == "." || Teil == "..")
+            return false;
+        if (Ende == std::string_view::npos) return true;
+        Pfad.remove_prefix(Ende + 1);
+    }
+}
+
+}  // namespace liedwerk
