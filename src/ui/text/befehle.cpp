@@ -46,6 +46,28 @@ const std::vector<Befehl>& Befehlstabelle() {
          1,
          Beliebig,
          DateiInfoTextAusführen},
+        {"export",
+         "export --format text|html|playliste|tabelle|m3u8|json [--trennzeichen "
+         "komma|tabulator|semikolon|leerzeichen] [--anfuehrungszeichen] [--spalten A,B,...] [--abfrage "
+         "\"F|C|BEGRIFF\"]... ZIEL",
+         "Schreibt Datensätze als Liste in eine Datei, alle oder die Treffer der Abfragen.\n"
+         "  --format text        Textdatei mit Trennzeichen\n"
+         "  --format html        HTML-Seite\n"
+         "  --format playliste   PLS, wenn ZIEL auf \"pls\" endet, sonst M3U\n"
+         "  --format tabelle     CSV in UTF-8 für Tabellenkalkulationen\n"
+         "  --format m3u8, json  Playliste in UTF-8, JSON-Datei\n"
+         "  --trennzeichen T     für text (sonst nach den Einstellungen)\n"
+         "  --anfuehrungszeichen für text: Werte in Anführungszeichen\n"
+         "  --spalten A,B,...    Felder (sonst Interpret,Titel,Album,Pfad+Dateiname)\n"
+         "  --abfrage F|C|B      Abfrage aus Feld, Code und Begriff; mehrere schränken ein",
+         {{"--format", true},
+          {"--trennzeichen", true},
+          {"--anfuehrungszeichen"},
+          {"--spalten", true},
+          {"--abfrage", true}},
+         1,
+         1,
+         ExportAusführen},
         {"feldwerte",
          "feldwerte --felder A,B,... [--modus 0|1] [--anderer-tag] [NUMMER...]",
          "Zeigt Felder von Datensätzen, alle oder die mit den genannten Nummern.\n"

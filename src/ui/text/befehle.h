@@ -40,6 +40,8 @@ Ausgang IndexInfoAusführen(const Globaloptionen& Global, const Befehlseingabe& 
 Ausgang IndexSpeichernAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang SätzeAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang SortierenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+// befehle_austausch.cpp
+Ausgang ExportAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 // befehle_dateien.cpp
 Ausgang DateiInfoAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang DateiInfoTextAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);

@@ -10,6 +10,7 @@
 #include "suche/vervollstaendigung.h"
 #include "ui/text/befehle.h"
 #include "ui/text/lauf.h"
+#include "ui/text/suchauftrag.h"
 
 namespace liedwerk {
 namespace {
@@ -30,21 +31,6 @@ std::vector<Spaltenwahl> SpaltenWählen(const std::vector<std::string>& Namen) {
     return Spalten;
 }
 
-// An unknown field counts as empty, which is seldom what was meant.
-void FeldPrüfen(const std::string& Feld) {
-    if (!Feld.empty() && !FeldFinden(Feld).Bekannt)
-        Fehlermelden("Hinweis: Das Feld '" + Feld + "' gibt es nicht; es gilt als leer.");
-}
-
-// "F|C|BEGRIFF"; the word may hold "|".
-std::optional<Suchabfrage> AbfrageLesen(const std::string& Text) {
-    const std::size_t Erster = Text.find('|');
-    const std::size_t Zweiter = Erster == std::string::npos ? Erster : Text.find('|', Erster + 1);
-    if (Zweiter == std::string::npos) return std::nullopt;
-    return Suchabfrage{Text.substr(0, Erster), Text.substr(Zweiter + 1),
-                       Text.substr(Erster + 1, Zweiter - Erster - 1)};
-}
-
 // The queries as typed; an empty code is the standard one of the settings. Nothing when one has no right
 // form.
 std::optional<std::vector<Suchabfrage>> AbfragenLesen(const Befehlseingabe& Eingabe) {
@@ -60,15 +46,6 @@ std::optional<std::vector<Suchabfrage>> AbfragenLesen(const Befehlseingabe& Eing
         Alle.push_back(std::move(*Abfrage));
     }
     return Alle;
-}
-
-std::vector<Satznummer> TrefferSammeln(const Katalog& Index) {
-    std::vector<Satznummer> Treffer;
-    if (Index.ErsterTreffer < 1 || Index.IndexAnzahl() == 0) return Treffer;
-    for (Satznummer Nummer = Index.ErsterTreffer; Nummer <= Index.LetzterTreffer; ++Nummer) {
-        if (Index.IndexTreffer[static_cast<std::size_t>(Nummer - 1)] > 0) Treffer.push_back(Nummer);
-    }
-    return Treffer;
 }
 
 struct Fund {
@@ -174,10 +151,7 @@ Ausgang SuchenAusführen(const Globaloptionen& Global, const Befehlseingabe& Ein
     Programmlauf Lauf(Global);
     if (!Lauf.Bereit() || !Lauf.IndexLaden()) return Ausgang::Fehlgeschlagen;
     Anwendung& Programm = Lauf.Programm();
-    const std::string Standard(Standardcode(Programm.Werte.SucheAlsWortStandard == 1));
-    for (const auto& Abfrage : *Abfragen)
-        SucheHinzufügen(Programm.Abfragen, Abfrage.Begriff, Abfrage.Feld,
-                        Abfrage.Code.empty() ? Standard : Abfrage.Code);
+    AbfragenÜbernehmen(Programm, *Abfragen);
     const bool NurZählen = Eingabe.Hat("--zaehlen");
     auto Suche = IndexDurchsuchen(Programm.Index, Programm.Puffer, Programm.Abfragen,
                                   !NurZählen && Programm.Werte.SucheVorschlägeErstellen == 1);

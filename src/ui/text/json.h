@@ -5,13 +5,10 @@
 #include <string>
 #include <string_view>
 
+#include "basis/jsontext.h"
 #include "ui/text/ausgabe.h"
 
 namespace liedwerk {
-
-// A text as a JSON string with its quotes. A byte that is no valid UTF-8 becomes its Windows-1252 character,
-// so that nothing a file name may hold breaks the document.
-std::string JsonText(std::string_view Text);
 
 // The caller keeps the order: Name before each value inside an object, none inside a list.
 class JsonSchreiber {
