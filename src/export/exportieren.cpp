@@ -50,7 +50,6 @@ Kodierung ErsteKodierung(const Katalog& Index, std::span<const Satznummer> Sätz
         case Exportmodus::Json:
             return Kodierung::Utf8;
         case Exportmodus::Playliste:
-            // Only a POSIX path begins with "/", in the bytes of the index too.
             if (std::ranges::any_of(
                     Sätze, [&](Satznummer Nummer) { return IstPosixPfad(Index.Sätze.Pfad(Nummer)); }))
                 return Kodierung::Utf8;

@@ -68,6 +68,22 @@ const std::vector<Befehl>& Befehlstabelle() {
          1,
          1,
          ExportAusführen},
+        {"felder-lesen",
+         "felder-lesen DATEI",
+         "Übernimmt Abspiel-Häufigkeit, Abspiel-Datum, Benutzer-Daten und Qualität aus einer "
+         "IndexFelder-Datei (.ifd) und speichert den Index. Vorher wird gefragt (siehe --ja).",
+         {},
+         1,
+         1,
+         FelderLesenAusführen},
+        {"felder-schreiben",
+         "felder-schreiben DATEI",
+         "Schreibt Abspiel-Häufigkeit, Abspiel-Datum, Benutzer-Daten und Qualität aller Datensätze in eine "
+         "IndexFelder-Datei (.ifd).",
+         {},
+         1,
+         1,
+         FelderSchreibenAusführen},
         {"feldwerte",
          "feldwerte --felder A,B,... [--modus 0|1] [--anderer-tag] [NUMMER...]",
          "Zeigt Felder von Datensätzen, alle oder die mit den genannten Nummern.\n"

@@ -42,6 +42,8 @@ Ausgang SätzeAusführen(const Globaloptionen& Global, const Befehlseingabe& Ein
 Ausgang SortierenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 // befehle_austausch.cpp
 Ausgang ExportAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+Ausgang FelderSchreibenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+Ausgang FelderLesenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 // befehle_dateien.cpp
 Ausgang DateiInfoAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang DateiInfoTextAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);

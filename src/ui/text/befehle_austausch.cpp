@@ -2,7 +2,10 @@
 #include <array>
 #include <utility>
 
+#include "basis/datei.h"
 #include "core/exportlauf.h"
+#include "core/felderlauf.h"
+#include "core/suchlauf.h"
 #include "suche/suchmaschine.h"
 #include "ui/text/befehle.h"
 #include "ui/text/lauf.h"
@@ -97,6 +100,32 @@ Ausgang ExportAusführen(const Globaloptionen& Global, const Befehlseingabe& Ein
         return Gescheitert("Die Datei '" + Auftrag.Datei + "' wurde nicht verändert.");
     if (!ExportierenLauf(Programm, *Sätze, Auftrag)) return Ausgang::Fehlgeschlagen;
     DateiUndAnzahl(Lauf, Auftrag.Datei, Sätze->size(), " Datei(en) exportiert nach ");
+    return Lauf.Abschließen();
+}
+
+Ausgang FelderSchreibenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe) {
+    const std::string Datei = EingabePfad(Eingabe.Argumente[0]);
+    Programmlauf Lauf(Global);
+    if (!Lauf.Bereit() || !Lauf.IndexLaden()) return Ausgang::Fehlgeschlagen;
+    Anwendung& Programm = Lauf.Programm();
+    if (!ExportErlaubt(Programm.Dienst.Person, Datei))
+        return Gescheitert("Die Datei '" + Datei + "' wurde nicht verändert.");
+    if (!FelderSpeichernLauf(Programm, Datei)) return Ausgang::Fehlgeschlagen;
+    DateiUndAnzahl(Lauf, Datei, static_cast<std::size_t>(Programm.Index.IndexAnzahl()),
+                   " Datensätze: Index-Felder gespeichert in ");
+    return Lauf.Abschließen();
+}
+
+Ausgang FelderLesenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe) {
+    const std::string Datei = EingabePfad(Eingabe.Argumente[0]);
+    Programmlauf Lauf(Global);
+    if (!Lauf.Bereit() || !Lauf.IndexLaden()) return Ausgang::Fehlgeschlagen;
+    Anwendung& Programm = Lauf.Programm();
+    const auto Anzahl = FelderImportierenLauf(Programm, Datei);
+    if (!Anzahl) return Gescheitert("Es wurden keine Index-Felder importiert.");
+    if (!IndexSpeichern(Programm))
+        return Gescheitert("Die Indexdatei '" + Programm.Index.IndexDateiname + "' wurde nicht gespeichert.");
+    DateiUndAnzahl(Lauf, Datei, *Anzahl, " Datei(en): Index-Felder importiert aus ");
     return Lauf.Abschließen();
 }
 

@@ -1,0 +1,40 @@
+#include "core/felderlauf.h"
+
+#include "index/felderaustausch.h"
+
+namespace liedwerk {
+
+bool FelderSpeichernLauf(Anwendung& Programm, const std::string& Dateiname) {
+    const Laufsperre Sperre(Programm);
+    if (!IndexFelderSpeichern(Programm.Index, IndexumgebungVon(Programm), Dateiname,
+                              FortschrittBeimSpeichern(Programm.Werte)))
+        return false;
+    Programm.Dienst.Person.StatusZeigen("Die Index-Felder wurden in der Datei gespeichert.");
+    return true;
+}
+
+std::optional<std::size_t> FelderImportierenLauf(Anwendung& Programm, const std::string& Dateiname) {
+    const Laufsperre Sperre(Programm);
+    const Antwort Wille = Programm.Dienst.Person.JaNein(
+        Symbol::Ausrufezeichen,
+        "Wenn Sie eine IndexFelder-Datei importieren, werden für alle darin enthaltenen Dateien die "
+        "Index-Felder in Ihrer aktuellen Indexdatei überschrieben.\n"
+        "Bitte seien Sie daher äußerst vorsichtig mit dieser Funktion.\n\n"
+        "Möchten Sie diese Funktion ausführen und die IndexFelder-Datei importieren?",
+        Antwort::Nein);
+    if (Wille != Antwort::Ja) return std::nullopt;
+    const Satzfinder Finden = [&Programm](std::string_view Pfad) {
+        const auto Gleiche = Programm.Pfade.Finden(Programm.Index.Sätze, Pfad);
+        return Gleiche.empty() ? Satznummer{0} : Gleiche.front();
+    };
+    const auto Anzahl = DateiLadenIndexFelder(Programm.Index, IndexumgebungVon(Programm), Dateiname, Finden,
+                                              FortschrittBeimLaden(Programm.Werte));
+    if (!Anzahl) return std::nullopt;
+    Programm.Dienst.Fenster.ListeZeigen();
+    Programm.Dienst.Fenster.AuswahlZeigen();
+    Programm.Dienst.Person.StatusZeigen("Die Index-Felder von " + std::to_string(*Anzahl) +
+                                        " Datei(en) wurden importiert.");
+    return Anzahl;
+}
+
+}  // namespace liedwerk
