@@ -25,6 +25,7 @@
 #include "index/leser.h"
 #include "medien/medienlesen.h"
 #include "medien/tagspeichern.h"
+#include "medien/tagverzeichnis.h"
 #include "plattform/laufwerke.h"
 #include "plattform/medienauskunft.h"
 #include "plattform/ordnerleser.h"
@@ -70,6 +71,7 @@ struct Anwendung {
     Liste Ansicht;
     Mediumspeicher Medium;
     Pfadverzeichnis Pfade;
+    Tagverzeichnis Tagtexte;
 
     std::string Kommandozeile;          // as it was given, for messages
     bool NameVonKommandozeile = false;  // IndexDateiname is not written back to the settings

@@ -289,5 +289,35 @@ TEST_F(Programmtest, HilfeGelingtUndFalschesNenntDenAufruf) {
     EXPECT_FALSE(fs::exists(Ordner + "/e.ini"));
 }
 
+TEST_F(Programmtest, FunktionenDesEditorsFragenUndSchreibenDannInDateiUndIndex) {
+    ASSERT_EQ(Cli("hinzufuegen musik"), 0);
+    const std::string Groß = "tag-funktion 'Schreibweise: Groß' 'Alle ID3v1-TAGs' musik/a.mp3";
+    EXPECT_EQ(Cli(Groß), 1);
+    EXPECT_EQ(Index().find("DANCING"), std::string::npos);
+    EXPECT_EQ(Cli("--ja --json " + Groß), 0);
+    EXPECT_TRUE(IstEinJsonDokument(Aus)) << Aus;
+    EXPECT_TRUE(Enthält("\"Titel\":\"DANCING QUEEN\"")) << Aus;
+    EXPECT_NE(Index().find("DANCING QUEEN"), std::string::npos);
+    EXPECT_EQ(Cli("tag-funktion 'Schreibweise: Groß' 'Diesen Lyrics-TAG' musik/a.mp3"), 1);
+    EXPECT_EQ(Cli("tag-funktion 'Schreibweise' 'Alle ID3v1-TAGs' musik/a.mp3"), 2);
+    EXPECT_EQ(Cli("tag-funktion 'Felder kopieren...' 'Diesen ID3v2-TAG' musik/a.mp3"), 2);
+    EXPECT_EQ(Cli("tag-funktion --feld Jahr --text 1976 'Felder kopieren...' 'Diesen ID3v2-TAG' musik/a.mp3"),
+              0);
+    EXPECT_TRUE(Enthält("V2Jahr                     1976")) << Aus;
+
+    // Without --schreiben the file stays as it is.
+    const std::string Vorher = DateiLesen(Ordner + "/musik/tief/b.mp3").value_or("");
+    EXPECT_EQ(Cli("--json autotag --format %Titel% --ziel 1 musik/tief/b.mp3"), 0);
+    EXPECT_TRUE(Enthält("\"Titel\":\"B\"")) << Aus;
+    EXPECT_EQ(DateiLesen(Ordner + "/musik/tief/b.mp3"), Vorher);
+    EXPECT_EQ(Cli("autotag --format '%Titel% - %Album%' musik/tief/b.mp3"), 1);
+    EXPECT_NE(Fehler.find("b.mp3"), std::string::npos) << Fehler;
+    EXPECT_EQ(Cli("autotag --format %Titel% --ziel 2 --schreiben musik/tief/b.mp3"), 0);
+    EXPECT_NE(DateiLesen(Ordner + "/musik/tief/b.mp3"), Vorher);
+    EXPECT_EQ(Cli("autotag --format %Titel% --ziel 3 musik/tief/b.mp3"), 2);
+    EXPECT_EQ(Cli("--ja --setze AutoTagAktuell=%Titel% tag-aufraeumen musik/a.mp3 fehlt.mp3"), 1);
+    EXPECT_TRUE(Enthält("Dancing Queen")) << Aus;
+}
+
 }  // namespace
 }  // namespace liedwerk

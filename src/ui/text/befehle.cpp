@@ -30,6 +30,16 @@ const std::vector<Befehl>& Befehlstabelle() {
          0,
          Beliebig,
          AufräumenAusführen},
+        {"autotag",
+         "autotag --format F [--ziel 0|1|2] [--schreiben] DATEI...",
+         "Zeigt die Felder, die AutoTAG aus den Dateinamen erkennt.\n"
+         "  --format F           etwa \"%Interpret% - %Titel%\" oder \"%automatik%\"\n"
+         "  --ziel 0|1|2         füllt beide TAGs (0), nur ID3v1 (1) oder nur ID3v2 (2)\n"
+         "  --schreiben          speichert die TAGs in den Dateien",
+         {{"--format", true}, {"--ziel", true}, {"--schreiben"}},
+         1,
+         Beliebig,
+         AutotagAusführen},
         {"datei-info",
          "datei-info [--lesecode 1111] [--zeilen-entfernen] DATEI...",
          "Liest Mediendateien und zeigt alles, was gefunden wurde. Ein Index wird nicht gebraucht.\n"
@@ -157,6 +167,15 @@ const std::vector<Befehl>& Befehlstabelle() {
          0,
          1,
          SuchenAusführen},
+        {"tag-aufraeumen",
+         "tag-aufraeumen DATEI...",
+         "Entfernt nichtssagende TAGs, ergänzt fehlende aus dem Dateinamen und macht die Texte lesbar. "
+         "Vorher "
+         "wird gefragt (siehe --ja). Das Erkennungs-Format ist die Einstellung AutoTagAktuell.",
+         {},
+         1,
+         Beliebig,
+         TagAufräumenAusführen},
         {"tag-entfernen",
          "tag-entfernen [--v1] [--v2] [--lyrics] DATEI...",
          "Entfernt TAGs aus Dateien. Mindestens ein TAG ist zu nennen. Hat der Index einen Datensatz der "
@@ -169,6 +188,16 @@ const std::vector<Befehl>& Befehlstabelle() {
          1,
          Beliebig,
          TagEntfernenAusführen},
+        {"tag-funktion",
+         "tag-funktion [--feld F --text T] \"NAME\" \"AUSWAHL\" DATEI...",
+         "Führt eine Funktion des TAG-Editors aus. NAME und AUSWAHL stehen wie in dessen Listen, etwa "
+         "\"Schreibweise: Groß\" und \"Alle ID3v1-TAGs\". Mit einer Auswahl \"Alle...\" und vor dem "
+         "Entfernen wird gefragt (siehe --ja).\n"
+         "  --feld F --text T    für \"Felder kopieren...\": das Feld und sein neuer Text",
+         {{"--feld", true}, {"--text", true}},
+         3,
+         Beliebig,
+         TagFunktionAusführen},
         {"tag-schreiben",
          "tag-schreiben [--v1 FELD=WERT]... [--v2 FELD=WERT]... [--liedertext DATEI] DATEI",
          "Setzt Felder wie der TAG-Editor und speichert die TAGs, zu denen etwas genannt wurde. Hat der "

@@ -56,5 +56,9 @@ Ausgang SuchenAusführen(const Globaloptionen& Global, const Befehlseingabe& Ein
 Ausgang FeldwerteAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang MehrfachsucheAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang VorschlägeAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+// befehle_tagfunktionen.cpp
+Ausgang AutotagAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+Ausgang TagAufräumenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+Ausgang TagFunktionAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 
 }  // namespace liedwerk

@@ -98,11 +98,6 @@ Schreibauftrag SchreibauftragLesen(const Befehlseingabe& Eingabe) {
     return Auftrag;
 }
 
-Satznummer SatzFinden(Anwendung& Programm, std::string_view Pfad) {
-    const auto Nummern = Programm.Pfade.Finden(Programm.Index.Sätze, Pfad);
-    return Nummern.empty() ? 0 : Nummern.front();
-}
-
 // The input of each block is set just before its save: a save reads the file again, and what was typed for
 // another block does not outlive that.
 bool BlöckeSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, const Schreibauftrag& Auftrag) {
@@ -151,7 +146,7 @@ Ausgang TagSchreibenAusführen(const Globaloptionen& Global, const Befehlseingab
     Programmlauf Lauf(Global);
     if (!Lauf.Bereit() || !Lauf.IndexLadenFallsDa()) return Ausgang::Fehlgeschlagen;
     const std::string Pfad = EingabePfad(Eingabe.Argumente[0]);
-    const Satznummer Nummer = SatzFinden(Lauf.Programm(), Pfad);
+    const Satznummer Nummer = Lauf.SatzFinden(Pfad);
     const Tagumgebung Umgebung = TagumgebungVon(Lauf.Programm());
     Tagarbeit Arbeit = TagarbeitBeginnen(Umgebung, Pfad, Nummer);
     bool Gelungen = BlöckeSpeichern(Umgebung, Arbeit, Auftrag);
@@ -176,7 +171,7 @@ Ausgang TagEntfernenAusführen(const Globaloptionen& Global, const Befehlseingab
     bool Gelungen = true;
     if (Lauf.Json()) Ziel.ListeAnfang();
     for (const auto& Pfad : EingabePfade(Eingabe.Argumente)) {
-        const std::string Meldung = TagsEntfernen(Umgebung, Pfad, SatzFinden(Lauf.Programm(), Pfad), Blöcke);
+        const std::string Meldung = TagsEntfernen(Umgebung, Pfad, Lauf.SatzFinden(Pfad), Blöcke);
         Gelungen = Gelungen && Meldung.empty();
         if (Lauf.Json()) {
             Ziel.ObjektAnfang();

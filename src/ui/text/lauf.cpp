@@ -145,6 +145,11 @@ bool Programmlauf::GeändertesSpeichern() {
     return false;
 }
 
+Satznummer Programmlauf::SatzFinden(std::string_view Pfad) {
+    const auto Nummern = Programm().Pfade.Finden(Programm().Index.Sätze, Pfad);
+    return Nummern.empty() ? 0 : Nummern.front();
+}
+
 std::optional<std::vector<Satznummer>> Programmlauf::Nummern(const std::vector<Satznummer>& Gewünschte) {
     const Satznummer Anzahl = Programm().Index.IndexAnzahl();
     if (Gewünschte.empty()) {

@@ -38,6 +38,8 @@ class Programmlauf {
     bool IndexLadenFallsDa();
     // Saves a changed index. False, with a message, when that failed.
     bool GeändertesSpeichern();
+    // The record of a file; 0 when the index does not hold it.
+    Satznummer SatzFinden(std::string_view Pfad);
     // Numbers 1 to IndexAnzahl, all when none are given; nothing, with a message, when one lies outside.
     std::optional<std::vector<Satznummer>> Nummern(const std::vector<Satznummer>& Gewünschte);
     // The end of a command: puts out what is collected and gives the status.
