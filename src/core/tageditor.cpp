@@ -21,11 +21,17 @@ Datensatz ImHintergrundLesen(Oberfläche& Person, const std::string& Pfad,
                              const std::function<Datensatz()>& Lesen) {
     auto Ergebnis = std::async(std::launch::async, Lesen);
     if (Ergebnis.wait_for(50ms) == std::future_status::ready) return Ergebnis.get();
-    const bool WarOffen = Person.FortschrittOffen();
-    if (!WarOffen) Person.FortschrittStarten("Datei wird gelesen", false, 0);
-    while (Ergebnis.wait_for(20ms) != std::future_status::ready)
-        Person.FortschrittZeigen(Pfad, 0);
-    if (!WarOffen) Person.FortschrittSchließen();
+    // A run over many files shows its own progress.
+    const bool Eigenes = !Person.FortschrittOffen();
+    if (Eigenes) Person.FortschrittStarten("Datei wird gelesen", false, 0);
+    while (Ergebnis.wait_for(20ms) != std::future_status::ready) {
+        if (Eigenes) {
+            Person.FortschrittZeigen(Pfad, 0);
+        } else {
+            Person.EreignisseVerarbeiten();
+        }
+    }
+    if (Eigenes) Person.FortschrittSchließen();
     return Ergebnis.get();
 }
 

@@ -16,6 +16,7 @@
 #include "ui/qt/frmsucheerweiterthinzufuegen.h"
 #include "ui/qt/frmsucheerweiterthinzufuegenneu.h"
 #include "ui/qt/frmsuchetextbasiert.h"
+#include "ui/qt/frmtag.h"
 #include "ui/qt/symbole.h"
 #include "ui/qt/uebersetzer.h"
 
@@ -115,6 +116,10 @@ TEST(Formen, JedesSteuerelementHatNamenUndEigeneTaste) {
     FormPrüfen(Sortieren);
     frmFortschritt Fortschritt(nullptr);
     FormPrüfen(Fortschritt);
+    // Its pages share keys; what is visible together is looked at where the editor is driven.
+    frmTag Tag(Eins.Programm, {1}, nullptr);
+    FormPrüfen(Tag, {u"Alt+T"_s, u"Alt+P"_s, u"Alt+B"_s, u"Alt+J"_s, u"Alt+E"_s, u"Alt+G"_s, u"Alt+K"_s,
+                     u"Alt+M"_s, u"Alt+C"_s, u"Alt+H"_s});
 }
 
 TEST(Formen, FehlenderDatenträgerWirdErkanntSobaldErDaIst) {

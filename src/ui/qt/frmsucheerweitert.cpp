@@ -10,6 +10,7 @@
 #include "ui/qt/frmsuchetextbasiert.h"
 #include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
+#include "ui/qt/tagaktionen.h"
 
 using namespace Qt::StringLiterals;
 
@@ -85,6 +86,9 @@ void frmSucheErweitert::cmdSucheNeuErweitert_Click() {
 
 void frmSucheErweitert::cmdSucheTestbasiert_Click() {
     frmSucheTextbasiert Form(Programm.Index, Programm.Puffer, Person, this);
+    Form.Infos = [&](const std::vector<Satznummer>& Dateien) {
+        TagEditorAusführen(Programm, &Form, Dateien);
+    };
     if (Form.exec() != Accepted) return;
     Gewählte = Form.FürHauptfenster();
     done(ImHauptfenster);

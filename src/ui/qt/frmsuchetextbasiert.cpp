@@ -42,6 +42,7 @@ class Resultatmodell final : public QAbstractTableModel {
 class Detailmodell final : public QAbstractTableModel {
   public:
     explicit Detailmodell(const Katalog& Datensätze) : Index(Datensätze) {}
+    Satznummer NummerVon(int Zeile) const { return (*Gezeigte)[static_cast<std::size_t>(Zeile)]; }
     // The files of a result; null for none.
     void Zeigen(const std::vector<Satznummer>* Nummern) {
         beginResetModel();
@@ -55,7 +56,7 @@ class Detailmodell final : public QAbstractTableModel {
     int columnCount(const QModelIndex& = {}) const override { return 1; }
     QVariant data(const QModelIndex& Zelle, int Rolle) const override {
         if (Rolle != Qt::DisplayRole && Rolle != Qt::DecorationRole) return {};
-        const std::string Pfad = Index.Sätze.Pfad((*Gezeigte)[static_cast<std::size_t>(Zelle.row())]);
+        const std::string Pfad = Index.Sätze.Pfad(NummerVon(Zelle.row()));
         if (Rolle == Qt::DecorationRole) return DateisymbolVon(Pfad).Bild;
         return QtText(Pfad);
     }
@@ -170,6 +171,7 @@ QWidget* frmSucheTextbasiert::ResultateAnlegen() {
     Fuß->addWidget(
         KnopfAnlegen(u"cmdRücksetzen"_s, u"N&eue Eingabe"_s, &frmSucheTextbasiert::cmdRücksetzen_Click));
     Fuß->addStretch(1);
+    Fuß->addWidget(KnopfAnlegen(u"cmdInfos"_s, u"Datei-&Infos..."_s, &frmSucheTextbasiert::cmdInfos_Click));
     Fuß->addWidget(KnopfAnlegen(u"cmdHauptfenster"_s, u"Im &Hauptfenster zeigen"_s,
                                 &frmSucheTextbasiert::cmdHauptfenster_Click));
     auto* const Spalte = new QVBoxLayout(fraResultate);
@@ -202,6 +204,23 @@ void frmSucheTextbasiert::cmdÄndern_Click() {
 void frmSucheTextbasiert::cmdRücksetzen_Click() {
     txtAbfragen->clear();
     cmdÄndern_Click();
+}
+
+std::vector<Satznummer> frmSucheTextbasiert::GewählteDetails() {
+    QModelIndexList Gewählt = lstResultateDetails->selectionModel()->selectedRows();
+    std::sort(Gewählt.begin(), Gewählt.end());
+    std::vector<Satznummer> Nummern;
+    for (const QModelIndex& Zeile : Gewählt)
+        Nummern.push_back(Details->NummerVon(Zeile.row()));
+    if (Nummern.empty())
+        Person.Melden(Symbol::Information,
+                      "Bitte wählen Sie mindestens eine Datei, um diese Funktion auszuführen.");
+    return Nummern;
+}
+
+void frmSucheTextbasiert::cmdInfos_Click() {
+    const std::vector<Satznummer> Nummern = GewählteDetails();
+    if (!Nummern.empty() && Infos) Infos(Nummern);
 }
 
 void frmSucheTextbasiert::cmdHauptfenster_Click() {

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTreeView>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -23,6 +24,9 @@ class frmSucheTextbasiert final : public QDialog {
     frmSucheTextbasiert(const Katalog& Datensätze, Suchpuffer& Texte, Oberfläche& Dialoge, QWidget* Eltern);
     ~frmSucheTextbasiert() override;
 
+    // cmdInfos: shows and edits the files of these records; given by whoever opens the form.
+    std::function<void(const std::vector<Satznummer>&)> Infos;
+
     // Accepted: these records shall be shown in the main window, in this order.
     const std::vector<Satznummer>& FürHauptfenster() const { return Gewählte; }
 
@@ -34,7 +38,10 @@ class frmSucheTextbasiert final : public QDialog {
     void cmdVerarbeiten_Click();
     void cmdÄndern_Click();
     void cmdRücksetzen_Click();
+    void cmdInfos_Click();
     void cmdHauptfenster_Click();
+    // The files selected among the details; without one the person is told.
+    std::vector<Satznummer> GewählteDetails();
 
     const Katalog& Index;
     Suchpuffer& Puffer;
