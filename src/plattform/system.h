@@ -7,12 +7,17 @@
 #include "plattform/laufwerke.h"
 #include "plattform/medienauskunft.h"
 #include "plattform/papierkorb.h"
+#include "plattform/programmstart.h"
+#include "plattform/spieler.h"
 
 namespace liedwerk {
 
 std::unique_ptr<Laufwerke> SystemlaufwerkeÖffnen();
 std::unique_ptr<Medienauskunft> SystemauskunftÖffnen();
 std::unique_ptr<Papierkorb> SystempapierkorbÖffnen();
+// The running audio players, and other programs.
+std::unique_ptr<Spielerkanal> SystemspielerÖffnen();
+std::unique_ptr<Programmstart> SystemprogrammeÖffnen();
 // Name and version of the operating system and its kernel.
 std::string Systemtext();
 

@@ -94,6 +94,12 @@ std::string Einstellungsdatei() {
     return PfadVerbinden(GrundOrdner("XDG_CONFIG_HOME", ".config"), Einstellungsname);
 }
 
+std::string Laufzeitordner() {
+    const std::string Ordner = Umgebungswert("XDG_RUNTIME_DIR");
+    if (IstPosixPfad(Ordner)) return PfadVerbinden(Ordner, Unterordner);
+    return PfadVerbinden(GrundOrdner("XDG_CACHE_HOME", ".cache"), "wiedergabe");
+}
+
 std::string Rechnereinstellungsdatei() {
     return PfadVerbinden(PfadVerbinden("/etc/xdg", Unterordner), Einstellungsname);
 }

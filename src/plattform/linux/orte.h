@@ -17,6 +17,10 @@ std::string Programmordner();
 std::string Einstellungsdatei();
 std::string Rechnereinstellungsdatei();
 
+// For files that need not outlive the session: $XDG_RUNTIME_DIR/liedwerk, else
+// $XDG_CACHE_HOME/liedwerk/wiedergabe. It need not exist.
+std::string Laufzeitordner();
+
 // The claim on the temporary index of the ways that run without one. The first process of a program folder
 // has "tmp.lwi", each further one "tmp-<process id>.lwi", which goes with the claim. The first name is free
 // again as soon as its process has ended, however it ended.

@@ -3,8 +3,10 @@
 #include <QString>
 #include <QSysInfo>
 
+#include "plattform/linux/programmstart.h"
 #include "plattform/qt/laufwerke.h"
 #include "plattform/qt/medienauskunft.h"
+#include "plattform/qt/mprisspieler.h"
 #include "plattform/qt/papierkorb.h"
 
 namespace liedwerk {
@@ -19,6 +21,14 @@ std::unique_ptr<Medienauskunft> SystemauskunftÖffnen() {
 
 std::unique_ptr<Papierkorb> SystempapierkorbÖffnen() {
     return std::make_unique<Desktoppapierkorb>();
+}
+
+std::unique_ptr<Spielerkanal> SystemspielerÖffnen() {
+    return std::make_unique<Mprisspieler>();
+}
+
+std::unique_ptr<Programmstart> SystemprogrammeÖffnen() {
+    return std::make_unique<Systemprogramme>();
 }
 
 std::string Systemtext() {

@@ -1,0 +1,92 @@
+#include "plattform/qt/mpriswerte.h"
+
+#include <QDBusArgument>
+#include <QDBusObjectPath>
+#include <algorithm>
+#include <cmath>
+
+#include "basis/pfad.h"
+
+namespace liedwerk {
+namespace {
+
+constexpr qsizetype LängsterText = 1000;
+constexpr double LängsterTitel = 1e7;  // seconds
+
+}  // namespace
+
+QVariantMap Busverzeichnis(const QVariant& Wert) {
+    if (Wert.metaType() == QMetaType::fromType<QDBusArgument>()) {
+        const auto Inhalt = Wert.value<QDBusArgument>();
+        if (Inhalt.currentSignature() != QStringLiteral("a{sv}")) return {};
+        return qdbus_cast<QVariantMap>(Inhalt);
+    }
+    return Wert.metaType() == QMetaType::fromType<QVariantMap>() ? Wert.toMap() : QVariantMap();
+}
+
+std::optional<double> Buszahl(const QVariant& Wert) {
+    switch (Wert.typeId()) {
+        case QMetaType::Int:
+        case QMetaType::UInt:
+        case QMetaType::Short:
+        case QMetaType::UShort:
+        case QMetaType::UChar:
+        case QMetaType::LongLong:
+        case QMetaType::ULongLong:
+        case QMetaType::Double: {
+            const double Zahl = Wert.toDouble();
+            constexpr double Grenze = 9e18;
+            if (std::isfinite(Zahl) && std::abs(Zahl) < Grenze) return Zahl;
+            return std::nullopt;
+        }
+        default:
+            return std::nullopt;
+    }
+}
+
+QString Bustext(const QVariant& Wert) {
+    QString Text;
+    if (Wert.typeId() == QMetaType::QString) Text = Wert.toString();
+    if (Wert.typeId() == QMetaType::QStringList) Text = Wert.toStringList().join(QStringLiteral(", "));
+    if (Wert.metaType() == QMetaType::fromType<QDBusObjectPath>())
+        Text = Wert.value<QDBusObjectPath>().path();
+    // A line end would break out of the one line in which texts are shown.
+    return Text.left(LängsterText).replace(QLatin1Char('\n'), QLatin1Char(' ')).trimmed();
+}
+
+std::vector<std::string> PfadeZurAdresse(const QString& Adresse) {
+    QByteArray Bytes = Adresse.toUtf8();
+    const bool IstAdresse = Bytes.startsWith("file:");
+    if (IstAdresse) {
+        Bytes.remove(0, 5);
+        if (Bytes.startsWith("//")) Bytes.remove(0, std::max<qsizetype>(0, Bytes.indexOf('/', 2)));
+    }
+    if (!Bytes.startsWith('/') || Bytes.contains('\0')) return {};
+    const std::string Wörtlich = Bytes.toStdString();
+    const std::string Entziffert = QByteArray::fromPercentEncoding(Bytes).toStdString();
+    if (!IstAdresse || Wörtlich == Entziffert) return {Wörtlich};
+    if (Entziffert.find('\0') != std::string::npos) return {Wörtlich};
+    // An encoded address holds no blank and nothing but ASCII.
+    const bool Verschlüsselt = std::all_of(Wörtlich.begin(), Wörtlich.end(),
+                                           [](char Zeichen) { return Zeichen > ' ' && Zeichen <= '~'; });
+    return Verschlüsselt ? std::vector{Entziffert, Wörtlich} : std::vector{Wörtlich, Entziffert};
+}
+
+Mpristitel TitelLesen(const QVariantMap& Metadaten) {
+    Mpristitel Ergebnis;
+    Ergebnis.Kennung = Bustext(Metadaten.value(QStringLiteral("mpris:trackid")));
+    // Addresses are longer than texts, and a cut one would be another file.
+    Ergebnis.Adresse = Metadaten.value(QStringLiteral("xesam:url")).toString();
+    Ergebnis.Dateien = PfadeZurAdresse(Ergebnis.Adresse);
+    if (const auto Länge = Buszahl(Metadaten.value(QStringLiteral("mpris:length"))))
+        Ergebnis.Länge = static_cast<std::int64_t>(std::clamp(*Länge / 1e6, -1.0, LängsterTitel));
+    const QString Interpret = Bustext(Metadaten.value(QStringLiteral("xesam:artist")));
+    QString Titel = Bustext(Metadaten.value(QStringLiteral("xesam:title")));
+    if (Titel.isEmpty() && !Ergebnis.Dateien.empty())
+        Titel = QString::fromStdString(std::string(DateiOhneEndung(DateinameVon(Ergebnis.Dateien.front()))));
+    if (!Interpret.isEmpty() && !Titel.isEmpty()) Titel = Interpret + QStringLiteral(" - ") + Titel;
+    Ergebnis.Titel = (Titel.isEmpty() ? Interpret : Titel).toStdString();
+    return Ergebnis;
+}
+
+}  // namespace liedwerk

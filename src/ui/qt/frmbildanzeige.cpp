@@ -1,0 +1,81 @@
+#include "ui/qt/frmbildanzeige.h"
+
+#include <QBuffer>
+#include <QGuiApplication>
+#include <QImageReader>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include "basis/datei.h"
+#include "ui/qt/qttext.h"
+
+using namespace Qt::StringLiterals;
+
+namespace liedwerk {
+namespace {
+
+constexpr std::uint64_t GrößteDatei = 256ULL * 1024 * 1024;  // bytes
+constexpr int GrößteKante = 8000;                            // pixels; larger pictures are read smaller
+
+// The picture of a file in the position in which it was taken; Fehler says why there is none. The file is
+// read by its bytes, since Qt cannot name every file.
+QPixmap BildLesen(std::string_view Pfad, QString& Fehler) {
+    auto Inhalt = DateiLesen(Pfad, GrößteDatei);
+    if (!Inhalt) {
+        Fehler = u"Die Datei konnte nicht gelesen werden."_s;
+        return {};
+    }
+    QByteArray Bytes = QByteArray::fromRawData(Inhalt->data(), static_cast<qsizetype>(Inhalt->size()));
+    QBuffer Quelle(&Bytes);
+    QImageReader Leser(&Quelle);
+    Leser.setAutoTransform(true);
+    const QSize Größe = Leser.size();
+    if (Größe.width() > GrößteKante || Größe.height() > GrößteKante)
+        Leser.setScaledSize(Größe.scaled(GrößteKante, GrößteKante, Qt::KeepAspectRatio));
+    const QImage Gelesen = Leser.read();
+    if (Gelesen.isNull()) Fehler = u"Das Bild konnte nicht angezeigt werden: "_s + Leser.errorString();
+    return QPixmap::fromImage(Gelesen);
+}
+
+}  // namespace
+
+frmBildAnzeige::frmBildAnzeige(std::string_view Pfad, QWidget* Eltern) : QDialog(Eltern) {
+    setObjectName(u"frmBildAnzeige"_s);
+    setWindowTitle(QtText(Pfad) + u" - Bild-Anzeige"_s);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    setSizeGripEnabled(true);
+    imgViewer = new QLabel(this);
+    imgViewer->setObjectName(u"imgViewer"_s);
+    imgViewer->setAccessibleName(u"Bild "_s + QtText(Pfad));
+    imgViewer->setAlignment(Qt::AlignCenter);
+    imgViewer->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    auto* const Spalte = new QVBoxLayout(this);
+    Spalte->setContentsMargins(0, 0, 0, 0);
+    Spalte->addWidget(imgViewer);
+    QString Fehler;
+    Bild = BildLesen(Pfad, Fehler);
+    imgViewer->setText(Fehler);
+    imgViewer->setWordWrap(true);
+    setMinimumSize(320, 240);
+    const QSize Platz = (Eltern != nullptr ? Eltern->screen() : QGuiApplication::primaryScreen())->availableSize();
+    const QSize Wunsch = Bild.isNull() ? QSize(480, 320) : Bild.deviceIndependentSize().toSize();
+    resize(Wunsch.boundedTo(Platz * 0.8));
+}
+
+void frmBildAnzeige::resizeEvent(QResizeEvent* Ereignis) {
+    QDialog::resizeEvent(Ereignis);
+    BildEinpassen();
+}
+
+void frmBildAnzeige::BildEinpassen() {
+    if (Bild.isNull()) return;
+    const qreal Dichte = devicePixelRatioF();
+    const QSize Platz = (QSizeF(size()) * Dichte).toSize();
+    // Small pictures are not blown up.
+    const bool Passt = Bild.width() <= Platz.width() && Bild.height() <= Platz.height();
+    QPixmap Gezeigt = Passt ? Bild : Bild.scaled(Platz, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    Gezeigt.setDevicePixelRatio(Dichte);
+    imgViewer->setPixmap(Gezeigt);
+}
+
+}  // namespace liedwerk

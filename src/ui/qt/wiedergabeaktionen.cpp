@@ -1,0 +1,184 @@
+#include "ui/qt/wiedergabeaktionen.h"
+
+#include <QApplication>
+#include <algorithm>
+#include <random>
+
+#include "basis/pfad.h"
+#include "ui/qt/frmaudioplayernachricht.h"
+#include "ui/qt/frmausfuehrenmit.h"
+#include "ui/qt/frmautodj.h"
+#include "ui/qt/frmbildanzeige.h"
+#include "ui/qt/qttext.h"
+#include "ui/qt/tagaktionen.h"
+
+using namespace Qt::StringLiterals;
+
+namespace liedwerk {
+namespace {
+
+constexpr int Spieltakt = 1000;  // milliseconds between two looks at a player that plays
+
+// Values of BeiDoppelklick.
+enum Doppelklick : std::int16_t { Abspielen0 = 0, Abspielen1 = 1, Anhängen2 = 2, TagEditor3 = 3 };
+
+// Pointer 13: work goes on, the window can be used.
+struct Sanduhr {
+    Sanduhr() { QGuiApplication::setOverrideCursor(Qt::BusyCursor); }
+    Sanduhr(const Sanduhr&) = delete;
+    Sanduhr& operator=(const Sanduhr&) = delete;
+    ~Sanduhr() { QGuiApplication::restoreOverrideCursor(); }
+};
+
+}  // namespace
+
+Wiedergabeaktionen::Wiedergabeaktionen(Fensterplatz& Platz, Spielerleiste& Feld, std::function<void()> Takt)
+    : Programm(Platz.Programm),
+      Fenster(Platz.Fenster),
+      fraPlayer(Feld),
+      Lauf(Platz.Programm),
+      BaldTakten(std::move(Takt)) {
+    AktionenAnlegen(Platz);
+    FeldVerbinden();
+    Programm.Dienst.Spieler->Geändert = [this] { BaldTakten(); };
+}
+
+Wiedergabeaktionen::~Wiedergabeaktionen() {
+    Programm.Dienst.Spieler->Geändert = nullptr;
+}
+
+void Wiedergabeaktionen::AktionenAnlegen(Fensterplatz& Platz) {
+    const auto Anlegen = [&](const QString& Name, const QString& Text, const char* Bild, const QString& Tasten,
+                             std::function<void()> Handler) {
+        return FensteraktionAnlegen(Platz, Name, Text, Bild,
+                                    Tasten.isEmpty() ? QList<QKeySequence>() : QList{QKeySequence(Tasten)},
+                                    std::move(Handler));
+    };
+    const auto Gewählte = [this]() -> const auto& { return Programm.Ansicht.Auswahl; };
+    auto* const mnuEintragAbspielen = Anlegen(u"mnuEintragAbspielen"_s, u"Ab&spielen"_s, "spielen", u"Ctrl+P"_s,
+                                              [=, this] { Abspielen(Gewählte(), false, false, false, {}); });
+    auto* const mnuAnhängen = Anlegen(u"mnuAnhängen"_s, u"An Playliste an&hängen"_s, "anhaengen",
+                                      u"Ctrl+Shift+P"_s,
+                                      [=, this] { Abspielen(Gewählte(), true, false, false, {}); });
+    auto* const mnuAusführen = Anlegen(u"mnuAusführen"_s, u"A&usführen"_s, "ausfuehren", u"Ctrl+Shift+A"_s,
+                                       [=, this] { Abspielen(Gewählte(), false, true, false, {}); });
+    auto* const mnuAusführenMit = Anlegen(u"mnuAusführenMit"_s, u"Ausführen &mit..."_s, "", {},
+                                          [this] { mnuAusführenMit_Click(); });
+    auto* const mnuAutoDJ =
+        Anlegen(u"mnuAutoDJ"_s, u"Auto&DJ..."_s, "autodj", u"Ctrl+J"_s, [this] { mnuAutoDJ_Click(); });
+    auto* const mnuAudioplayerStarten = Anlegen(u"mnuAudioplayerStarten"_s, u"Audio-Player s&tarten"_s,
+                                                "player-start", {}, [this] { mnuAudioplayerStarten_Click(); });
+    mnuAnhängen->setIconText(u"Anhängen"_s);
+    Platz.Wiedergabe.addActions({mnuEintragAbspielen, mnuAnhängen});
+    Platz.Wiedergabe.addSeparator();
+    Platz.Wiedergabe.addActions({mnuAusführen, mnuAusführenMit});
+    Platz.Wiedergabe.addSeparator();
+    Platz.Wiedergabe.addActions({mnuAutoDJ, mnuAudioplayerStarten});
+    Platz.InKontextmenü({mnuEintragAbspielen, mnuAnhängen, mnuAusführen, mnuAusführenMit});
+    Platz.InFunktionsleiste(u"Wiedergabe"_s, {mnuEintragAbspielen, mnuAnhängen, mnuAutoDJ});
+    Platz.BeiÄnderung([=, this](bool Geladen) {
+        const bool Gewählt = Geladen && !Programm.Ansicht.Auswahl.empty();
+        for (QAction* const Aktion : {mnuEintragAbspielen, mnuAnhängen, mnuAusführen, mnuAusführenMit})
+            Aktion->setEnabled(Gewählt);
+        mnuAutoDJ->setEnabled(Geladen && Programm.Index.IndexAnzahl() > 0);
+    });
+    Platz.BeiDoppelklick([this](Satznummer Nummer) { return lstSongs_DblClick(Nummer); });
+}
+
+void Wiedergabeaktionen::FeldVerbinden() {
+    fraPlayer.Befehl = [this](int Nummer) { BefehlSenden(Nummer); };
+    fraPlayer.Springen = [this](int Sekunden) { PlayerSpringen(Lauf.Steuerung, Sekunden); };
+    fraPlayer.LautstärkeGesetzt = [this](int Wert) { PlayerLautstärkeSetzen(Lauf.Steuerung, Wert); };
+    fraPlayer.BalanceGesetzt = [this](int Wert) { PlayerBalanceSetzen(Lauf.Steuerung, Wert); };
+}
+
+void Wiedergabeaktionen::BefehlSenden(int Nummer) {
+    PlayerBefehl(Lauf.Steuerung, Nummer, false);
+}
+
+int Wiedergabeaktionen::TaktAusführen() {
+    // A run that walks the records must not have them changed under its feet.
+    if (Programm.LaufAktiv || Programm.Startet) return Spieltakt;
+    const Spielerstand Stand = SpielerTakt(Lauf);
+    fraPlayer.Zeigen(Stand, Lauf.Erkennung.TitelErkannt, Programm.Werte.AudioPlayerBlinken == 1);
+    fraPlayer.setVisible(!(Stand.Gefunden && Stand.Zustand == PlayerZustand::Stopped &&
+                           Programm.Werte.PlayerAusblendenBeiStopp == 1));
+    return SpielerBrauchtTakt(Lauf, Stand) ? Spieltakt : 0;
+}
+
+Abspielumgebung Wiedergabeaktionen::UmgebungMitFormen() {
+    Abspielumgebung Umgebung = AbspielumgebungVon(Lauf);
+    Umgebung.BildAnzeigen = [this](std::string_view Pfad) { frmBildAnzeige(Pfad, &Fenster).exec(); };
+    Umgebung.NachrichtZeigen = [this] {
+        frmAudioplayerNachricht Form(QtText(DateinameVon(Programm.Werte.WinampPfad)), &Fenster);
+        Form.exec();
+        if (Form.NichtMehrZeigen()) Programm.Werte.AudioplayerNachrichtZeigen = 0;
+    };
+    return Umgebung;
+}
+
+void Wiedergabeaktionen::Abspielen(const std::vector<Satznummer>& Dateien, bool Anhängen,
+                                   bool Standardanwendung, bool PlaylisteLeeren, std::string_view Befehl) {
+    if (Dateien.empty()) return;
+    if (!Standardanwendung) SpielerVorschlagen(Programm);
+    const std::vector<Satznummer> Feste = Dateien;  // the selection may change while events are looked at
+    {
+        const Laufsperre Sperre(Programm);
+        const Sanduhr Zeiger;
+        Abspielumgebung Umgebung = UmgebungMitFormen();
+        AbspielenMediaPlayer(Umgebung, Feste, Anhängen, Standardanwendung, PlaylisteLeeren, Befehl);
+    }
+    // Date and count may stand in the list.
+    Programm.Dienst.Fenster.ListeZeigen();
+    BaldTakten();
+}
+
+bool Wiedergabeaktionen::lstSongs_DblClick(Satznummer Nummer) {
+    const auto& Auswahl = Programm.Ansicht.Auswahl;
+    const bool InAuswahl = std::find(Auswahl.begin(), Auswahl.end(), Nummer) != Auswahl.end();
+    const std::vector<Satznummer> Dateien = InAuswahl ? Auswahl : std::vector{Nummer};
+    const bool Leeren = (QGuiApplication::keyboardModifiers() & (Qt::ControlModifier | Qt::ShiftModifier)) != 0;
+    // The file manager lists folders among the files; these are opened, not played.
+    if (Programm.Index.Programmmodus == ModusDateimanager && OrdnerExistiert(Programm.Index.Sätze.Pfad(Nummer)))
+        return false;
+    switch (Programm.Werte.BeiDoppelklick) {
+        case Abspielen0:
+        case Abspielen1:
+            Abspielen(Dateien, false, false, Leeren, {});
+            return true;
+        case Anhängen2:
+            Abspielen(Dateien, true, false, Leeren, {});
+            return true;
+        case TagEditor3:
+            TagEditorAusführen(Programm, &Fenster, Dateien);
+            return true;
+        default:
+            Abspielen(Dateien, false, true, false, {});
+            return true;
+    }
+}
+
+void Wiedergabeaktionen::mnuAusführenMit_Click() {
+    frmAusführenMit Form(Programm.Ansicht.Auswahl.size(), Programm.Werte.AusführenPfad, Programm.Dienst.Person,
+                         &Fenster);
+    if (Form.exec() != QDialog::Accepted) return;
+    Programm.Werte.AusführenPfad = Form.Programm();
+    Abspielen(Programm.Ansicht.Auswahl, false, true, false, Form.Programm());
+}
+
+void Wiedergabeaktionen::mnuAudioplayerStarten_Click() {
+    SpielerVorschlagen(Programm);
+    Abspielumgebung Umgebung = UmgebungMitFormen();
+    AudioplayerStarten(Umgebung);
+    BaldTakten();
+}
+
+void Wiedergabeaktionen::mnuAutoDJ_Click() {
+    std::random_device Saat;
+    frmAutoDJ Form(Programm.Index, Programm.Werte, Programm.Dienst.Zeit,
+                   ZufallszahlVon((static_cast<std::uint64_t>(Saat()) << 32U) | Saat()), Programm.Dienst.Person,
+                   &Fenster);
+    if (Form.exec() == QDialog::Accepted) AutoDjZeigen(Programm, Form.Gefunden());
+}
+
+}  // namespace liedwerk
