@@ -109,8 +109,7 @@ QWidget* frmAutoDJ::ZufälligAnlegen() {
     Spalte->addWidget(Wort(u"&Dateien auslassen, die ich gehört habe in den letzten"_s, txtZeit));
     Spalte->addLayout(Satzzeile({txtZeit, cboZeiteinheit}));
     txtMaximum = FeldAnlegen(u"txtMaximum"_s, u"Höchstzahl der Dateien"_s);
-    Spalte->addLayout(
-        Satzzeile({Wort(u"Finde &maximal"_s, txtMaximum), txtMaximum, Wort(u"Dateien"_s)}));
+    Spalte->addLayout(Satzzeile({Wort(u"Finde &maximal"_s, txtMaximum), txtMaximum, Wort(u"Dateien"_s)}));
     // Two lines each: the whole sentences would make the form wider than small screens are.
     chkAlteSeltener =
         KästchenAnlegen(u"chkAlteSeltener"_s,
@@ -130,8 +129,8 @@ QWidget* frmAutoDJ::ToplisteAnlegen() {
     Spalte->setContentsMargins(0, 0, 0, 0);
     Spalte->setSpacing(9);
     txtTopWieviel = FeldAnlegen(u"txtTopWieviel"_s, u"Anzahl der Top-Dateien"_s);
-    Spalte->addLayout(Satzzeile({Wort(u"Zeige meine &perönlichen Top-"_s, txtTopWieviel), txtTopWieviel,
-                                 Wort(u"-Dateien."_s)}));
+    Spalte->addLayout(Satzzeile(
+        {Wort(u"Zeige meine &perönlichen Top-"_s, txtTopWieviel), txtTopWieviel, Wort(u"-Dateien."_s)}));
     txtTopZeitraum = FeldAnlegen(u"txtTopZeitraum"_s, u"Zeitraum der Charts"_s);
     cboTopZeitraum = EinheitAnlegen(u"cboTopZeitraum"_s, u"Zeiteinheit der Charts"_s);
     Spalte->addLayout(Satzzeile({Wort(u"&Charts der letzten"_s, txtTopZeitraum), txtTopZeitraum,
@@ -173,7 +172,7 @@ void frmAutoDJ::GenresFüllen() {
         auto* const Eintrag = new QListWidgetItem(QtText(Name), lstFelder);
         Eintrag->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
         Eintrag->setCheckState(Gemerkte.empty() || Gemerkte.contains(std::string(Name)) ? Qt::Checked
-                                                                                          : Qt::Unchecked);
+                                                                                        : Qt::Unchecked);
     };
     for (const std::string_view Name : GenreListe)
         Hinzufügen(Name);

@@ -57,7 +57,8 @@ frmBildAnzeige::frmBildAnzeige(std::string_view Pfad, QWidget* Eltern) : QDialog
     imgViewer->setText(Fehler);
     imgViewer->setWordWrap(true);
     setMinimumSize(320, 240);
-    const QSize Platz = (Eltern != nullptr ? Eltern->screen() : QGuiApplication::primaryScreen())->availableSize();
+    const QSize Platz =
+        (Eltern != nullptr ? Eltern->screen() : QGuiApplication::primaryScreen())->availableSize();
     const QSize Wunsch = Bild.isNull() ? QSize(480, 320) : Bild.deviceIndependentSize().toSize();
     resize(Wunsch.boundedTo(Platz * 0.8));
 }

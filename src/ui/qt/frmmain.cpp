@@ -17,7 +17,6 @@ using namespace Qt::StringLiterals;
 namespace liedwerk {
 namespace {
 
-constexpr int SpeicherTakt = 60000;  // milliseconds between two looks at the periodic saving
 constexpr int Entwurfsbreite = 1180;
 constexpr int Entwurfshöhe = 720;
 
@@ -74,10 +73,8 @@ void frmMain::Anbinden(Anwendung& Lauf) {
         if (Bereit()) SpaltenInIndex(*Programm);
     });
     tmrScrollUpdate.setSingleShot(true);
-    tmrScrollUpdate.setInterval(SpeicherTakt);
-    tmrScrollUpdate.setTimerType(Qt::VeryCoarseTimer);
     connect(&tmrScrollUpdate, &QTimer::timeout, this, [this] { tmrScrollUpdate_Timer(); });
-    tmrScrollUpdate.start();
+    tmrScrollUpdate.start(0);
     tmrSitzungsende.setInterval(50);
     connect(&tmrSitzungsende, &QTimer::timeout, this, [this] { SitzungBeenden(); });
     AktionenNachführen();
@@ -211,6 +208,9 @@ void frmMain::MenüsAnlegen() {
 
 void frmMain::TeileAnlegen() {
     // The subjects put their actions into the menus here, in the order of the menus' entries.
+    if (Programm->Dienst.Spieler != nullptr && Programm->Dienst.Programme != nullptr)
+        Spielen =
+            std::make_unique<Wiedergabeaktionen>(*Platz, *fraPlayer, [this] { tmrScrollUpdate.start(0); });
     TagaktionenAnlegen(*Platz);
     Platz->Datei.addSeparator();
     Platz->Datei.addAction(mnuBeenden);
@@ -392,12 +392,15 @@ void frmMain::OberflächeAnlegen() {
     Zeilen->addWidget(Suche);
     Zeilen->addWidget(fraBuchstaben);
     Zeilen->addWidget(Teiler, 1);
+    fraPlayer = new Spielerleiste(Mitte);
+    Zeilen->addWidget(fraPlayer);
     setCentralWidget(Mitte);
     setTabOrder(Suche, fraBuchstaben);
     setTabOrder(fraBuchstaben, fraSuchVorschläge);
     setTabOrder(fraSuchVorschläge, lstSongs);
     setTabOrder(lstSongs, fraBeschreibung);
     setTabOrder(fraBeschreibung, fraFunktionen);
+    setTabOrder(fraFunktionen, fraPlayer);
 }
 
 }  // namespace liedwerk

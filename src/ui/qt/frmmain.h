@@ -21,10 +21,12 @@
 #include "ui/qt/fensterplatz.h"
 #include "ui/qt/funktionsleiste.h"
 #include "ui/qt/listenansicht.h"
+#include "ui/qt/spielerleiste.h"
 #include "ui/qt/startleistensymbol.h"
 #include "ui/qt/suchleiste.h"
 #include "ui/qt/titelschrift.h"
 #include "ui/qt/vorschlagsrahmen.h"
+#include "ui/qt/wiedergabeaktionen.h"
 
 namespace liedwerk {
 
@@ -77,8 +79,8 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     void Minimieren() override { showMinimized(); }
     void Verbergen() override;
     void Wiederherstellen() override;
-    int LautstärkeLesen() const override { return Lautstärke; }
-    int BalanceLesen() const override { return Balance; }
+    int LautstärkeLesen() const override { return fraPlayer->Lautstärke(); }
+    int BalanceLesen() const override { return fraPlayer->Balance(); }
     void SpaltenÜbernehmen() override;
     int BeendenFragen(bool& Immer) override;
 
@@ -152,6 +154,7 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     Listenansicht* lstSongs = nullptr;
     Funktionsleiste* fraFunktionen = nullptr;
     Beschreibung* fraBeschreibung = nullptr;
+    Spielerleiste* fraPlayer = nullptr;
     QLabel* lblIndex = nullptr;
     QLabel* lblAnzahl = nullptr;
     QLabel* lblStatus = nullptr;
@@ -159,6 +162,7 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     Startleistensymbol* Symbol = nullptr;
     std::unique_ptr<QMenu> Symbolmenü;
     std::unique_ptr<Fensterplatz> Platz;
+    std::unique_ptr<Wiedergabeaktionen> Spielen;  // missing where nothing can be played
     std::vector<std::function<void(bool)>> Nachführungen;
     std::vector<std::function<bool(Satznummer)>> Doppelklickhandler;
     Titelschrift Fenstertitel;
@@ -191,8 +195,6 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     };
     std::vector<Ansichtsschalter> Schalter;
 
-    int Lautstärke = 128;
-    int Balance = 0;
     bool ListeFrei = false;
     bool Endet = false;
     bool NachSymbolVerborgen = false;  // hidden at the start as soon as the symbol is there

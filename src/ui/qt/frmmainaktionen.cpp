@@ -22,6 +22,7 @@ using namespace Qt::StringLiterals;
 namespace liedwerk {
 namespace {
 
+constexpr int SpeicherTakt = 60000;             // milliseconds between two looks at the periodic saving
 constexpr std::size_t HöchstensZiehen = 10000;  // files in one drag; more would block the pointer
 constexpr int Neuespaltenbreite = 1800;         // twips, for a column that has no default width
 
@@ -206,8 +207,11 @@ void frmMain::SpalteUmschalten(int Nummer) {
 }
 
 void frmMain::tmrScrollUpdate_Timer() {
+    const int Spielertakt = Spielen ? Spielen->TaktAusführen() : 0;
     if (Bereit()) RegelmäßigSpeichern(*Programm);
-    tmrScrollUpdate.start();
+    // Without a player there is nothing to look at but the saving, and that can wait for a whole minute.
+    tmrScrollUpdate.setTimerType(Spielertakt > 0 ? Qt::CoarseTimer : Qt::VeryCoarseTimer);
+    tmrScrollUpdate.start(Spielertakt > 0 ? Spielertakt : SpeicherTakt);
 }
 
 void frmMain::dragEnterEvent(QDragEnterEvent* Ereignis) {

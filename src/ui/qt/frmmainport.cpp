@@ -202,8 +202,7 @@ void frmMain::ErscheinungAnwenden() {
 }
 
 void frmMain::ReglerStellen(int NeueLautstärke, int NeueBalance) {
-    Lautstärke = NeueLautstärke;
-    Balance = NeueBalance;
+    fraPlayer->ReglerStellen(NeueLautstärke, NeueBalance);
 }
 
 void frmMain::SymbolEinrichten() {

@@ -108,6 +108,8 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     const Systemordnerleser Ordner;
     const std::unique_ptr<Medienauskunft> Auskunft = SystemauskunftÖffnen();
     const std::unique_ptr<Papierkorb> Eimer = SystempapierkorbÖffnen();
+    const std::unique_ptr<Spielerkanal> Spieler = SystemspielerÖffnen();
+    const std::unique_ptr<Programmstart> Programme = SystemprogrammeÖffnen();
     Wertdatei Nutzerwerte(Einstellungsdatei());
     Wertdatei Rechnerwerte(Rechnereinstellungsdatei());
     Fensteroberfläche Person;
@@ -117,6 +119,9 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     Anwendung Programm(Dienste{Person, Fenster, Zeit, *Drives, Ordner, Auskunft.get(), Nutzerwerte,
                                &Rechnerwerte, Eigenordner, Temporär.Pfad()});
     Programm.Dienst.Eimer = Eimer.get();
+    Programm.Dienst.Spieler = Spieler.get();
+    Programm.Dienst.Programme = Programme.get();
+    Programm.Dienst.Laufzeitordner = Laufzeitordner();
     Fenster.Anbinden(Programm);
     Person.BesitzerSetzen(&Fenster);
     Person.Status = [&](const QString& Text, int Dauer) { Fenster.StatusZeigen(Text, Dauer); };

@@ -96,7 +96,8 @@ Spielerleiste::Spielerleiste(QWidget* Eltern) : QWidget(Eltern) {
 
     hscrlVolume = ReglerAnlegen(u"hscrlVolume"_s, u"Lautstärke"_s, 0, 255);
     hscrlBalance = ReglerAnlegen(u"hscrlBalance"_s, u"Balance"_s, -127, 127);
-    for (const auto& [Regler, Bild] : {std::pair{hscrlVolume, "lautstaerke"}, std::pair{hscrlBalance, "balance"}}) {
+    for (const auto& [Regler, Bild] :
+         {std::pair{hscrlVolume, "lautstaerke"}, std::pair{hscrlBalance, "balance"}}) {
         auto* const lblBild = new QLabel(this);
         lblBild->setPixmap(Symbolbild(Bild).pixmap(QSize(16, 16), devicePixelRatioF()));
         lblBild->setToolTip(Regler->accessibleName());
@@ -155,7 +156,8 @@ Spielerregler* Spielerleiste::ReglerAnlegen(const QString& Name, const QString& 
 }
 
 void Spielerleiste::ReglerStellen(int Lautstärke, int Balance) {
-    for (const auto& [Regler, Wert] : {std::pair{hscrlVolume, Lautstärke}, std::pair{hscrlBalance, Balance}}) {
+    for (const auto& [Regler, Wert] :
+         {std::pair{hscrlVolume, Lautstärke}, std::pair{hscrlBalance, Balance}}) {
         const QSignalBlocker Still(Regler);
         Regler->setValue(Wert);
     }
@@ -197,7 +199,8 @@ void Spielerleiste::Zeigen(const Spielerstand& Stand, bool Erkannt, bool Blinken
         hscrlTrackPos->setMaximum(100);
         hscrlTrackPos->setValue(1);
     } else if (!hscrlTrackPos->Gehalten()) {
-        if (Stand.Länge > 0) hscrlTrackPos->setMaximum(static_cast<int>(std::min<std::int64_t>(Stand.Länge, INT_MAX)));
+        if (Stand.Länge > 0)
+            hscrlTrackPos->setMaximum(static_cast<int>(std::min<std::int64_t>(Stand.Länge, INT_MAX)));
         if (Stand.Position >= 0 && Stand.Position <= hscrlTrackPos->maximum())
             hscrlTrackPos->setValue(static_cast<int>(Stand.Position));
     }

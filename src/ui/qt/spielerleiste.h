@@ -58,7 +58,7 @@ class Spielerleiste final : public QWidget {
     void BlinkenBeenden();
 
     QString Titel;
-    QLabel* lblTitel;
+    QLabel* lblTitel = nullptr;
     QLabel* lblTitelposition;
     Spielerregler* hscrlTrackPos;
     Spielerregler* hscrlVolume;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <random>
 
+#include "basis/datei.h"
 #include "basis/pfad.h"
 #include "ui/qt/frmaudioplayernachricht.h"
 #include "ui/qt/frmausfuehrenmit.h"
@@ -36,38 +37,43 @@ Wiedergabeaktionen::Wiedergabeaktionen(Fensterplatz& Platz, Spielerleiste& Feld,
     : Programm(Platz.Programm),
       Fenster(Platz.Fenster),
       fraPlayer(Feld),
+      Kanal(*Platz.Programm.Dienst.Spieler),
       Lauf(Platz.Programm),
       BaldTakten(std::move(Takt)) {
     AktionenAnlegen(Platz);
     FeldVerbinden();
-    Programm.Dienst.Spieler->Geändert = [this] { BaldTakten(); };
+    Kanal.Geändert = [this] { BaldTakten(); };
 }
 
 Wiedergabeaktionen::~Wiedergabeaktionen() {
-    Programm.Dienst.Spieler->Geändert = nullptr;
+    Kanal.Geändert = nullptr;
 }
 
 void Wiedergabeaktionen::AktionenAnlegen(Fensterplatz& Platz) {
-    const auto Anlegen = [&](const QString& Name, const QString& Text, const char* Bild, const QString& Tasten,
-                             std::function<void()> Handler) {
+    const auto Anlegen = [&](const QString& Name, const QString& Text, const char* Bild,
+                             const QString& Tasten, std::function<void()> Handler) {
         return FensteraktionAnlegen(Platz, Name, Text, Bild,
                                     Tasten.isEmpty() ? QList<QKeySequence>() : QList{QKeySequence(Tasten)},
                                     std::move(Handler));
     };
-    const auto Gewählte = [this]() -> const auto& { return Programm.Ansicht.Auswahl; };
-    auto* const mnuEintragAbspielen = Anlegen(u"mnuEintragAbspielen"_s, u"Ab&spielen"_s, "spielen", u"Ctrl+P"_s,
-                                              [=, this] { Abspielen(Gewählte(), false, false, false, {}); });
-    auto* const mnuAnhängen = Anlegen(u"mnuAnhängen"_s, u"An Playliste an&hängen"_s, "anhaengen",
-                                      u"Ctrl+Shift+P"_s,
-                                      [=, this] { Abspielen(Gewählte(), true, false, false, {}); });
+    const auto Gewählte = [this]() -> const auto& {
+        return Programm.Ansicht.Auswahl;
+    };
+    auto* const mnuEintragAbspielen =
+        Anlegen(u"mnuEintragAbspielen"_s, u"Ab&spielen"_s, "spielen", u"Ctrl+P"_s,
+                [=, this] { Abspielen(Gewählte(), false, false, false, {}); });
+    auto* const mnuAnhängen =
+        Anlegen(u"mnuAnhängen"_s, u"An Playliste an&hängen"_s, "anhaengen", u"Ctrl+Shift+P"_s,
+                [=, this] { Abspielen(Gewählte(), true, false, false, {}); });
     auto* const mnuAusführen = Anlegen(u"mnuAusführen"_s, u"A&usführen"_s, "ausfuehren", u"Ctrl+Shift+A"_s,
                                        [=, this] { Abspielen(Gewählte(), false, true, false, {}); });
-    auto* const mnuAusführenMit = Anlegen(u"mnuAusführenMit"_s, u"Ausführen &mit..."_s, "", {},
-                                          [this] { mnuAusführenMit_Click(); });
+    auto* const mnuAusführenMit =
+        Anlegen(u"mnuAusführenMit"_s, u"Ausführen &mit..."_s, "", {}, [this] { mnuAusführenMit_Click(); });
     auto* const mnuAutoDJ =
         Anlegen(u"mnuAutoDJ"_s, u"Auto&DJ..."_s, "autodj", u"Ctrl+J"_s, [this] { mnuAutoDJ_Click(); });
-    auto* const mnuAudioplayerStarten = Anlegen(u"mnuAudioplayerStarten"_s, u"Audio-Player s&tarten"_s,
-                                                "player-start", {}, [this] { mnuAudioplayerStarten_Click(); });
+    auto* const mnuAudioplayerStarten =
+        Anlegen(u"mnuAudioplayerStarten"_s, u"Audio-Player s&tarten"_s, "player-start", {},
+                [this] { mnuAudioplayerStarten_Click(); });
     mnuAnhängen->setIconText(u"Anhängen"_s);
     Platz.Wiedergabe.addActions({mnuEintragAbspielen, mnuAnhängen});
     Platz.Wiedergabe.addSeparator();
@@ -137,9 +143,11 @@ bool Wiedergabeaktionen::lstSongs_DblClick(Satznummer Nummer) {
     const auto& Auswahl = Programm.Ansicht.Auswahl;
     const bool InAuswahl = std::find(Auswahl.begin(), Auswahl.end(), Nummer) != Auswahl.end();
     const std::vector<Satznummer> Dateien = InAuswahl ? Auswahl : std::vector{Nummer};
-    const bool Leeren = (QGuiApplication::keyboardModifiers() & (Qt::ControlModifier | Qt::ShiftModifier)) != 0;
+    const bool Leeren =
+        (QGuiApplication::keyboardModifiers() & (Qt::ControlModifier | Qt::ShiftModifier)) != 0;
     // The file manager lists folders among the files; these are opened, not played.
-    if (Programm.Index.Programmmodus == ModusDateimanager && OrdnerExistiert(Programm.Index.Sätze.Pfad(Nummer)))
+    if (Programm.Index.Programmmodus == ModusDateimanager &&
+        OrdnerExistiert(Programm.Index.Sätze.Pfad(Nummer)))
         return false;
     switch (Programm.Werte.BeiDoppelklick) {
         case Abspielen0:
@@ -159,8 +167,8 @@ bool Wiedergabeaktionen::lstSongs_DblClick(Satznummer Nummer) {
 }
 
 void Wiedergabeaktionen::mnuAusführenMit_Click() {
-    frmAusführenMit Form(Programm.Ansicht.Auswahl.size(), Programm.Werte.AusführenPfad, Programm.Dienst.Person,
-                         &Fenster);
+    frmAusführenMit Form(Programm.Ansicht.Auswahl.size(), Programm.Werte.AusführenPfad,
+                         Programm.Dienst.Person, &Fenster);
     if (Form.exec() != QDialog::Accepted) return;
     Programm.Werte.AusführenPfad = Form.Programm();
     Abspielen(Programm.Ansicht.Auswahl, false, true, false, Form.Programm());
@@ -176,8 +184,8 @@ void Wiedergabeaktionen::mnuAudioplayerStarten_Click() {
 void Wiedergabeaktionen::mnuAutoDJ_Click() {
     std::random_device Saat;
     frmAutoDJ Form(Programm.Index, Programm.Werte, Programm.Dienst.Zeit,
-                   ZufallszahlVon((static_cast<std::uint64_t>(Saat()) << 32U) | Saat()), Programm.Dienst.Person,
-                   &Fenster);
+                   ZufallszahlVon((static_cast<std::uint64_t>(Saat()) << 32U) | Saat()),
+                   Programm.Dienst.Person, &Fenster);
     if (Form.exec() == QDialog::Accepted) AutoDjZeigen(Programm, Form.Gefunden());
 }
 

@@ -37,6 +37,7 @@ class Wiedergabeaktionen {
     Anwendung& Programm;
     QWidget& Fenster;
     Spielerleiste& fraPlayer;
+    Spielerkanal& Kanal;  // outlives the window, unlike Programm
     Wiedergabe Lauf;
     std::function<void()> BaldTakten;
 };
