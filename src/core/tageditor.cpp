@@ -77,6 +77,20 @@ std::string Ungespeichertes(const TagEditor& Editor) {
     return Text + "\n\nMöchten Sie diese jetzt speichern?";
 }
 
+// Whether a function writes or removes this tag.
+bool Schreibt(Tagfunktion Funktion, const Funktionsauswahl& Auswahl, Tagblock Block) {
+    const bool InAnderen = Funktion == Tagfunktion::TagKopieren;
+    switch (Block) {
+        case Tagblock::Id3v1:
+            return InAnderen ? Auswahl.Id3v2 : Auswahl.Id3v1;
+        case Tagblock::Id3v2:
+            return InAnderen ? Auswahl.Id3v1 : Auswahl.Id3v2;
+        case Tagblock::Lyrics:
+            break;
+    }
+    return Auswahl.Lyrics;
+}
+
 }  // namespace
 
 std::int16_t& AutomatikVon(Einstellungen& Werte, Tagblock Block) {
@@ -105,6 +119,7 @@ void TagEditorÖffnen(TagEditor& Editor, Anwendung& Programm, std::vector<Satznu
     Editor.Dateien = std::move(Dateien);
     MediumVergessen(Programm.Medium);
     Programm.Medium.AlleÜberspringen = false;
+    AutoTagFormatVorgeben(Programm.Werte);
     DateiInfoAnzeigen(Editor, Programm);
 }
 
@@ -178,6 +193,32 @@ bool Weitergehen(TagEditor& Editor, Anwendung& Programm, int Richtung) {
     Editor.Platz = Richtung < 0 ? Editor.Platz - 1 : Editor.Platz + 1;
     DateiInfoAnzeigen(Editor, Programm);
     return true;
+}
+
+void EditorFunktionAusführen(TagEditor& Editor, Anwendung& Programm, Tagfunktion Funktion,
+                             const Funktionsauswahl& Auswahl, const Feldvorgabe& Feld) {
+    // These look at the files alone, so what was entered has to go there first.
+    const bool NurDateien = Auswahl.AlleDateien || Funktion == Tagfunktion::Aufräumen;
+    if (NurDateien && !DateiVerlassen(Editor, Programm, true)) return;
+    const Laufsperre Sperre(Programm);
+    const Tagarbeit Vorher = Editor.Arbeit;
+    Funktionsauftrag Auftrag;
+    Auftrag.Funktion = Funktion;
+    Auftrag.Auswahl = Auswahl;
+    Auftrag.Feld = Feld;
+    if (!NurDateien) Auftrag.Eingaben = Vorher.Satz;
+    for (const Satznummer Nummer : Editor.Dateien) {
+        if (Auswahl.AlleDateien || Nummer == Editor.Nummer())
+            Auftrag.Dateien.push_back({Programm.Index.Sätze.Pfad(Nummer), Nummer});
+    }
+    const auto Ergebnis = TagfunktionAusführen(UmgebungVon(Programm), Programm.Tagtexte, Auftrag);
+    DateiInfoAnzeigen(Editor, Programm);
+    Editor.Arbeit.Geschrieben = Vorher.Geschrieben;
+    for (const Tagblock Block : Tagblöcke) {
+        if (!NurDateien && (Ergebnis.Gescheitert > 0 || !Schreibt(Funktion, Auswahl, Block)))
+            BlockÜbernehmen(Editor.Arbeit.Satz, Vorher.Satz, Block);
+    }
+    ListeNachführen(Programm);
 }
 
 }  // namespace liedwerk

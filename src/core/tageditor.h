@@ -12,6 +12,7 @@
 
 #include "core/anwendung.h"
 #include "medien/infotext.h"
+#include "medien/tagfunktionslauf.h"
 #include "medien/tagspeichern.h"
 
 namespace liedwerk {
@@ -54,5 +55,11 @@ bool DateiVerlassen(TagEditor& Editor, Anwendung& Programm, bool MitAutomatik);
 // Leaves the current file and opens the next (Richtung 1) or the previous one (-1). False when the person
 // stays with it, or at the end of the list.
 bool Weitergehen(TagEditor& Editor, Anwendung& Programm, int Richtung);
+
+// Runs a function of the editor, which FunktionPrüfen has let pass and the person has confirmed, on the
+// current file or on the whole list, and reads the current file again. A function on the current file's
+// fields works on what was entered; entries of tags that it did not save stay open.
+void EditorFunktionAusführen(TagEditor& Editor, Anwendung& Programm, Tagfunktion Funktion,
+                             const Funktionsauswahl& Auswahl, const Feldvorgabe& Feld);
 
 }  // namespace liedwerk

@@ -22,6 +22,7 @@ frmTag::frmTag(Anwendung& Lauf, std::vector<Satznummer> Dateien, QWidget* Eltern
     KopfAnlegen(*Spalte);
     SeitenwahlAnlegen(*Spalte);
     SeitenAnlegen(*Spalte);
+    FunktionenAnlegen(*Spalte);
     FußAnlegen(*Spalte);
     resize(fontMetrics().averageCharWidth() * 118, fontMetrics().height() * 27);
 
@@ -80,6 +81,10 @@ void frmTag::EingabeÜbernehmen() {
 
 void frmTag::SeiteZeigen(int Nummer) {
     Seiten->setCurrentIndex(Nummer);
+    // Nearly always the tag that is looked at is meant; places of Funktionsauswahlen.
+    constexpr std::array<int, 4> Auswahlen = {-1, 0, 1, 3};
+    const int Vorschlag = Auswahlen[static_cast<std::size_t>(Nummer)];
+    if (!AuswahlGewählt && Vorschlag >= 0) cboFunktionTAG->setCurrentIndex(Vorschlag);
 }
 
 void frmTag::BlattZeigen(int Nummer) {
@@ -110,6 +115,18 @@ void frmTag::cmdTAGSpeichern_Click(Tagauswahl Welche) {
 
 void frmTag::chkAutomatischSpeichern_Click(Tagblock Block, bool An) {
     AutomatikVon(Programm.Werte, Block) = An ? 1 : 0;
+}
+
+void frmTag::cmdFunktionAusführen_Click() {
+    Oberfläche& Person = Programm.Dienst.Person;
+    const Funktionszeile* const Funktion = TagfunktionFinden(Utf8Text(cboFunktion->currentText()));
+    const Funktionsauswahl* const Auswahl = FunktionsauswahlFinden(Utf8Text(cboFunktionTAG->currentText()));
+    const std::string Hindernis = FunktionPrüfen(Funktion, Auswahl);
+    if (!Hindernis.empty()) return Person.Melden(Symbol::Information, Hindernis);
+    if (!FunktionBestätigen(Person, *Funktion, *Auswahl)) return;
+    EingabeÜbernehmen();
+    EditorFunktionAusführen(Editor, Programm, Funktion->Funktion, *Auswahl, {});
+    DateiZeigen();
 }
 
 void frmTag::done(int Ergebnis) {

@@ -47,6 +47,7 @@ class frmTag final : public QDialog {
     void KopfAnlegen(QVBoxLayout& Spalte);
     void SeitenwahlAnlegen(QVBoxLayout& Spalte);
     void SeitenAnlegen(QVBoxLayout& Spalte);
+    void FunktionenAnlegen(QVBoxLayout& Spalte);
     void FußAnlegen(QVBoxLayout& Spalte);
     QWidget* InfoseiteAnlegen();
     QWidget* Id3v1SeiteAnlegen();
@@ -78,6 +79,7 @@ class frmTag final : public QDialog {
     void cmdTAGSpeichern_Click(Tagauswahl Welche);
     void chkAutomatischSpeichern_Click(Tagblock Block, bool An);
     void hscrlv2Qualität_Change();
+    void cmdFunktionAusführen_Click();
 
     Anwendung& Programm;
     TagEditor Editor;
@@ -100,6 +102,9 @@ class frmTag final : public QDialog {
     QComboBox* cboMusikrichtung = nullptr;
     QSlider* hscrlv2Qualität = nullptr;
     QLabel* lblv2Qualität = nullptr;
+    QComboBox* cboFunktion = nullptr;
+    QComboBox* cboFunktionTAG = nullptr;
+    bool AuswahlGewählt = false;  // by the person; until then cboFunktionTAG follows the page
 };
 
 }  // namespace liedwerk

@@ -364,6 +364,36 @@ QWidget* frmTag::LyricsseiteAnlegen() {
     return TagseiteAnlegen(Tagblock::Lyrics, Blatt);
 }
 
+void frmTag::FunktionenAnlegen(QVBoxLayout& Spalte) {
+    const auto ListeAnlegen = [this](const QString& Name, const QString& Hinweis, const auto& Zeilen) {
+        auto* const Kombi = new QComboBox(this);
+        Kombi->setObjectName(Name);
+        Kombi->setPlaceholderText(Hinweis);
+        Kombi->setMaxVisibleItems(20);
+        for (const auto& Zeile : Zeilen)
+            Kombi->addItem(QtText(Zeile.Name));
+        Kombi->setCurrentIndex(-1);
+        return Kombi;
+    };
+    cboFunktion = ListeAnlegen(u"cboFunktion"_s, u"(Funktion wählen)"_s, Tagfunktionen);
+    cboFunktionTAG = ListeAnlegen(u"cboFunktionTAG"_s, u"(TAG wählen)"_s, Funktionsauswahlen);
+    connect(cboFunktionTAG, &QComboBox::activated, this, [this] { AuswahlGewählt = true; });
+    auto* const Linie = new QFrame(this);
+    Linie->setFrameShape(QFrame::HLine);
+    Linie->setFrameShadow(QFrame::Sunken);
+    Spalte.addWidget(Linie);
+    auto* const Reihe = new QHBoxLayout;
+    Reihe->setSpacing(8);
+    Reihe->addWidget(BeschriftungAnlegen(u"&Funktion:"_s, *cboFunktion));
+    Reihe->addWidget(cboFunktion, 3);
+    Reihe->addWidget(BeschriftungAnlegen(u"a&uf:"_s, *cboFunktionTAG));
+    cboFunktionTAG->setAccessibleName(u"Funktion anwenden auf"_s);
+    Reihe->addWidget(cboFunktionTAG, 2);
+    Reihe->addWidget(
+        KnopfAnlegen(u"cmdFunktionAusführen"_s, u"&Ausführen"_s, [this] { cmdFunktionAusführen_Click(); }));
+    Spalte.addLayout(Reihe);
+}
+
 void frmTag::FußAnlegen(QVBoxLayout& Spalte) {
     auto* const Fuß = new QHBoxLayout;
     auto* const cmdTAGSpeichernAlles = KnopfAnlegen(u"cmdTAGSpeichernAlles"_s, u"Alle TAGs &speichern"_s,
