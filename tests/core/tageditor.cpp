@@ -159,5 +159,39 @@ TEST_F(TagEditorTest, FehlendeDateiZeigtDenIndexUndDieListeGehtWeiter) {
     EXPECT_FALSE(Weitergehen(Editor, *P, 1));
 }
 
+TEST_F(TagEditorTest, FunktionNimmtDieEingabenUndLässtAndereTagsOffen) {
+    const std::string Pfad = Lied("a.mp3", "Alt");
+    TagEditorÖffnen(Editor, *P, {Aufnehmen(Pfad)});
+    Editor.Arbeit.Satz.Interpret = "Eingegeben";
+    Editor.Arbeit.Satz.V2Titel = "Noch offen";
+    const Funktionsauswahl& Auswahl = *FunktionsauswahlFinden("Diesen ID3v1-TAG");
+    EditorFunktionAusführen(Editor, *P, Tagfunktion::TitelInterpretTauschen, Auswahl, {});
+    EXPECT_EQ(Gelesen(Pfad).Titel, "Eingegeben");
+    EXPECT_EQ(Gelesen(Pfad).Interpret, "Alt");
+    EXPECT_EQ(Editor.Arbeit.Satz.V2Titel, "Noch offen");
+    EXPECT_EQ(GeänderteBlöcke(Editor), (std::array{false, true, false}));
+
+    Editor.Arbeit.Satz.Kommentar = "Nummer 300";
+    EditorFunktionAusführen(Editor, *P, Tagfunktion::ZahlAusKommentar, Auswahl, {});
+    EXPECT_EQ(Person.Meldungen.size(), 1u);
+    EXPECT_EQ(Editor.Arbeit.Satz.Kommentar, "Nummer 300") << "a function that fails takes no entry away";
+}
+
+TEST_F(TagEditorTest, LaufÜberAlleDateienBeginntMitDemWasEingegebenIst) {
+    const std::vector<std::string> Pfade = {Lied("a.mp3", "eins"), Lied("b.mp3", "zwei")};
+    TagEditorÖffnen(Editor, *P, {Aufnehmen(Pfade[0]), Aufnehmen(Pfade[1])});
+    Editor.Arbeit.Satz.Titel = "eins neu";
+    Person.Antworten = {Antwort::Abbrechen, Antwort::Ja};
+    const Funktionsauswahl& Alle = *FunktionsauswahlFinden("Alle ID3v1-TAGs");
+    EditorFunktionAusführen(Editor, *P, Tagfunktion::Groß, Alle, {});
+    EXPECT_EQ(Gelesen(Pfade[1]).Titel, "zwei") << "the person stays with the entries";
+    EditorFunktionAusführen(Editor, *P, Tagfunktion::Groß, Alle, {});
+    EXPECT_EQ(Gelesen(Pfade[0]).Titel, "EINS NEU");
+    EXPECT_EQ(Gelesen(Pfade[1]).Titel, "ZWEI");
+    EXPECT_EQ(Editor.Arbeit.Satz.Titel, "EINS NEU") << "the editor shows the current file again";
+    EXPECT_EQ(P->Index.Sätze.Lesen(2).Titel, "ZWEI");
+    EXPECT_EQ(Person.Titel, (std::vector<std::string>{"Bearbeite Dateien"}));
+}
+
 }  // namespace
 }  // namespace liedwerk

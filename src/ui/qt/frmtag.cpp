@@ -24,7 +24,7 @@ frmTag::frmTag(Anwendung& Lauf, std::vector<Satznummer> Dateien, QWidget* Eltern
     SeitenAnlegen(*Spalte);
     FunktionenAnlegen(*Spalte);
     FußAnlegen(*Spalte);
-    resize(fontMetrics().averageCharWidth() * 118, fontMetrics().height() * 27);
+    resize(fontMetrics().averageCharWidth() * 118, fontMetrics().height() * 32);
 
     TagEditorÖffnen(Editor, Programm, std::move(Dateien));
     BlattZeigen(0);
@@ -91,7 +91,15 @@ void frmTag::BlattZeigen(int Nummer) {
     fraId3v2->setCurrentIndex(Nummer);
     cmdTAGv2Weitere->setVisible(Nummer == 0);
     cmdTAGv2ErsteFelderAnzeigen->setVisible(Nummer == 1);
-    if (QWidget* const Erstes = fraId3v2->currentWidget()->nextInFocusChain()) Erstes->setFocus();
+    ErstesFeldFokussieren(*fraId3v2);
+}
+
+void frmTag::ErstesFeldFokussieren(QWidget& Blatt) {
+    if (Blatt.focusPolicy() != Qt::NoFocus) return Blatt.setFocus();
+    for (const Feldbindung& Bindung : Felder) {
+        auto* const Eingabe = Blatt.findChild<QWidget*>(QtText(Bindung.Feld->Steuerelement));
+        if (Eingabe != nullptr && Eingabe->isVisible()) return Eingabe->setFocus(Qt::ShortcutFocusReason);
+    }
 }
 
 void frmTag::hscrlv2Qualität_Change() {

@@ -73,6 +73,7 @@ class frmTag final : public QDialog {
     void EingabeÜbernehmen();
     void SeiteZeigen(int Nummer);
     void BlattZeigen(int Nummer);
+    void ErstesFeldFokussieren(QWidget& Blatt);
 
     // Handlers.
     void cmdWeiter_Click(int Richtung);

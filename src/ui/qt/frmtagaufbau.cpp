@@ -28,10 +28,11 @@ QString AbsatzLesen(const QPlainTextEdit& Eingabe) {
 
 // Qt presses a button that is called by its key for a tenth of a second before it clicks: keys that follow
 // quickly would still reach the old page.
-void TasteSofort(QAbstractButton& Knopf) {
+QShortcut* TasteSofort(QAbstractButton& Knopf) {
     Knopf.setShortcut({});
     auto* const Taste = new QShortcut(QKeySequence::mnemonic(Knopf.text()), &Knopf);
     QObject::connect(Taste, &QShortcut::activated, &Knopf, &QAbstractButton::click);
+    return Taste;
 }
 
 QGridLayout* RasterAnlegen(QWidget& Blatt) {
@@ -126,12 +127,14 @@ void frmTag::SeitenwahlAnlegen(QVBoxLayout& Spalte) {
         Knopf->setText(Eine.Text);
         Knopf->setAccessibleName(QString(Eine.Text).remove(u'&'));
         Knopf->setIcon(Symbolbild(Eine.Bild));
-        TasteSofort(*Knopf);
         Knopf->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         Knopf->setCheckable(true);
         Knopf->setAutoRaise(true);
         Knopf->setFocusPolicy(Qt::StrongFocus);
         Knopf->setMinimumHeight(Knopf->fontMetrics().height() + 12);
+        // Who comes by the key wants to type; with the arrows one goes on through the pages.
+        connect(TasteSofort(*Knopf), &QShortcut::activated, this,
+                [this] { ErstesFeldFokussieren(*Seiten->currentWidget()); });
         optOptionen->addButton(Knopf, Eine.Nummer);
         Reihe->addWidget(Knopf);
     }
