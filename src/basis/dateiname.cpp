@@ -41,6 +41,7 @@ std::string DateinameBereinigen(std::string_view Name, bool PfadErlaubt) {
 }
 
 bool TeileEindeutig(std::string_view Pfad) {
+    if (Pfad.starts_with("\\\\")) Pfad.remove_prefix(1);
     if (!Pfad.empty() && IstTrenner(Pfad.front())) Pfad.remove_prefix(1);
     for (;;) {
         const std::size_t Ende = Pfad.find_first_of(Trennzeichen);

@@ -13,7 +13,7 @@ namespace liedwerk {
 std::string DateinameBereinigen(std::string_view Name, bool PfadErlaubt);
 
 // True when a path or a part of one leads nowhere else than it says: no part is empty (but what stands in
-// front of a leading separator), made of blanks alone, "." or "..". Both separators count.
+// front of leading separators), made of blanks alone, "." or "..". Both separators count.
 bool TeileEindeutig(std::string_view Pfad);
 
 }  // namespace liedwerk

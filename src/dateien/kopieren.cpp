@@ -33,7 +33,8 @@ void EinzelnKopieren(const Dateiumgebung& Umgebung, Satznummer Nummer, const Kop
     const std::string Ziel = KopierzielBilden(Pfad, LaufwerkDesPfades(Umgebung.Laufwerk, Pfad), Auftrag);
     const auto Ergebnis =
         DateiVerschieben(Umgebung.Person, Pfad, Ziel, Auftrag.Verschieben, Auftrag.Überschreiben, Position);
-    if (Ergebnis.Gelungen) ++Bericht.Anzahl;
+    if (Ergebnis.Getan) ++Bericht.Anzahl;
+    if (!Ergebnis.Gelungen) Bericht.Gelungen = false;
     if (Ergebnis.Umgezogen) {
         SatzUmziehen(Umgebung, Nummer, Ergebnis.Ziel);
         OrdnerLöschenFragen(Umgebung, PfadVon(Pfad));
@@ -73,7 +74,9 @@ Kopierbericht DateienKopierenVerschieben(const Dateiumgebung& Umgebung, std::spa
         const auto Da = DateiNichtVerfügbarPrüfen(Umgebung.Index, Nummer, Umgebung.Medium, Umgebung.Laufwerk,
                                                   Person, false);
         Bericht.Abgebrochen = Da == Verfügbarkeit::Abbrechen;
-        if (Da == Verfügbarkeit::Weiter)
+        if (Da != Verfügbarkeit::Weiter)
+            Bericht.Gelungen = false;
+        else
             EinzelnKopieren(Umgebung, Nummer, Auftrag, Position, Stelle + 1 == Sätze.size(), Bericht);
     }
     Person.FortschrittSchließen();

@@ -18,8 +18,8 @@ struct Kopierauftrag {
 };
 
 struct Kopierbericht {
-    Satznummer Anzahl = 0;     // files that stand at their target now
-    bool Gelungen = true;      // no file failed
+    Satznummer Anzahl = 0;     // files that were copied or moved
+    bool Gelungen = true;      // no file failed or was left out
     bool Abgebrochen = false;  // the run ended ahead of its last file
 };
 

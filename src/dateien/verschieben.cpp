@@ -126,7 +126,7 @@ void Ausführen(const Begleitung& Dabei, std::string_view Quelle, bool Verschieb
         if (!Ergebnis.Abgebrochen) Ergebnis.Fehlertext = Fehlersatz(Quelle, Ziel, Verschieben, Fehler.Text);
         return;
     }
-    Ergebnis.Gelungen = true;
+    Ergebnis.Gelungen = Ergebnis.Getan = true;
     if (!Verschieben || Umbenannt) return;
     if (const auto Rest = DateiLöschen(Quelle)) {
         Ergebnis.Fehlertext = "Die Datei '" + std::string(Quelle) + "' wurde nach '" + Ziel +
@@ -169,7 +169,7 @@ Verschiebeergebnis DateiVerschieben(Oberfläche& Person, std::string_view Quelle
             Ergebnis.Gelungen = false;
             Ergebnis.Fehlertext = Fehlersatz(Quelle, Ziel, true, Fehler.Text);
         }
-        Ergebnis.Umgezogen = NameVerzeichnet(Ziel) && !NameVerzeichnet(Quelle);
+        Ergebnis.Umgezogen = Ergebnis.Getan = NameVerzeichnet(Ziel) && !NameVerzeichnet(Quelle);
         return Ergebnis;
     }
     switch (WegFinden(Person, Quelle, Ergebnis.Ziel, Überschreiben)) {

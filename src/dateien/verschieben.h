@@ -25,6 +25,7 @@ enum Überschreibregel : std::int16_t {
 
 struct Verschiebeergebnis {
     bool Gelungen = false;      // the file stands at the target, or the case needs no work
+    bool Getan = false;         // a file was moved, renamed or copied
     bool Umgezogen = false;     // the source is gone and the target is there: a record may take the path Ziel
     bool Abgebrochen = false;   // the person has ended the run
     bool Übersprungen = false;  // the person wants this file left alone

@@ -326,7 +326,8 @@ bool Lesung::Dateilesen(Feldkennung Kennung) {
 }
 
 void VorlageAnwenden(std::string& Ziel, const Katalog& Index, Satznummer Nummer, std::string_view Vorlage,
-                     bool BeideTags, bool ImNutzerformat) {
+                     bool BeideTags, bool ImNutzerformat,
+                     const std::function<void(std::string&)>& Säubern = {}) {
     std::string Wert;
     Feldtyp Typ{};
     for (;;) {
@@ -336,6 +337,7 @@ void VorlageAnwenden(std::string& Ziel, const Katalog& Index, Satznummer Nummer,
         Ziel += Vorlage.substr(0, Erstes);
         const Feldwahl Feld = VorlagenfeldFinden(Vorlage.substr(Erstes + 1, Zweites - Erstes - 1));
         Lesung{Index, Nummer, Wertform::Sortieren, BeideTags, ImNutzerformat, Wert, Typ}.Lesen(Feld);
+        if (Säubern) Säubern(Wert);
         Ziel += Wert;
         Vorlage.remove_prefix(Zweites + 1);
     }
@@ -411,6 +413,13 @@ std::string BenutzerFormatAnwenden(const Katalog& Index, Satznummer Nummer, std:
                                    bool BeideTags) {
     std::string Text;
     VorlageAnwenden(Text, Index, Nummer, Vorlage, BeideTags, false);
+    return Text;
+}
+
+std::string FormatAuflösen(const Katalog& Index, Satznummer Nummer, std::string_view Format,
+                           const std::function<void(std::string&)>& Säubern) {
+    std::string Text;
+    VorlageAnwenden(Text, Index, Nummer, Format, Index.Optionen.SpaltenBeideTags == 1, false, Säubern);
     return Text;
 }
 

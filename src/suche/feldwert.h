@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -89,6 +90,11 @@ bool FeldWert(const Katalog& Index, Satznummer Nummer, const Feldwahl& Feld, Wer
 // does the user-defined column within its own format.
 std::string BenutzerFormatAnwenden(const Katalog& Index, Satznummer Nummer, std::string_view Vorlage,
                                    bool BeideTags);
+
+// The same for a new file name, with both tags as the columns take them. Each value goes through Säubern
+// before it is put in, so that no tag decides what only the format may decide.
+std::string FormatAuflösen(const Katalog& Index, Satznummer Nummer, std::string_view Format,
+                           const std::function<void(std::string& Wert)>& Säubern = {});
 
 // "mm:ss" with the hours in front when there are any or when OhneNullStunden is false.
 std::string DauerFormatieren(std::int64_t Sekunden, bool OhneNullStunden);

@@ -4,6 +4,7 @@
 #include <QDialog>
 
 #include "ui/qt/frmdateinichtverfuegbar.h"
+#include "ui/qt/frmverschiebendateiexistiert.h"
 #include "ui/qt/meldung.h"
 #include "ui/qt/qttext.h"
 
@@ -50,6 +51,10 @@ bool Fensteroberfläche::DateiNichtVerfügbarSchreibenZeigen(const Schreibsperrf
     const Mauszeiger Zeiger;
     return frmDateiNichtVerfügbarSchreiben(Frage, BesitzerJetzt()).exec() ==
            static_cast<int>(Verfügbarkeitsantwort::Verfügbar);
+}
+
+Vorhandenantwort Fensteroberfläche::DateiExistiertZeigen(std::string_view Text) {
+    return frmVerschiebenDateiExistiert(Text, BesitzerJetzt()).Fragen();
 }
 
 void Fensteroberfläche::FortschrittStarten(std::string_view Titel, bool MitProzent, std::int64_t Höchstens) {

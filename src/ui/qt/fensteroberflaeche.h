@@ -21,6 +21,7 @@ class Fensteroberfläche final : public Oberfläche {
     void StatusZeigen(std::string_view Text, int Dauer) override;
     Verfügbarkeitsantwort DateiNichtVerfügbarZeigen(const Verfügbarkeitsfrage& Frage) override;
     bool DateiNichtVerfügbarSchreibenZeigen(const Schreibsperrfrage& Frage) override;
+    Vorhandenantwort DateiExistiertZeigen(std::string_view Text) override;
     void FortschrittStarten(std::string_view Titel, bool MitProzent, std::int64_t Höchstens) override;
     bool FortschrittZeigen(std::string_view Text, std::int64_t Position) override;
     void FortschrittSchließen() override;

@@ -8,6 +8,7 @@
 
 #include "core/suchlauf.h"
 #include "suche/vervollstaendigung.h"
+#include "ui/qt/dateiaktionen.h"
 #include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
 #include "ui/qt/tagaktionen.h"
@@ -211,6 +212,7 @@ void frmMain::TeileAnlegen() {
     if (Programm->Dienst.Spieler != nullptr && Programm->Dienst.Programme != nullptr)
         Spielen =
             std::make_unique<Wiedergabeaktionen>(*Platz, *fraPlayer, [this] { tmrScrollUpdate.start(0); });
+    DateiaktionenAnlegen(*Platz);
     TagaktionenAnlegen(*Platz);
     Platz->Datei.addSeparator();
     Platz->Datei.addAction(mnuBeenden);

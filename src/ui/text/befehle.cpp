@@ -130,6 +130,20 @@ const std::vector<Befehl>& Befehlstabelle() {
          0,
          0,
          IndexSpeichernAusführen},
+        {"kopieren",
+         "kopieren --ziel ORDNER [--verschieben] [--struktur] [--ersetzen 0..4] NUMMER...",
+         "Kopiert oder verschiebt die Dateien von Datensätzen in einen Ordner. Beim Verschieben folgt der "
+         "Index.\n"
+         "  --ziel ORDNER        Zielordner; er wird angelegt, wenn er fehlt\n"
+         "  --verschieben        verschiebt, statt zu kopieren\n"
+         "  --struktur           legt die Ordner der Quelle unter dem Zielordner an\n"
+         "  --ersetzen 0..4      vorhandene Dateien: 0 melden und auslassen, 1 nie ersetzen, 2 immer "
+         "ersetzen,\n"
+         "                       3 wie 4, sonst melden, 4 nur ersetzen, wenn die Quelle älter ist (sonst 0)",
+         {{"--ziel", true}, {"--verschieben"}, {"--struktur"}, {"--ersetzen", true}},
+         1,
+         Beliebig,
+         KopierenAusführen},
         {"mehrfachsuche",
          "mehrfachsuche DATEI",
          "Sucht nach jeder Zeile der Datei, etwa der Titelliste einer CD. \"-\" liest die Standardeingabe.",
@@ -212,6 +226,17 @@ const std::vector<Befehl>& Befehlstabelle() {
          1,
          1,
          TagSchreibenAusführen},
+        {"umbenennen",
+         "umbenennen --format F [--probe] DATEI...",
+         "Benennt Dateien nach ihren Feldern um. Dateien des Index folgen diesem; ein Index wird nicht "
+         "gebraucht.\n"
+         "  --format F           Name ohne Endung, etwa \"%Interpret% - %Titel%\"; \"\\\" und \"/\" legen "
+         "Ordner an\n"
+         "  --probe              zeigt nur, was geschehen würde",
+         {{"--format", true}, {"--probe"}},
+         1,
+         Beliebig,
+         UmbenennenAusführen},
         {"vorschlaege",
          "vorschlaege FELD ANFANG",
          "Zeigt die Werte eines Feldes, die mit dem Anfang beginnen.",

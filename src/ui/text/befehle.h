@@ -51,6 +51,9 @@ Ausgang HinzufügenAusführen(const Globaloptionen& Global, const Befehlseingabe
 // befehle_tags.cpp
 Ausgang TagSchreibenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang TagEntfernenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+// befehle_kopieren.cpp
+Ausgang UmbenennenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+Ausgang KopierenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 // befehle_suche.cpp
 Ausgang SuchenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang FeldwerteAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
