@@ -1,11 +1,17 @@
 #include "plattform/qt/medienauskunft.h"
 
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QThread>
 #include <algorithm>
 #include <asffile.h>
+#include <atomic>
 #include <chrono>
 #include <fileref.h>
+#include <future>
 #include <memory>
 #include <tdebuglistener.h>
+#include <thread>
 #include <tiostream.h>
 #include <wavfile.h>
 
@@ -90,14 +96,7 @@ Medienangaben Angaben(const TagLib::Tag* Texte, const TagLib::AudioProperties* D
     return Ergebnis;
 }
 
-}  // namespace
-
-TaglibAuskunft::TaglibAuskunft() {
-    static Stille Hörer;
-    TagLib::setDebugListener(&Hörer);
-}
-
-std::optional<Medienangaben> TaglibAuskunft::Lesen(std::string_view Pfad) const {
+std::optional<Medienangaben> DateiBefragen(std::string_view Pfad) {
     Lesestrom Strom(Pfad);
     if (!Strom.isOpen()) return std::nullopt;
     if (const auto Datei = Öffnen(Strom, Pfad)) {
@@ -107,6 +106,52 @@ std::optional<Medienangaben> TaglibAuskunft::Lesen(std::string_view Pfad) const 
     const TagLib::FileRef Datei(&Strom);
     if (Datei.isNull()) return std::nullopt;
     return Angaben(Datei.tag(), Datei.audioProperties());
+}
+
+}  // namespace
+
+TaglibAuskunft::TaglibAuskunft() {
+    static Stille Hörer;
+    TagLib::setDebugListener(&Hörer);
+}
+
+std::optional<Medienangaben> TaglibAuskunft::Lesen(std::string_view Pfad) const {
+    return InFristLesen([Pfad = std::string(Pfad)] { return DateiBefragen(Pfad); }, Frist);
+}
+
+std::optional<Medienangaben> InFristLesen(std::function<std::optional<Medienangaben>()> Arbeit,
+                                          std::chrono::milliseconds Frist) {
+    using namespace std::chrono_literals;
+    // Threads that never came back. A drive that does not answer must not collect more of them.
+    static std::atomic<int> Überfällig = 0;
+    constexpr int MeisteÜberfällige = 8;
+    const auto* const Programm = QCoreApplication::instance();
+    const bool ImFenster = Programm != nullptr && Programm->thread() == QThread::currentThread();
+    static bool FensterWartet = false;  // of the application's thread alone
+    if (Überfällig >= MeisteÜberfällige || (ImFenster && FensterWartet)) return std::nullopt;
+
+    std::packaged_task Auftrag(std::move(Arbeit));
+    auto Ergebnis = Auftrag.get_future();
+    enum : int { Läuft, Aufgegeben, Fertig };
+    const auto Stand = std::make_shared<std::atomic<int>>(Läuft);
+    std::thread([Stand, Auftrag = std::move(Auftrag)]() mutable {
+        Auftrag();
+        if (Stand->exchange(Fertig) == Aufgegeben) --Überfällig;
+    }).detach();
+
+    const auto Ende = std::chrono::steady_clock::now() + Frist;
+    while (Ergebnis.wait_for(ImFenster ? 20ms : Frist) != std::future_status::ready) {
+        if (std::chrono::steady_clock::now() >= Ende) {
+            ++Überfällig;
+            if (Stand->exchange(Aufgegeben) == Fertig) --Überfällig;
+            return std::nullopt;
+        }
+        if (!ImFenster) continue;
+        FensterWartet = true;
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        FensterWartet = false;
+    }
+    return Ergebnis.get();
 }
 
 }  // namespace liedwerk
