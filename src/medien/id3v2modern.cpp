@@ -130,15 +130,17 @@ bool RahmenAufnehmen(const Id3v2Kopf& Kopf, std::string_view Kennung, std::size_
     auto Inhalt = Id3v2InhaltsformVon(Id3v2Rahmenfelder.at(FeldnummerVon(Kennung)).Kennung).Lesen(*Klar);
     if (!Inhalt) return false;
     Feldfund& Feld = Gezeigt.Felder.at(FeldnummerVon(Kennung));
+    auto& Werte = Feld.Inhalt.Werte;
+    const bool Sammeln = Feld.Rang > 0 && Sammelbar(Kennung);
+    if (Sammeln && Werte.size() + Inhalt->Werte.size() > Id3v2HöchsteWertezahl) return false;
     Feld.Rahmen.push_back(Nummer);
-    const int Rang = RangVon(Kennung, *Inhalt, Kopf.Hauptversion);
-    if (Feld.Rang > 0 && Sammelbar(Kennung)) {
-        auto& Werte = Feld.Inhalt.Werte;
+    if (Sammeln) {
         std::copy_if(
             Inhalt->Werte.begin(), Inhalt->Werte.end(), std::back_inserter(Werte),
             [&](const auto& Wert) { return std::find(Werte.begin(), Werte.end(), Wert) == Werte.end(); });
         return true;
     }
+    const int Rang = RangVon(Kennung, *Inhalt, Kopf.Hauptversion);
     const bool Erster = Feld.Rahmen.size() == 1;
     if (Rang > Feld.Rang) {
         Feld.Gezeigter = Nummer;

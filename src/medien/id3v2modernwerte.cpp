@@ -25,6 +25,7 @@ std::optional<Id3v2Inhalt> TextLesen(std::string_view Bytes) {
     if (!Leser) return std::nullopt;
     Id3v2Inhalt Inhalt;
     while (!Leser->AmEnde()) {
+        if (Inhalt.Werte.size() == Id3v2HöchsteWertezahl) return std::nullopt;
         if (std::string Wert = Leser->Nächster(); !Wert.empty()) Inhalt.Werte.push_back(std::move(Wert));
     }
     return Inhalt;

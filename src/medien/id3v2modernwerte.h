@@ -1,6 +1,7 @@
 // What the frames that a record shows hold: content read and written, side by side for each kind of frame.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -8,6 +9,9 @@
 #include <vector>
 
 namespace liedwerk {
+
+// A frame with more values is left alone: nobody reads them, and comparing them takes for ever.
+inline constexpr std::size_t Id3v2HöchsteWertezahl = 1000;
 
 struct Id3v2Inhalt {
     std::string Sprache;             // COMM: three bytes as they stand
@@ -17,7 +21,7 @@ struct Id3v2Inhalt {
 
 // A kind of frame: its reader and its writer.
 struct Id3v2Inhaltsform {
-    // Nothing for content that is broken or in an encoding that is not known.
+    // Nothing for content that is broken, in an encoding that is not known, or of too many values.
     std::optional<Id3v2Inhalt> (*Lesen)(std::string_view Bytes);
     // Nothing for a value that such a frame cannot hold.
     std::optional<std::string> (*Bilden)(const Id3v2Inhalt& Inhalt, unsigned Hauptversion);

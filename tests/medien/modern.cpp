@@ -218,6 +218,22 @@ TEST_F(Modern, PaddingUnsynchronisationUndUmzug) {
               Id3v2Tag(3, Id3v2Rahmen("TIT2", "\0"s), 5) + Ton);
 }
 
+TEST_F(Modern, ZehntausendeWerteHaltenNichtAuf) {
+    std::string Werte = "\0"s;
+    for (int Nummer = 0; Nummer < 100000; ++Nummer)
+        Werte += std::to_string(Nummer) + '\0';
+    std::string Viele;
+    for (int Nummer = 0; Nummer < 40000; ++Nummer)
+        Viele += Id3v2Textrahmen("TPE1", std::to_string(Nummer));
+    const std::string Tag =
+        Id3v2Tag(3, Id3v2Rahmen("TALB", Werte) + Viele + Id3v2Textrahmen("TIT2", "Titel"));
+    const Datensatz Satz = V2(Tag + Ton);
+    EXPECT_EQ(Satz.V2Titel, "Titel");
+    EXPECT_EQ(Satz.V2Album, "");
+    EXPECT_TRUE(Satz.V2Interpret.ends_with("; 999"));
+    EXPECT_EQ(Gespeichert(Tag, [](Datensatz&) {}), Tag + Ton);
+}
+
 TEST_F(Modern, WasNichtGehtWirdGesagtUndNichtGetan) {
     const std::string Titel = Id3v2Textrahmen("TIT2", "Titel");
     const auto Neu = [](Datensatz& Satz) { Satz.V2Titel = "neu"; };
