@@ -138,7 +138,9 @@ inline constexpr std::int32_t DesktopFarbe = -1;
     X(Kurz, AutoDJTopZeitraum, 0) \
     X(Text, AutoDJTopEinheit, "d") \
     X(Kurz, TAGsVerlustFragen, 1) \
-    X(Kurz, TAGsModern, 0)
+    X(Kurz, TAGsModern, 0) \
+    X(Text, TermineIndex, "") \
+    X(Text, TermineIndexPrüfsumme, "")
 
 // X(name): lists stored as numbered values, the name followed by 1, 2, 3 and so on until a value is missing.
 #define LIEDWERK_EINSTELLUNGSLISTEN(X) \

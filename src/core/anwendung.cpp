@@ -5,6 +5,7 @@
 
 #include "basis/text.h"
 #include "basis/zahl.h"
+#include "core/terminlauf.h"
 
 namespace liedwerk {
 namespace {
@@ -75,7 +76,8 @@ Indexumgebung IndexumgebungVon(Anwendung& Programm) {
             Programm.Dienst.Programmordner,
             MedienleserVon(Programm),
             std::move(Prüfen),
-            Programm.Dienst.Temporärindex};
+            Programm.Dienst.Temporärindex,
+            [&Programm](std::string_view Datei) { TerminvertrauenMerken(Programm, Datei); }};
 }
 
 Hinzufügeumgebung HinzufügeumgebungVon(Anwendung& Programm) {

@@ -10,7 +10,9 @@
 
 #include <cstdint>
 #include <functional>
+#include <set>
 #include <string>
+#include <vector>
 
 #include "basis/einstellungen.h"
 #include "basis/oberflaeche.h"
@@ -35,6 +37,7 @@
 #include "suche/abfrage.h"
 #include "suche/liste.h"
 #include "suche/suchpuffer.h"
+#include "termine/pruefen.h"
 
 namespace liedwerk {
 
@@ -57,6 +60,8 @@ struct Dienste {
     Spielerkanal* Spieler = nullptr;
     std::string Laufzeitordner{};  // for play lists that are handed over; empty: the program folder
     Papierkorb* Eimer = nullptr;   // the desktop's recycle bin; may be missing
+    // plattform/pruefsumme.h; missing: no file is known again.
+    std::function<std::string(std::string_view Pfad)> DateiPrüfsumme{};
 };
 
 struct Anwendung {
@@ -84,8 +89,12 @@ struct Anwendung {
     bool LageGesetzt = false;     // the window stands where the settings say; the end may take its place over
     Zeitpunkt StartZeit;
     Zeitpunkt LetzteSpeicherung;
-    // TerminePrüfen, run once at the start and by tmrEreignisse; empty: no reminders are looked at.
-    std::function<void()> TerminePrüfen;
+    // TerminePrüfen, run once at the start and by tmrEreignisse; gives the notices that were shown. Empty: no
+    // reminders are looked at.
+    std::function<std::vector<Terminmeldung>()> TerminePrüfen;
+    bool TerminePrüfenLäuft = false;
+    std::function<void(std::size_t Nummer)> TerminzeileAuffrischen;  // while the list of events is open
+    std::set<std::string, std::less<>> VertrauteProgramme;           // reminders' programs that start unasked
     // frmIndexHinzufügenZusammenfassung, modal: true when the rows, some of them corrected by now, shall be
     // added. Empty: nobody looks them over.
     std::function<bool(Namensfunde& Funde)> ZusammenfassungZeigen;

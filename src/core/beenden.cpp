@@ -100,7 +100,8 @@ void OhnePersonSpeichern(Anwendung& Programm) {
                               Eigene.Programmordner,
                               Eigene.Leser,
                               Eigene.VerfügbarkeitPrüfen,
-                              Eigene.Temporärindex};
+                              Eigene.Temporärindex,
+                              Eigene.Gespeichert};
     Katalog& Index = Programm.Index;
     if (DateiSpeichern(Index, Programm.Werte, Still, Index.IndexDateiname, false) ==
         Speicherergebnis::Gespeichert)

@@ -8,6 +8,7 @@
 #include "core/hinzufuegelauf.h"
 #include "core/startauftrag.h"
 #include "core/suchlauf.h"
+#include "core/terminlauf.h"
 #include "index/schreiber.h"
 
 namespace liedwerk {
@@ -47,6 +48,7 @@ Ladeergebnis LadenOhneListe(Anwendung& Programm, const std::string& Name, std::i
     const std::string TagLesenVorher = Programm.Werte.Mp3TagLesen;
     const auto Ergebnis = DateiLaden(Programm.Index, Programm.Werte, IndexumgebungVon(Programm), Name, true,
                                      StillErstellen || TemporärerIndex, Modus);
+    TerminvertrauenLesen(Programm);
     if (Ergebnis == Ladeergebnis::TagEditor && !Programm.TagLesenNurLauf) {
         Programm.TagLesenNurLauf = true;
         Programm.TagLesenGemerkt = TagLesenVorher;

@@ -12,6 +12,7 @@
 #include "core/beenden.h"
 #include "core/einstellungsspeicher.h"
 #include "core/laden.h"
+#include "core/terminlauf.h"
 
 namespace liedwerk {
 namespace {
@@ -220,7 +221,8 @@ void Start::FensterFreigeben() {
 }
 
 void Start::EreignissePrüfen() {
-    if (Programm.TerminePrüfen) Programm.TerminePrüfen();
+    if (!Programm.TerminePrüfen) TerminePrüfenEinrichten(Programm);
+    Programm.TerminePrüfen();
     Fenster.EreignisuhrStarten();
 }
 

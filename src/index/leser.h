@@ -28,6 +28,8 @@ struct Indexumgebung {
     std::function<int(Katalog& Index, Satznummer Nummer)> VerfügbarkeitPrüfen;
     // Full path of the temporary index that belongs to this process; empty: tmp.lwi in the program folder.
     std::string Temporärindex{};
+    // The index has been saved to this file; may be missing.
+    std::function<void(std::string_view Datei)> Gespeichert{};
 };
 
 // Full path of the temporary index.

@@ -248,7 +248,9 @@ Speicherergebnis DateiSpeichern(Katalog& Index, const Einstellungen& Werte, cons
     // Only now nobody else can replace the file any more: another program may have done it since the first
     // look.
     if (!ÜberschreibenErlaubt(Lauf)) return Speicherergebnis::Abgebrochen;
-    return Ersetzen(Lauf, Ersatz);
+    const auto Ergebnis = Ersetzen(Lauf, Ersatz);
+    if (Ergebnis == Speicherergebnis::Gespeichert && Umgebung.Gespeichert) Umgebung.Gespeichert(Dateiname);
+    return Ergebnis;
 }
 
 }  // namespace liedwerk

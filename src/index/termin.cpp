@@ -38,6 +38,12 @@ void TerminFeldSetzen(std::vector<Termin>& Termine, std::string_view Wert, std::
     }
 }
 
+std::optional<std::int16_t> TerminFeldZahl(const Termin& Eintrag, int Feld) {
+    if (!IstTerminfeld(Feld)) return std::nullopt;
+    const auto* Zahl = std::get_if<std::int16_t Termin::*>(&Orte[static_cast<std::size_t>(Feld - 1)]);
+    return Zahl == nullptr ? std::nullopt : std::optional(Eintrag.*(*Zahl));
+}
+
 std::string TerminFeldText(const Termin& Eintrag, int Feld) {
     if (!IstTerminfeld(Feld)) return {};
     const Terminort& Ort = Orte[static_cast<std::size_t>(Feld - 1)];

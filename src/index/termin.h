@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,6 +37,8 @@ extern const std::array<std::string_view, TerminFeldAnzahl> TerminFeldnamen;
 // of a field that does not exist is ignored.
 void TerminFeldSetzen(std::vector<Termin>& Termine, std::string_view Wert, std::size_t Nummer, int Feld);
 
+// The value of a field that is a number; nothing for a text.
+std::optional<std::int16_t> TerminFeldZahl(const Termin& Eintrag, int Feld);
 // The text of a field as a line holds it: a value "0" is an empty one.
 std::string TerminFeldText(const Termin& Eintrag, int Feld);
 

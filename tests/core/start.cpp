@@ -90,7 +90,10 @@ TEST_F(Starttest, OhneLogMeEntstehtKeinProtokoll) {
 }
 
 TEST_F(Starttest, DerErsteStartZentriertUndGrüßt) {
-    P->TerminePrüfen = [this] { Fenster.Merken("Termine"); };
+    P->TerminePrüfen = [this] {
+        Fenster.Merken("Termine");
+        return std::vector<Terminmeldung>{};
+    };
     Werte.Inhalt = {{"FensterWidth", 800},
                     {"FensterHeight", 600},
                     {"FarbeListen", 255},
@@ -145,7 +148,7 @@ TEST_F(Starttest, SpätereStartsStehenAmAltenPlatz) {
 
 TEST_F(Starttest, EinFehlerInEinerStufeBeendetNichts) {
     Datei("programm/log.me", "");
-    P->TerminePrüfen = [] { throw std::runtime_error("kaputt"); };
+    P->TerminePrüfen = []() -> std::vector<Terminmeldung> { throw std::runtime_error("kaputt"); };
     Starten();
     EXPECT_TRUE(Person.Meldungen.back().starts_with(
         "Das Programm konnte nicht vollständig geladen werden.\nkaputt (Fehler 0).\n\nStellen Sie sicher"));

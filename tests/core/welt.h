@@ -75,6 +75,13 @@ class Merkfenster final : public Hauptfenster {
     void TagEditorZeigen() override { Merken("Editor"); }
     void ShellEinträgeAnmelden() override { Merken("Shell"); }
     void EreignisuhrStarten() override { Merken("Uhr"); }
+    Terminantwort TerminMelden(const Terminmeldung& Meldung) override {
+        Merken("Termin " + std::to_string(Meldung.Nummer));
+        return {};
+    }
+    void VerpassteTermineZeigen(const std::vector<Termin>& Alle) override {
+        Merken("Verpasst " + std::to_string(Alle.size()));
+    }
     Fensterlage LageLesen() override { return Lage; }
     void Minimieren() override { Merken("Minimiert"); }
     void Verbergen() override { Merken("Verborgen"); }

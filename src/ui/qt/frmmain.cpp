@@ -214,6 +214,7 @@ void frmMain::TeileAnlegen() {
             std::make_unique<Wiedergabeaktionen>(*Platz, *fraPlayer, [this] { tmrScrollUpdate.start(0); });
     DateiaktionenAnlegen(*Platz);
     TagaktionenAnlegen(*Platz);
+    TerminaktionenAnlegen(*Platz);
     Platz->Datei.addSeparator();
     Platz->Datei.addAction(mnuBeenden);
     Platz->Hilfe.addAction(mnuInfo);

@@ -24,6 +24,7 @@
 #include "ui/qt/spielerleiste.h"
 #include "ui/qt/startleistensymbol.h"
 #include "ui/qt/suchleiste.h"
+#include "ui/qt/terminaktionen.h"
 #include "ui/qt/titelschrift.h"
 #include "ui/qt/vorschlagsrahmen.h"
 #include "ui/qt/wiedergabeaktionen.h"
@@ -65,14 +66,16 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     void LageSetzen(const Fensterlage& Lage) override;
     void Zeigen(bool Sichtbar) override;
     void WillkommenZeigen() override;
-    // Tips, the lock and reminders belong to windows that this version does not have; nobody calls for a tip
-    // while there are none.
+    // Tips and the lock belong to windows that this version does not have; nobody calls for a tip while there
+    // are none.
     void TippZeigen(int) override {}
     int TippAnzahl() const override { return 0; }
     void SperreZeigen() override {}
     void TagEditorZeigen() override;
     void ShellEinträgeAnmelden() override {}  // the package does it here
-    void EreignisuhrStarten() override {}
+    void EreignisuhrStarten() override { EreignisuhrAnlegen(*this, *Programm); }
+    Terminantwort TerminMelden(const Terminmeldung& Meldung) override;
+    void VerpassteTermineZeigen(const std::vector<Termin>& Verpasste) override;
     void EigentümerZeigen(std::string_view Name) override;
     void SuchfeldFokussieren() override;
     Fensterlage LageLesen() override;

@@ -11,6 +11,7 @@
 #include "ui/qt/frmbeenden.h"
 #include "ui/qt/frmhinweise.h"
 #include "ui/qt/frmmain.h"
+#include "ui/qt/frmterminueberwachungtermin.h"
 #include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
 #include "ui/qt/tagaktionen.h"
@@ -227,9 +228,9 @@ void frmMain::LageSetzen(const Fensterlage& Lage) {
     if (!Lage.Zentriert && Passt) {
         setGeometry(Wunsch);
     } else {
-        const QRect Platz = screen()->availableGeometry();
-        const QSize Größe = (Lage.Zentriert ? size() : Wunsch.size()).boundedTo(Platz.size() * 0.96);
-        setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, Größe, Platz));
+        const QRect Schirmplatz = screen()->availableGeometry();
+        const QSize Größe = (Lage.Zentriert ? size() : Wunsch.size()).boundedTo(Schirmplatz.size() * 0.96);
+        setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, Größe, Schirmplatz));
     }
     if (Lage.Maximiert) setWindowState(windowState() | Qt::WindowMaximized);
 }
@@ -258,6 +259,18 @@ void frmMain::EigentümerZeigen(std::string_view Name) {
 
 void frmMain::TagEditorZeigen() {
     TagEditorAusführen(*Programm, isVisible() ? this : nullptr, GewählteDateien(*Programm));
+}
+
+Terminantwort frmMain::TerminMelden(const Terminmeldung& Meldung) {
+    QWidget* const Vorn = QApplication::activeModalWidget();
+    frmTerminÜberwachungTermin Form(Meldung, Programm->Dienst.Person,
+                                    Vorn != nullptr ? Vorn : (isVisible() ? this : nullptr));
+    Form.exec();
+    return Form.Antwort();
+}
+
+void frmMain::VerpassteTermineZeigen(const std::vector<Termin>& Verpasste) {
+    frmTerminÜberwachungTerminVerpasst(Verpasste, isVisible() ? this : nullptr).exec();
 }
 
 void frmMain::SuchfeldFokussieren() {

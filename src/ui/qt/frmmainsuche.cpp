@@ -101,9 +101,10 @@ void frmMain::lstSongs_ColumnClick(int Spalte) {
     if (!Bereit() || Programm->Index.IndexAnzahl() == 0) return;
     Suche->AusstehendesAusführen();
     const auto& Spalten = Programm->Ansicht.Spalten;
-    const auto Platz = static_cast<std::size_t>(Spalte - 1);
-    frmSortieren Form(Spalte > 0 && Platz < Spalten.size() ? Spaltenfeld(Spalten[Platz]) : std::string_view(),
-                      Programm->Dienst.Person, this);
+    const auto Stelle = static_cast<std::size_t>(Spalte - 1);
+    frmSortieren Form(
+        Spalte > 0 && Stelle < Spalten.size() ? Spaltenfeld(Spalten[Stelle]) : std::string_view(),
+        Programm->Dienst.Person, this);
     if (Form.exec() == QDialog::Accepted)
         SortierenLauf(*Programm, Form.Sortierkriterien(), Form.Absteigend());
 }

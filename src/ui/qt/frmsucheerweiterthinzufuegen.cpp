@@ -54,20 +54,20 @@ frmSucheErweitertHinzufügen::frmSucheErweitertHinzufügen(Suchabfragen& Abfrage
     chkDirektStarten->setObjectName(u"chkDirektStarten"_s);
     chkDirektStarten->setChecked(Werte.SucheDirektStarten == 1);
 
-    auto* const Felder = new QFormLayout;
-    Felder->setHorizontalSpacing(14);
-    Felder->setVerticalSpacing(9);
-    Felder->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    Felder->addRow(u"Such&begriff:"_s, txtSucheBegriff);
-    Felder->addRow(u"S&uchen in:"_s, lstSucheArt);
-    Felder->addRow(u"B&edingung:"_s, cboSucheMussDarfNicht);
-    Felder->addRow(u"&Mehrere Begriffe:"_s, cboSucheUndOder);
-    Felder->addRow(u"O&rt:"_s, cboSucheWo);
-    Felder->addRow(QString(), chkBeideTags);
-    Felder->addRow(QString(), chkHinzu);
-    Felder->addRow(QString(), chkDirektStarten);
-    Felder->setRowVisible(chkHinzu, !Neu);
-    Spalte->addLayout(Felder, 1);
+    auto* const Formular = new QFormLayout;
+    Formular->setHorizontalSpacing(14);
+    Formular->setVerticalSpacing(9);
+    Formular->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    Formular->addRow(u"Such&begriff:"_s, txtSucheBegriff);
+    Formular->addRow(u"S&uchen in:"_s, lstSucheArt);
+    Formular->addRow(u"B&edingung:"_s, cboSucheMussDarfNicht);
+    Formular->addRow(u"&Mehrere Begriffe:"_s, cboSucheUndOder);
+    Formular->addRow(u"O&rt:"_s, cboSucheWo);
+    Formular->addRow(QString(), chkBeideTags);
+    Formular->addRow(QString(), chkHinzu);
+    Formular->addRow(QString(), chkDirektStarten);
+    Formular->setRowVisible(chkHinzu, !Neu);
+    Spalte->addLayout(Formular, 1);
     const auto Knöpfe = KnöpfeHinzufügen(
         *Spalte, *this, {{u"cmdOk"_s, u"&OK"_s, Accepted}, {u"cmdAbbrechen"_s, u"&Abbrechen"_s, Rejected}});
     Knöpfe[0]->setDefault(true);

@@ -16,6 +16,7 @@
 #include "plattform/linux/orte.h"
 #include "plattform/linux/uhr.h"
 #include "plattform/linux/wertdatei.h"
+#include "plattform/pruefsumme.h"
 #include "plattform/system.h"
 #include "ui/qt/fensteroberflaeche.h"
 #include "ui/qt/frmmain.h"
@@ -122,6 +123,7 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     Programm.Dienst.Spieler = Spieler.get();
     Programm.Dienst.Programme = Programme.get();
     Programm.Dienst.Laufzeitordner = Laufzeitordner();
+    Programm.Dienst.DateiPrüfsumme = DateiPrüfsumme;
     Fenster.Anbinden(Programm);
     Person.BesitzerSetzen(&Fenster);
     Person.Status = [&](const QString& Text, int Dauer) { Fenster.StatusZeigen(Text, Dauer); };

@@ -63,5 +63,9 @@ Ausgang VorschlägeAusführen(const Globaloptionen& Global, const Befehlseingabe
 Ausgang AutotagAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang TagAufräumenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang TagFunktionAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+// befehle_termine.cpp
+Ausgang TermineAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+Ausgang TerminNächsterAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+Ausgang TerminePrüfenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 
 }  // namespace liedwerk

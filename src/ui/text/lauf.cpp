@@ -20,6 +20,7 @@
 #include "plattform/linux/terminal.h"
 #include "plattform/linux/uhr.h"
 #include "plattform/linux/wertdatei.h"
+#include "plattform/pruefsumme.h"
 #include "plattform/system.h"
 #include "ui/text/textoberflaeche.h"
 
@@ -49,7 +50,9 @@ struct Programmlauf::Welt {
           Nutzerwerte(EinstellungenDesLaufs(Global)),
           Rechnerwerte(Rechnereinstellungsdatei()),
           Programm(Dienste{Person, Fenster, *Zeit, *Drives, Ordner, Auskunft.get(), Nutzerwerte,
-                           &Rechnerwerte, OrdnerDesLaufs(Global), "", Systemtext()}) {}
+                           &Rechnerwerte, OrdnerDesLaufs(Global), "", Systemtext()}) {
+        Programm.Dienst.DateiPrüfsumme = DateiPrüfsumme;
+    }
 
     std::unique_ptr<Uhr> Zeit;
     Textoberfläche Person;

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "basis/text.h"
+#include "termine/termine.h"
 #include "ui/text/ausgabe.h"
 
 namespace liedwerk {
@@ -96,6 +97,12 @@ bool Textoberfläche::FortschrittZeigen(std::string_view Text, std::int64_t Posi
 void Textoberfläche::FortschrittSchließen() {
     Offen = false;
     ZeileLöschen();
+}
+
+void OhneFenster::VerpassteTermineZeigen(const std::vector<Termin>& Verpasste) {
+    Fehlerzeile("Über folgende Ereignisse erfolgte keine rechtzeitige Benachrichtigung.");
+    for (const Termin& Einer : Verpasste)
+        Fehlerzeile("  " + TerminZelle(Einer, "Erinnern") + "  " + Einer.Beschreibung);
 }
 
 }  // namespace liedwerk

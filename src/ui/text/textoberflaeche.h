@@ -75,6 +75,8 @@ class OhneFenster final : public Hauptfenster {
     void TagEditorZeigen() override {}
     void ShellEinträgeAnmelden() override {}
     void EreignisuhrStarten() override {}
+    Terminantwort TerminMelden(const Terminmeldung&) override { return {}; }
+    void VerpassteTermineZeigen(const std::vector<Termin>& Verpasste) override;
     Fensterlage LageLesen() override { return {}; }
     void Minimieren() override {}
     void Verbergen() override {}

@@ -1,0 +1,58 @@
+#include "ui/qt/terminmodell.h"
+
+#include <QHeaderView>
+
+#include "ui/qt/qttext.h"
+
+using namespace Qt::StringLiterals;
+
+namespace liedwerk {
+
+Terminmodell::Terminmodell(const std::vector<Termin>& Ereignisse, std::size_t Spaltenzahl, QObject* Eltern)
+    : QAbstractTableModel(Eltern),
+      Termine(Ereignisse),
+      Spalten(Spaltenzahl),
+      Zeilen(static_cast<int>(Ereignisse.size())) {}
+
+void Terminmodell::Erneuern() {
+    beginResetModel();
+    Zeilen = static_cast<int>(Termine.size());
+    endResetModel();
+}
+
+void Terminmodell::Auffrischen(std::size_t Nummer) {
+    const int Zeile = static_cast<int>(Nummer) - 1;
+    emit dataChanged(index(Zeile, 0), index(Zeile, columnCount() - 1));
+}
+
+QVariant Terminmodell::data(const QModelIndex& Zelle, int Rolle) const {
+    const auto Zeile = static_cast<std::size_t>(Zelle.row());
+    if (Rolle != Qt::DisplayRole || Zeile >= Termine.size()) return {};
+    return QtText(TerminZelle(Termine[Zeile], TerminSpalten[static_cast<std::size_t>(Zelle.column())]));
+}
+
+QVariant Terminmodell::headerData(int Abschnitt, Qt::Orientation Richtung, int Rolle) const {
+    if (Rolle != Qt::DisplayRole || Richtung != Qt::Horizontal) return {};
+    return QtText(TerminSpalten[static_cast<std::size_t>(Abschnitt)]);
+}
+
+QTreeView* TerminansichtAnlegen(QWidget* Eltern, const std::vector<Termin>& Ereignisse,
+                                std::size_t Spaltenzahl) {
+    auto* const Ansicht = new QTreeView(Eltern);
+    Ansicht->setObjectName(u"lstEreignisse"_s);
+    Ansicht->setAccessibleName(u"Ereignisse"_s);
+    Ansicht->setModel(new Terminmodell(Ereignisse, Spaltenzahl, Ansicht));
+    Ansicht->setRootIsDecorated(false);
+    Ansicht->setUniformRowHeights(true);
+    Ansicht->setAllColumnsShowFocus(true);
+    Ansicht->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    Ansicht->header()->setObjectName(u"lstEreignisseSpalten"_s);
+    const int Zeichen = Ansicht->fontMetrics().averageCharWidth();
+    Ansicht->setColumnWidth(0, Zeichen * 34);
+    for (int Spalte = 1; Spalte < static_cast<int>(Spaltenzahl); ++Spalte)
+        Ansicht->setColumnWidth(Spalte, Zeichen * 22);
+    Ansicht->setMinimumSize(Zeichen * 100, Ansicht->fontMetrics().height() * 14);
+    return Ansicht;
+}
+
+}  // namespace liedwerk
