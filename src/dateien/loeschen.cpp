@@ -2,6 +2,7 @@
 
 #include "basis/datei.h"
 #include "basis/pfad.h"
+#include "dateien/verschieben.h"
 
 namespace liedwerk {
 namespace {
@@ -85,7 +86,7 @@ Löschergebnis DateienLöschen(const Dateiumgebung& Umgebung, std::span<const Sa
         const auto Da = DateiNichtVerfügbarPrüfen(Umgebung.Index, Sätze[Stelle], Umgebung.Medium,
                                                   Umgebung.Laufwerk, Person, false);
         Ergebnis.Abgebrochen = Da == Verfügbarkeit::Abbrechen;
-        if (Da != Verfügbarkeit::Weiter) continue;
+        if (Da != Verfügbarkeit::Weiter || !SchreibtestDatei(Person, Pfad)) continue;
         const auto Fehler = EinzelnLöschen(Umgebung, Pfad, Papierkorb);
         if (!Fehler) {
             Ergebnis.Gelöscht.push_back(Sätze[Stelle]);

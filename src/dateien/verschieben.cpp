@@ -172,6 +172,10 @@ Verschiebeergebnis DateiVerschieben(Oberfläche& Person, std::string_view Quelle
         Ergebnis.Umgezogen = Ergebnis.Getan = NameVerzeichnet(Ziel) && !NameVerzeichnet(Quelle);
         return Ergebnis;
     }
+    if (Verschieben && !SchreibtestDatei(Person, Quelle)) {
+        Ergebnis.Übersprungen = true;
+        return Ergebnis;
+    }
     switch (WegFinden(Person, Quelle, Ergebnis.Ziel, Überschreiben)) {
         case Weg::Frei:
             Ausführen(Dabei, Quelle, Verschieben, Vorhandenes::Lassen, Ergebnis);
@@ -194,6 +198,21 @@ Verschiebeergebnis DateiVerschieben(Oberfläche& Person, std::string_view Quelle
     }
     Ergebnis.Umgezogen = Verschieben && !DateiExistiert(Quelle) && DateiExistiert(Ergebnis.Ziel);
     return Ergebnis;
+}
+
+bool SchreibtestDatei(Oberfläche& Person, std::string_view Pfad) {
+    // Whoever rewrites a media file holds its temporary name locked. The file itself is not renamed to and
+    // fro as a trial: a crash in between would leave it under a name that is none.
+    const auto Frei = [Temporär = std::string(Pfad) + "~lwitmp"] {
+        return SperreLesen(Temporär) != Sperrzustand::Gehalten;
+    };
+    if (Frei()) return true;
+    return Person.DateiNichtVerfügbarSchreibenZeigen(
+        {"Die Datei '" + std::string(Pfad) +
+             "' ist derzeit für Schreibvorgänge gesperrt.\nBitte schließen Sie Programme, die auf diese "
+             "Datei "
+             "zugreifen oder brechen Sie den Vorgang ab.",
+         Frei});
 }
 
 std::string NächsterDateiname(std::string_view Pfad, std::string_view Vor, std::int64_t Mitte,

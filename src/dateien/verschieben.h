@@ -39,6 +39,10 @@ struct Verschiebeergebnis {
 Verschiebeergebnis DateiVerschieben(Oberfläche& Person, std::string_view Quelle, std::string_view Ziel,
                                     bool Verschieben, std::int16_t Überschreiben, std::int64_t Position = 0);
 
+// SchreibtestDatei: false while another run of the program is writing this file anew, and the person does not
+// want to wait for it. Renaming or deleting it at that moment would bring the old name back.
+bool SchreibtestDatei(Oberfläche& Person, std::string_view Pfad);
+
 // The next free name beside a file: Vor + running number + Nach + its extension, counted up from Mitte.
 // Empty after 10,000 candidates that all exist.
 std::string NächsterDateiname(std::string_view Pfad, std::string_view Vor, std::int64_t Mitte,
