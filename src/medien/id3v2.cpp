@@ -75,14 +75,6 @@ void QualitätSetzen(std::string_view Wert, Datensatz& Satz) {
     }
 }
 
-// Kept: an encoding other than 0 is not looked at. Its byte goes with the NULs, a byte-order mark stays.
-std::string RahmentextBilden(std::string_view Wert, bool ZeilenEntfernen) {
-    // Meant for the language in front of a comment; counts for every frame.
-    constexpr std::size_t SprachLänge = 3;
-    if (Wert.size() > SprachLänge && Wert[SprachLänge] == '\0') Wert.remove_prefix(SprachLänge + 1);
-    return AnsiNachUtf8(TextBereinigen(Wert, ZeilenEntfernen));
-}
-
 // Stores a frame. False when its identifier is padding, the end of all frames.
 bool RahmenAuswerten(std::string_view Rahmen, const Rahmenform& Form, Datensatz& Satz) {
     const std::string_view Kennung = Rahmen.substr(0, Form.KennungLänge);
@@ -91,7 +83,7 @@ bool RahmenAuswerten(std::string_view Rahmen, const Rahmenform& Form, Datensatz&
 
     if (const Id3v2Rahmenfeld* Feld = RahmenfeldFinden(Kennung, Form)) {
         const bool Kommentar = Feld->Feld == &Datensatz::V2Kommentar;
-        Satz.*(Feld->Feld) = RahmentextBilden(Wert, !Kommentar);
+        Satz.*(Feld->Feld) = Id3v2RahmentextLesen(Rahmen.substr(Form.KopfLänge), !Kommentar);
         return true;
     }
     if (Kennung == Id3v2QualitätKennung) {
@@ -166,6 +158,14 @@ std::optional<std::uint64_t> Id3v2KennungSuchen(Dateianfang& Anfang, std::int64_
         if (Fund != std::string_view::npos) return Ab + Fund;
     }
     return std::nullopt;
+}
+
+std::string Id3v2RahmentextLesen(std::string_view Inhalt, bool ZeilenEntfernen) {
+    // Meant for the language in front of a comment; counts for every frame.
+    constexpr std::size_t SprachLänge = 3;
+    if (Inhalt.starts_with('\0')) Inhalt.remove_prefix(1);
+    if (Inhalt.size() > SprachLänge && Inhalt[SprachLänge] == '\0') Inhalt.remove_prefix(SprachLänge + 1);
+    return AnsiNachUtf8(TextBereinigen(Inhalt, ZeilenEntfernen));
 }
 
 Id3v2Ergebnis Mp3TAGLesenV2(Dateianfang& Anfang, std::int64_t BytesSuchen, Datensatz& Satz) {

@@ -71,6 +71,9 @@ std::int32_t Id3v2GrößeLesen(std::string_view Bytes, Id3v2Größenform Form);
 // 0-based place of the first "ID3" in the first BytesSuchen bytes of a file (0 or below: in all of it);
 // nothing when it is not there.
 std::optional<std::uint64_t> Id3v2KennungSuchen(Dateianfang& Anfang, std::int64_t BytesSuchen);
+// The text of a frame's content (encoding byte in front). Kept: an encoding other than 0 is not looked at:
+// its byte goes with the NULs, a byte-order mark stays.
+std::string Id3v2RahmentextLesen(std::string_view Inhalt, bool ZeilenEntfernen);
 
 enum class Id3v2Ergebnis {
     Gelesen,      // a tag was decoded, or there is none (HatId3v2 tells)

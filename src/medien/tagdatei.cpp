@@ -17,6 +17,20 @@
 namespace liedwerk {
 namespace {
 
+// A path with something behind it. A name that is too long for that on common file systems is shortened.
+std::string MitEndung(std::string_view Pfad, std::string_view Endung) {
+    const std::size_t Höchstlänge = 255 - Endung.size();
+    const std::size_t Namenslänge = DateinameVon(Pfad).size();
+    if (Namenslänge > Höchstlänge) {
+        Pfad.remove_suffix(Namenslänge - Höchstlänge);
+        // Not in the midst of a character.
+        while ((static_cast<unsigned char>(Pfad.back()) & 0xC0U) == 0x80U)
+            Pfad.remove_suffix(1);
+        if (static_cast<unsigned char>(Pfad.back()) >= 0xC0U) Pfad.remove_suffix(1);
+    }
+    return std::string(Pfad).append(Endung);
+}
+
 // A piece of a new file: bytes of its own, or a range of the old file.
 struct Dateistück {
     std::string_view Bytes{};
@@ -53,29 +67,61 @@ Ausgang AmOrtSchreiben(std::string_view Pfad, const Lesedatei& Quelle, std::uint
     return {LiegtAmZugriff(Fehler) ? Schritt::Zugriff : Schritt::Schreiben, std::move(Fehler)};
 }
 
-Ausgang NeuSchreiben(std::string_view Pfad, const Lesedatei& Quelle,
-                     std::initializer_list<Dateistück> Stücke) {
+// A file with several names (hard links) is overwritten in place, since a rename would part them. Its new
+// content lies whole and flushed beside it meanwhile, so that an interrupted save can be brought to its end.
+Ausgang NamenErhaltenUmschreiben(std::string_view Pfad, const Dateistand& Stand) {
+    const std::string Gesichert = TagGesichertname(Pfad);
+    const Lesedatei Neu = Lesedatei::Öffnen(Gesichert);
+    bool Angefangen = false;
+    auto Fehler = Neu.Offen() ? DateiinhaltÜberschreiben(Pfad, Stand, Neu, Angefangen)
+                              : Dateifehler{EIO, "Der neue Inhalt kann nicht gelesen werden"};
+    if (Fehler && Angefangen) {
+        Fehler.Text += ". Ihr vollständiger neuer Inhalt liegt in '" + Gesichert + "'";
+        return {Schritt::Schreiben, std::move(Fehler)};
+    }
+    DateiLöschen(Gesichert);
+    return Fehler ? Ausgang{Schritt::Schreiben, std::move(Fehler)} : Ausgang{};
+}
+
+// Prepares the new content for the name that it shall have.
+Ausgang Vorbereiten(Dateiersatz& Ersatz, std::string_view Pfad, bool MehrereNamen) {
     if (!DateiBeschreibbar(Pfad))
         return {Schritt::Zugriff, {EACCES, "Auf die Datei kann nicht geschrieben werden"}};
-    Dateiersatz Ersatz;
-    switch (Ersatz.Öffnen(std::string(Pfad), TagTemporärname(Pfad))) {
+    const std::string Gesichert = TagGesichertname(Pfad);
+    if (DateiExistiert(Gesichert)) {
+        return {Schritt::Vorläufig,
+                {EEXIST, "Ein früheres Speichern wurde unterbrochen; der vollständige Inhalt liegt in '" +
+                             Gesichert + "'"}};
+    }
+    switch (
+        Ersatz.Öffnen(MehrereNamen ? Gesichert : std::string(Pfad), TagTemporärname(Pfad), MehrereNamen)) {
         case Dateiersatz::Öffnung::Bereit:
-            break;
+            return {};
         case Dateiersatz::Öffnung::Gesperrt:
             return {Schritt::Vorläufig,
                     {EAGAIN, "Die Datei wird gerade von einem anderen Programmlauf geschrieben"}};
         case Dateiersatz::Öffnung::Fehler:
-            return {Schritt::Vorläufig, Ersatz.Fehler()};
+            break;
     }
+    return {Schritt::Vorläufig, Ersatz.Fehler()};
+}
+
+Ausgang NeuSchreiben(std::string_view Name, const Lesedatei& Quelle,
+                     std::initializer_list<Dateistück> Stücke) {
+    const std::string Pfad = VerweiseAuflösen(Name);
+    const bool MehrereNamen = HatWeitereNamen(Pfad);
+    Dateiersatz Ersatz;
+    if (auto Ende = Vorbereiten(Ersatz, Pfad, MehrereNamen); Ende.Stand != Schritt::Fertig) return Ende;
     for (const Dateistück& Stück : Stücke) {
         const bool Gelungen = Stück.Bytes.empty() ? Ersatz.Kopieren(Quelle, Stück.Stelle, Stück.Länge)
                                                   : Ersatz.Schreiben(Stück.Bytes);
         if (!Gelungen) return {Schritt::Schreiben, Ersatz.Fehler()};
     }
     // What somebody did to the original meanwhile must not be undone by our copy of it.
-    if (auto Fehler = Quelle.Sperren(Pfad)) return {Schritt::Schreiben, std::move(Fehler)};
-    if (Ersatz.Übernehmen()) return {};
-    return {LiegtAmZugriff(Ersatz.Fehler()) ? Schritt::Ersetzen : Schritt::Schreiben, Ersatz.Fehler()};
+    if (auto Fehler = Quelle.Sperren(Name)) return {Schritt::Schreiben, std::move(Fehler)};
+    if (!Ersatz.Übernehmen())
+        return {LiegtAmZugriff(Ersatz.Fehler()) ? Schritt::Ersetzen : Schritt::Schreiben, Ersatz.Fehler()};
+    return MehrereNamen ? NamenErhaltenUmschreiben(Pfad, Quelle.Stand()) : Ausgang{};
 }
 
 // What the messages call a tag.
@@ -236,18 +282,16 @@ std::string Entferntext(std::string_view Pfad, Tagblock Block, const Ausgang& En
 
 }  // namespace
 
+std::string TagName(Tagblock Block) {
+    return std::string(NameVon(Block).Name) + "-TAG";
+}
+
 std::string TagTemporärname(std::string_view Pfad) {
-    // A longer name would have no room on common file systems.
-    constexpr std::size_t HöchsteNamenslänge = 255 - TagTemporärEndung.size();
-    const std::size_t Namenslänge = DateinameVon(Pfad).size();
-    if (Namenslänge > HöchsteNamenslänge) {
-        Pfad.remove_suffix(Namenslänge - HöchsteNamenslänge);
-        // Not in the midst of a character.
-        while ((static_cast<unsigned char>(Pfad.back()) & 0xC0U) == 0x80U)
-            Pfad.remove_suffix(1);
-        if (static_cast<unsigned char>(Pfad.back()) >= 0xC0U) Pfad.remove_suffix(1);
-    }
-    return std::string(Pfad).append(TagTemporärEndung);
+    return MitEndung(Pfad, TagTemporärEndung);
+}
+
+std::string TagGesichertname(std::string_view Pfad) {
+    return MitEndung(Pfad, "~lwineu");
 }
 
 bool Id3v1Schreiben(std::string_view Pfad, std::string_view Block, std::string& Meldung) {
@@ -343,20 +387,29 @@ bool TagAusDateiEntfernen(std::string_view Pfad, Tagblock Block, const Tagoption
 }
 
 bool DateiZurückholen(std::string_view Pfad, Oberfläche& Person) {
-    const std::string Temporär = TagTemporärname(Pfad);
-    if (DateiExistiert(Pfad)) return true;
-    if (!EigeneDatei(Temporär) || SperreLesen(Temporär) != Sperrzustand::Frei) return false;
-    const auto Antwort = Person.JaNein(
-        Symbol::Frage, "Die Datei '" + std::string(Pfad) + "' fehlt, aber die vorläufige Datei '" + Temporär +
-                           "' eines unterbrochenen Speicherns ist noch vorhanden.\n\n"
-                           "Möchten Sie diese wieder in '" +
-                           std::string(DateinameVon(Pfad)) + "' umbenennen?");
-    if (Antwort != Antwort::Ja) return false;
-    const auto Fehler = DateiUmbenennen(Temporär, Pfad);
+    const std::string Name(Pfad);
+    const bool Fehlt = !DateiExistiert(Pfad);
+    const std::string Rest = Fehlt ? TagTemporärname(Pfad) : TagGesichertname(VerweiseAuflösen(Pfad));
+    if (!EigeneDatei(Rest) || SperreLesen(Rest) != Sperrzustand::Frei) return !Fehlt;
+    const std::string Frage =
+        Fehlt ? "Die Datei '" + Name + "' fehlt, aber die vorläufige Datei '" + Rest +
+                    "' eines unterbrochenen Speicherns ist noch vorhanden.\n\nMöchten Sie diese wieder in '" +
+                    std::string(DateinameVon(Pfad)) + "' umbenennen?"
+              : "Das letzte Speichern der Datei '" + Name +
+                    "' wurde unterbrochen. Ihr vollständiger neuer Inhalt "
+                    "liegt in '" +
+                    Rest + "'.\n\nMöchten Sie das Speichern jetzt abschließen?";
+    if (Person.JaNein(Symbol::Frage, Frage) != Antwort::Ja) return !Fehlt;
+    Dateifehler Fehler;
+    if (Fehlt) {
+        Fehler = DateiUmbenennen(Rest, Pfad);
+    } else if (const auto Stand = DateistandLesen(Pfad)) {
+        Fehler = NamenErhaltenUmschreiben(VerweiseAuflösen(Pfad), *Stand).Fehler;
+    }
     if (!Fehler) return true;
     Person.Melden(Symbol::Ausrufezeichen,
-                  "Die Datei '" + Temporär + "' konnte nicht umbenannt werden: " + Fehler.Text + ".");
-    return false;
+                  "Die Datei '" + Name + "' konnte nicht wiederhergestellt werden: " + Fehler.Text + ".");
+    return !Fehlt;
 }
 
 }  // namespace liedwerk

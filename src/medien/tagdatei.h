@@ -19,8 +19,14 @@ namespace liedwerk {
 // What stands behind a media file's path while it is rewritten.
 inline constexpr std::string_view TagTemporärEndung = "~lwitmp";
 
+// What messages call a tag: "ID3v1-TAG", "ID3v2-TAG", "Lyrics-TAG".
+std::string TagName(Tagblock Block);
+
 // The name under which the file's new content is prepared; a name that is too long for it is shortened.
 std::string TagTemporärname(std::string_view Pfad);
+// The name of the whole new content of a file with several names (hard links) while it is overwritten in
+// place.
+std::string TagGesichertname(std::string_view Pfad);
 
 // The settings that writing and removing need.
 struct Tagoptionen {
@@ -42,8 +48,9 @@ bool LyricsSchreiben(std::string_view Pfad, std::string_view Text, std::string& 
 bool TagAusDateiEntfernen(std::string_view Pfad, Tagblock Block, const Tagoptionen& Optionen,
                           std::string& Meldung);
 
-// Where the file is missing and its temporary file, left behind by an interrupted save, is there: asks
-// whether that shall take the name again. True when the file is there at the end.
+// Brings an interrupted save to its end, where the person wants that: a file that is missing gets its
+// temporary file back under its name, one with several names the content that was to overwrite it. True when
+// the file is there at the end.
 bool DateiZurückholen(std::string_view Pfad, Oberfläche& Person);
 
 }  // namespace liedwerk

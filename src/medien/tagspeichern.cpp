@@ -10,6 +10,7 @@
 #include "medien/id3v1.h"
 #include "medien/id3v2.h"
 #include "medien/tagdatei.h"
+#include "medien/tagverlust.h"
 
 namespace liedwerk {
 namespace {
@@ -69,11 +70,48 @@ bool BlockSchreiben(const Tagumgebung& Umgebung, const Tagarbeit& Arbeit, Tagblo
     return false;
 }
 
+// What a change of a tag is called in the question before it.
+struct Vorgang {
+    std::string_view Name;
+    std::string_view Frage;
+};
+constexpr Vorgang Speichern{"Speichern", "Möchten Sie trotzdem speichern?"};
+constexpr Vorgang Entfernen{"Entfernen", "Möchten Sie diesen trotzdem entfernen?"};
+
+// True when nothing is lost, or the person takes the loss.
+bool VerlustErlaubt(const Tagumgebung& Umgebung, const Tagarbeit& Arbeit, Tagblock Block, const Vorgang& Was,
+                    const std::vector<std::string>& Verluste) {
+    if (Verluste.empty()) return true;
+    std::string Text = "Beim " + std::string(Was.Name) + " des " + TagName(Block) + "s der Datei '" +
+                       Arbeit.Pfad + "' geht verloren:\n";
+    for (const std::string& Verlust : Verluste)
+        Text += "\n \xE2\x80\xA2 " + Verlust;
+    Text.append("\n\n").append(Was.Frage);
+    return Umgebung.Person.JaNein(Symbol::Ausrufezeichen, Text, Antwort::Nein) == Antwort::Ja;
+}
+
+bool SpeichernErlaubt(const Tagumgebung& Umgebung, const Tagarbeit& Arbeit, Tagblock Block) {
+    return Umgebung.Werte.TAGsVerlustFragen != 1 ||
+           VerlustErlaubt(
+               Umgebung, Arbeit, Block, Speichern,
+               SpeicherverlusteFinden(Arbeit.Pfad, Block, Arbeit.Satz, OptionenVon(Umgebung.Werte)));
+}
+
+bool EntfernenErlaubt(const Tagumgebung& Umgebung, const Tagarbeit& Arbeit, Tagblock Block) {
+    return Umgebung.Werte.TAGsVerlustFragen != 1 ||
+           VerlustErlaubt(Umgebung, Arbeit, Block, Entfernen,
+                          EntfernverlusteFinden(Arbeit.Pfad, Block, OptionenVon(Umgebung.Werte)));
+}
+
 void BlockSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block, bool NurMitInhalt,
                     Tagsergebnis& Ergebnis) {
     bool& Geschrieben = Arbeit.Geschrieben[Platz(Block)];
     if (NurMitInhalt && !Geschrieben && !TagHatInhalt(Arbeit.Satz, Block)) {
         Ergebnis.Gespeichert = true;
+        return;
+    }
+    if (!SpeichernErlaubt(Umgebung, Arbeit, Block)) {
+        Ergebnis.Gescheitert = true;
         return;
     }
     std::string Meldung;
@@ -171,6 +209,10 @@ bool TagEntfernen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block
                   std::string* Meldung) {
     DateiZurückholen(Arbeit.Pfad, Umgebung.Person);
     std::string Text;
+    if (!EntfernenErlaubt(Umgebung, Arbeit, Block)) {
+        if (Meldung != nullptr) *Meldung = "Der " + TagName(Block) + " wurde nicht entfernt.";
+        return false;
+    }
     const bool Entfernt = TagAusDateiEntfernen(Arbeit.Pfad, Block, OptionenVon(Umgebung.Werte), Text);
     if (Entfernt) {
         // The duration depends on the tags, so the stream is read with every one of them.

@@ -60,18 +60,26 @@ void Zurücknehmen(int Griff, std::uint64_t Größe, std::uint64_t Stelle, std::
     Festschreiben(Griff);
 }
 
-}  // namespace
-
-Dateifehler DateiÜberschreiben(std::string_view Pfad, const Dateistand& Erwartet, std::uint64_t Stelle,
-                               std::string_view Bytes) {
+// Opens a file for overwriting while it is in the state that the caller has seen.
+Dateifehler BekanntesÖffnen(std::string_view Pfad, const Dateistand& Erwartet, Griffhalter& Ergebnis) {
     const auto Name = Systempfad(Pfad);
     if (!Name) return LetzterSystemfehler();
-    const Griffhalter Griff(
+    Griffhalter Griff(
         Beharrlich([&] { return ::open(Name->c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
     struct stat Angaben {};
     if (!Griff || ::fstat(Griff.Wert(), &Angaben) != 0) return LetzterSystemfehler();
     if (!S_ISREG(Angaben.st_mode)) return Systemfehler(EINVAL, "Das ist keine gewöhnliche Datei");
     if (StandVon(Angaben) != Erwartet) return Systemfehler(EBUSY, DateiVerändert);
+    Ergebnis.Tauschen(Griff);
+    return {};
+}
+
+}  // namespace
+
+Dateifehler DateiÜberschreiben(std::string_view Pfad, const Dateistand& Erwartet, std::uint64_t Stelle,
+                               std::string_view Bytes) {
+    Griffhalter Griff;
+    if (auto Fehler = BekanntesÖffnen(Pfad, Erwartet, Griff)) return Fehler;
     const std::uint64_t Größe = Erwartet.Größe;
     std::string Alt(Stelle < Größe ? std::min<std::uint64_t>(Bytes.size(), Größe - Stelle) : 0, '\0');
     if (!SpanneLesen(Griff.Wert(), Stelle, Alt)) return LetzterSystemfehler();
@@ -80,6 +88,24 @@ Dateifehler DateiÜberschreiben(std::string_view Pfad, const Dateistand& Erwarte
     auto Fehler = LetzterSystemfehler();
     Zurücknehmen(Griff.Wert(), Größe, Stelle, Alt);
     return Fehler;
+}
+
+Dateifehler DateiinhaltÜberschreiben(std::string_view Pfad, const Dateistand& Erwartet,
+                                     const Lesedatei& Quelle, bool& Angefangen) {
+    constexpr std::uint64_t Blockgröße = 1 << 20;
+    Angefangen = false;
+    Griffhalter Griff;
+    if (auto Fehler = BekanntesÖffnen(Pfad, Erwartet, Griff)) return Fehler;
+    if (!PlatzBelegen(Griff.Wert(), Erwartet.Größe, Quelle.Größe())) return LetzterSystemfehler();
+    Angefangen = true;
+    for (std::uint64_t Stelle = 0; Stelle < Quelle.Größe(); Stelle += Blockgröße) {
+        const std::string Block = Quelle.Lesen(Stelle, Blockgröße);
+        if (Block.size() != std::min(Blockgröße, Quelle.Größe() - Stelle)) return Systemfehler(EIO);
+        if (!SpanneSchreiben(Griff.Wert(), Stelle, Block)) return LetzterSystemfehler();
+    }
+    const auto Kürzen = [&] { return ::ftruncate(Griff.Wert(), static_cast<off_t>(Quelle.Größe())); };
+    if (Beharrlich(Kürzen) != 0 || !Festschreiben(Griff.Wert())) return LetzterSystemfehler();
+    return {};
 }
 
 }  // namespace liedwerk
