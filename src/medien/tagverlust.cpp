@@ -7,6 +7,7 @@
 #include "basis/text.h"
 #include "basis/zahl.h"
 #include "medien/id3v2.h"
+#include "medien/id3v2modern.h"
 #include "medien/id3v2modernrahmen.h"
 #include "medien/id3v2moderntext.h"
 #include "medien/id3v2modernwerte.h"
@@ -157,7 +158,7 @@ std::string Größentext(std::uint64_t Größe) {
 Verluste Id3v2VerlusteFinden(const Lesedatei& Datei, const Datensatz* Neu, const Tagoptionen& Optionen) {
     Datensatz Zustand;
     Dateianfang Anfang(Datei);
-    Mp3TAGLesenV2(Anfang, Optionen.TAGsBytesSuchen, Zustand);
+    Id3v2Lesen(Anfang, Optionen.TAGsBytesSuchen, Optionen.TAGsModern, Zustand);
     const bool Gefunden = Zustand.Id3v2Position > 0;
     // A tag that is refused is one all the same: a new one in front of it hides it.
     const auto Tag =

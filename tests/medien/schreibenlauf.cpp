@@ -1,0 +1,213 @@
+// TagsSpeichern and TagEntfernen: what is written at all, the questions, and the record of the index.
+#include "basis/text.h"
+#include "index/felder.h"
+#include "medien/tagspeichern.h"
+#include "plattform/speicher/person.h"
+#include "tests/medien/umgebung.h"
+#include "werkzeuge/tagbau.h"
+
+namespace liedwerk {
+namespace {
+
+using namespace tagbau;
+
+class Tagslauf : public Medien {
+  protected:
+    Tagslauf() { Index.Optionen.Dateitypen = DateitypenVorgabe(); }
+    Tagarbeit Beginnen(std::string_view Inhalt, std::string_view Name = "t.mp3", bool ImIndex = true) {
+        const std::string Pfad = Anlegen(Name, Inhalt);
+        Satznummer Nummer = 0;
+        if (ImIndex) {
+            const Leseauftrag Auftrag{Lesecode::Lesen("1111"), true, true, false};
+            Nummer = SatzAnhängen(Index, Pfad, MedienDatenLesen(Umgebung, Pfad, {}, Auftrag));
+        }
+        Index.IndexGeändert = false;
+        return TagarbeitBeginnen(Welt, Pfad, Nummer);
+    }
+    static std::string Inhalt(const Tagarbeit& Arbeit) { return DateiLesen(Arbeit.Pfad).value_or("(fehlt)"); }
+    // The question that was asked last; empty when none was.
+    std::string Frage() {
+        const std::string Letzte = Person.Gefragt.empty() ? "" : Person.Gefragt.back();
+        Person.Gefragt.clear();
+        return Letzte;
+    }
+
+    Katalog Index;
+    Einstellungen Werte;
+    Mediumspeicher Medium;
+    speicher::Laufwerksliste Drives;
+    speicher::Protokollliste Log;
+    speicher::Person Person;
+    const Tagumgebung Welt{Index,
+                           Werte,
+                           [this](std::string_view Pfad, const Datensatz& Satz, const Leseauftrag& Was) {
+                               Medienumgebung Jetzige = Umgebung;
+                               Jetzige.TAGsModern = Werte.TAGsModern == 1;
+                               return MedienDatenLesen(Jetzige, Pfad, Satz, Was);
+                           },
+                           Medium,
+                           {Drives, Werte, Log, {}},
+                           Person,
+                           "Liedwerk 1.00"};
+};
+
+TEST_F(Tagslauf, LeereBlöckeWerdenNurMitInhaltÜbergangen) {
+    Tagarbeit Arbeit = Beginnen("Ton");
+    auto Ergebnis = TagsSpeichern(Welt, Arbeit, Tagauswahl::Alle, true);
+    EXPECT_TRUE(Ergebnis.Gespeichert && !Ergebnis.Gescheitert);
+    EXPECT_EQ(Inhalt(Arbeit), "Ton");
+    EXPECT_FALSE(Index.IndexGeändert);
+    Arbeit.Satz.Titel = "da";
+    TagsSpeichern(Welt, Arbeit, Tagauswahl::Id3v1, true);
+    EXPECT_EQ(Inhalt(Arbeit).size(), 3U + 128U);
+    EXPECT_TRUE(Index.IndexGeändert);
+    // Written in this visit: now the emptied block goes into the file too.
+    Arbeit.Satz.Titel.clear();
+    TagsSpeichern(Welt, Arbeit, Tagauswahl::Id3v1, true);
+    EXPECT_EQ(Inhalt(Arbeit).substr(3, 33), "TAG" + std::string(30, ' '));
+    TagsSpeichern(Welt, Arbeit, Tagauswahl::Alle, false);
+    EXPECT_EQ(Arbeit.Satz.HatId3v1 + Arbeit.Satz.HatId3v2 + Arbeit.Satz.HatLyrics, 3);
+}
+
+TEST_F(Tagslauf, SatzDesIndexFolgtDerDateiUndNichtDenEingaben) {
+    Tagarbeit Arbeit = Beginnen("Ton");
+    Datensatz Gespielt = Index.Sätze.Lesen(Arbeit.Nummer);
+    Gespielt.AbspielHäufigkeit = 7;
+    Index.Sätze.Setzen(Arbeit.Nummer, Arbeit.Pfad, Gespielt);
+    Arbeit.Satz.Titel = "gespeichert";
+    Arbeit.Satz.Kommentar = std::string(40, 'k');
+    Arbeit.Satz.V2Titel = "nur getippt";
+    TagsSpeichern(Welt, Arbeit, Tagauswahl::Id3v1, false);
+    Datensatz Satz = Index.Sätze.Lesen(Arbeit.Nummer);
+    EXPECT_EQ(Satz.Titel + Satz.V2Titel, "gespeichert");
+    EXPECT_EQ(Satz.Kommentar, std::string(30, 'k'));
+    EXPECT_EQ(Satz.AbspielHäufigkeit, 7);
+    EXPECT_EQ(Satz.Größe, 3 + 128);
+    EXPECT_TRUE(TagEntfernen(Welt, Arbeit, Tagblock::Id3v1, false));
+    Satz = Index.Sätze.Lesen(Arbeit.Nummer);
+    EXPECT_EQ(Satz.Titel + Arbeit.Satz.Titel, "");
+    EXPECT_EQ(Satz.HatId3v1, TagFehlt);
+    std::string Meldung;
+    EXPECT_FALSE(TagEntfernen(Welt, Arbeit, Tagblock::Lyrics, true, &Meldung));
+    EXPECT_TRUE(Person.Meldungen.empty());
+    EXPECT_FALSE(TagEntfernen(Welt, Arbeit, Tagblock::Lyrics, false));
+    EXPECT_EQ(Person.Meldungen, std::vector<std::string>{Meldung});
+}
+
+TEST_F(Tagslauf, GenreBekommtSeineNummerUndDieSoftwareDenNamen) {
+    struct Fall {
+        std::string Genre, Software, NeuesGenre, NeueSoftware;
+        std::int16_t OhneZahlen = 0;
+        std::int32_t FeldSchreiben = 1;
+    };
+    const std::string Unsere = "Liedwerk 1.00 - www.liedwerk.invalid";
+    for (const Fall& F : std::vector<Fall>{{"rock", "", "(17)rock", Unsere},
+                                           {"eigenes", "Liedwerk 0.9 - x", "eigenes", Unsere},
+                                           {"Rock", "ein anderes", "Rock", "ein anderes", 1},
+                                           {"(17)Rock", "", "(17)Rock", "", 0, 0}}) {
+        Tagarbeit Arbeit = Beginnen("Ton");
+        Werte.ID3v2GenreZahlenEntfernen = F.OhneZahlen;
+        Werte.TAGsSoftwareFeldSchreiben = F.FeldSchreiben;
+        Arbeit.Satz.V2Genre = F.Genre;
+        Arbeit.Satz.V2Software = F.Software;
+        TagsSpeichern(Welt, Arbeit, Tagauswahl::Id3v2, true);
+        EXPECT_EQ(Arbeit.Satz.V2Genre + "/" + Arbeit.Satz.V2Software, F.NeuesGenre + "/" + F.NeueSoftware);
+    }
+}
+
+TEST_F(Tagslauf, FremdeDateiartUndFehlendeDateiSchreibenNichtsUngefragt) {
+    Tagarbeit Arbeit = Beginnen("Ton", "t.ogg");
+    Arbeit.Satz.Titel = "x";
+    EXPECT_TRUE(TagsSpeichern(Welt, Arbeit, Tagauswahl::Id3v1, false).Gespeichert);  // preset: yes
+    EXPECT_EQ(Frage(),
+              "Sie sollten TAGs nur in Dateien des Typs 'MPEG Audio/AAC' speichern.\n"
+              "Der Datei-Typ konnte anhand der Dateiendung nicht als passend erkannt werden.\n\n"
+              "Möchten Sie trotzdem speichern (nicht empfohlen)?");
+    Person.Antworten = {Antwort::Nein};
+    const std::string Vorher = Inhalt(Arbeit);
+    Arbeit.Satz.Titel = "y";
+    EXPECT_FALSE(TagsSpeichern(Welt, Arbeit, Tagauswahl::Id3v1, false).Gespeichert);
+    EXPECT_EQ(Inhalt(Arbeit), Vorher);
+
+    Arbeit = Beginnen("Ton");
+    std::filesystem::remove(Arbeit.Pfad);
+    EXPECT_TRUE(TagsSpeichern(Welt, Arbeit, Tagauswahl::Alle, false).Gescheitert);
+    EXPECT_EQ(Person.Meldungen.size(), 3U);
+    EXPECT_FALSE(DateiExistiert(Arbeit.Pfad));
+}
+
+// A file's ID3v2 tag, a change of the record, and what the question names (empty: there is none).
+TEST_F(Tagslauf, FragtNurVorEchtemVerlustUndSchreibtOhneJaNichts) {
+    const auto Titel = [](std::string_view Text) { return Id3v2Textrahmen("TIT2", Text); };
+    const std::string Wertung = Id3v2Rahmen("POPM", std::string("wer@example\0\x80\0\0\0\x05", 17));
+    struct Fall {
+        std::string Tag;
+        std::string NeuerTitel;
+        std::vector<std::string> Genannt;
+    };
+    const std::vector<Fall> Fälle = {
+        {"", "neu", {}},
+        {Id3v2Tag(3, Titel("a") + Id3v2Rahmen("COMM", std::string("\0eng\0Text", 9)), 50), "neu", {}},
+        {Id3v2Tag(3, Titel("a") + Id3v2Textrahmen("TIT2", "a")), "neu", {}},
+        {Id3v2Tag(3, Titel("a") + Id3v2Rahmen("APIC", "Bild") + Id3v2Rahmen("PRIV", "x")),
+         "neu",
+         {"1 Bild(er)", "PRIV"}},
+        {Id3v2Tag(3, Id3v2Rahmen("APIC", std::string(70000, 'b'))), "neu", {"1 Bild(er)", "70.020 Bytes"}},
+        {Id3v2Tag(3, Titel("a") + Wertung), "neu", {"Bewertung"}},
+        {Id3v2Tag(3, Id3v2Textrahmen("TPE1", "Виктор", true)), "neu", {"'Виктор' wird zu '??????'"}},
+        {Id3v2Tag(3, Id3v2Textrahmen("TIT2", "Виктор", true)), "neu", {}},
+        {Id3v2Tag(4,
+                  Id3v2Textrahmen("TALB", std::string(300, 'a'), false, true) + Id3v2Textrahmen("TPE1", "b")),
+         "neu",
+         {"TALB, TPE1"}},
+        {Id3v2Tag(2, Id3v2Rahmen("TT2", std::string("\0a", 2)) + Id3v2Rahmen("TP1", std::string("\0b", 2))),
+         "neu",
+         {"TP1"}},
+        {Id3v2Tag(3, Titel("a") + "\x01\x02Ton im TAG"), "neu", {"unbekannter Art"}},
+        {"", "Жук", {"'Жук' wird zu '???'"}},
+        {"", std::string(66000, 'x'), {"jenseits von 65.535 Bytes"}},
+    };
+    for (const Fall& F : Fälle) {
+        Tagarbeit Arbeit = Beginnen(F.Tag + "Ton");
+        const std::string Vorher = Inhalt(Arbeit);
+        Arbeit.Satz.V2Titel = F.NeuerTitel;
+        const auto Ergebnis = TagsSpeichern(Welt, Arbeit, Tagauswahl::Id3v2, false);
+        const std::string Text = Frage();
+        EXPECT_EQ(Ergebnis.Gespeichert, F.Genannt.empty()) << Text;
+        EXPECT_EQ(Inhalt(Arbeit) == Vorher, !F.Genannt.empty());
+        EXPECT_EQ(Text.empty(), F.Genannt.empty()) << Text;
+        for (const std::string& Teil : F.Genannt)
+            EXPECT_NE(Text.find(Teil), std::string::npos) << Teil << " in " << Text;
+    }
+}
+
+TEST_F(Tagslauf, VerlustfrageGiltAuchDemEntfernenUndLässtSichAbschalten) {
+    const std::string MitBild = Id3v2Tag(3, Id3v2Rahmen("APIC", "Bild"));
+    Tagarbeit Arbeit = Beginnen(MitBild + "Ton");
+    EXPECT_FALSE(TagEntfernen(Welt, Arbeit, Tagblock::Id3v2, true));
+    EXPECT_NE(Frage().find("1 Bild(er)"), std::string::npos);
+    EXPECT_EQ(Inhalt(Arbeit), MitBild + "Ton");
+    Person.Antworten = {Antwort::Ja};
+    EXPECT_TRUE(TagEntfernen(Welt, Arbeit, Tagblock::Id3v2, true));
+    EXPECT_EQ(Inhalt(Arbeit), "Ton");
+    // A tag of version 1 is read without its first character.
+    Arbeit = Beginnen("Ton" + LyricsV1("Text") + Id3v1Block({}));
+    EXPECT_EQ(Arbeit.Satz.LyricsText, "ext");
+    EXPECT_TRUE(TagsSpeichern(Welt, Arbeit, Tagauswahl::Lyrics, false).Gescheitert);
+    EXPECT_NE(Frage().find("erste Zeichen"), std::string::npos);
+    Arbeit.Satz.LyricsText = std::string(100000, 'l');
+    EXPECT_TRUE(TagsSpeichern(Welt, Arbeit, Tagauswahl::Lyrics, false).Gescheitert);
+    EXPECT_NE(Frage().find("99.999"), std::string::npos);
+    Werte.TAGsVerlustFragen = 0;
+    Arbeit.Satz.LyricsText = "Жук";
+    EXPECT_TRUE(TagsSpeichern(Welt, Arbeit, Tagauswahl::Lyrics, false).Gespeichert);
+    EXPECT_EQ(Arbeit.Satz.LyricsText, "???");
+    Werte.TAGsVerlustFragen = Werte.TAGsModern = 1;
+    Arbeit = Beginnen(MitBild + "Ton");
+    Arbeit.Satz.V2Titel = "Жук";
+    EXPECT_TRUE(TagsSpeichern(Welt, Arbeit, Tagauswahl::Id3v2, false).Gespeichert);
+    EXPECT_EQ(Frage() + Arbeit.Satz.V2Titel, "Жук");
+}
+
+}  // namespace
+}  // namespace liedwerk
