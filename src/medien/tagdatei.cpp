@@ -93,8 +93,8 @@ Ausgang Vorbereiten(Dateiersatz& Ersatz, std::string_view Pfad, bool MehrereName
                 {EEXIST, "Ein früheres Speichern wurde unterbrochen; der vollständige Inhalt liegt in '" +
                              Gesichert + "'"}};
     }
-    switch (
-        Ersatz.Öffnen(MehrereNamen ? Gesichert : std::string(Pfad), TagTemporärname(Pfad), MehrereNamen)) {
+    const std::string Vorbild(MehrereNamen ? Pfad : std::string_view());
+    switch (Ersatz.Öffnen(MehrereNamen ? Gesichert : std::string(Pfad), TagTemporärname(Pfad), Vorbild)) {
         case Dateiersatz::Öffnung::Bereit:
             return {};
         case Dateiersatz::Öffnung::Gesperrt:

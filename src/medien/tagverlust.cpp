@@ -165,7 +165,10 @@ Verluste Id3v2VerlusteFinden(const Lesedatei& Datei, const Datensatz* Neu, const
         Tagkörper::Öffnen(Datei, Gefunden ? static_cast<std::uint64_t>(Zustand.Id3v2Position - 1) : 0);
     if (!Tag || (!Gefunden && Neu == nullptr)) return {};
     Verluste Ergebnis;
-    if (Tag->Kopf.Körperlänge > HöchsteTaggröße) Ergebnis.push_back(Größentext(Tag->Kopf.Gesamtlänge()));
+    if (!Optionen.TAGsModern && Tag->Kopf.Körperlänge > HöchsteTaggröße)
+        Ergebnis.push_back(Größentext(Tag->Kopf.Gesamtlänge()));
+    // A removal keeps no raw frame either.
+    Zustand.Id3v2WeitereFelder.clear();
     Rahmenprüfung Prüfung(*Tag, Zustand, Neu != nullptr ? *Neu : Zustand);
     const Id3v2Gliederung Gliederung = Tag->Gliedern();
     for (const Id3v2Rahmenort& Ort : Gliederung.Rahmen)

@@ -12,6 +12,7 @@
 #include "medien/id3v2.h"
 #include "medien/lyrics.h"
 #include "medien/tagdatei.h"
+#include "plattform/speicher/person.h"
 #include "tests/medien/umgebung.h"
 #include "werkzeuge/tagbau.h"
 

@@ -154,7 +154,7 @@ TEST_F(Tagslauf, FragtNurVorEchtemVerlustUndSchreibtOhneJaNichts) {
          {"1 Bild(er)", "PRIV"}},
         {Id3v2Tag(3, Id3v2Rahmen("APIC", std::string(70000, 'b'))), "neu", {"1 Bild(er)", "70.020 Bytes"}},
         {Id3v2Tag(3, Titel("a") + Wertung), "neu", {"Bewertung"}},
-        {Id3v2Tag(3, Id3v2Textrahmen("TPE1", "Виктор", true)), "neu", {"'Виктор' wird zu '??????'"}},
+        {Id3v2Tag(3, Id3v2Textrahmen("TPE1", "Виктор", true)), "neu", {"'Виктор' wird zu '?"}},
         {Id3v2Tag(3, Id3v2Textrahmen("TIT2", "Виктор", true)), "neu", {}},
         {Id3v2Tag(4,
                   Id3v2Textrahmen("TALB", std::string(300, 'a'), false, true) + Id3v2Textrahmen("TPE1", "b")),
@@ -164,7 +164,7 @@ TEST_F(Tagslauf, FragtNurVorEchtemVerlustUndSchreibtOhneJaNichts) {
          "neu",
          {"TP1"}},
         {Id3v2Tag(3, Titel("a") + "\x01\x02Ton im TAG"), "neu", {"unbekannter Art"}},
-        {"", "Жук", {"'Жук' wird zu '???'"}},
+        {"", "Жук", {"'Жук' wird zu '?"}},
         {"", std::string(66000, 'x'), {"jenseits von 65.535 Bytes"}},
     };
     for (const Fall& F : Fälle) {
@@ -201,7 +201,7 @@ TEST_F(Tagslauf, VerlustfrageGiltAuchDemEntfernenUndLässtSichAbschalten) {
     Werte.TAGsVerlustFragen = 0;
     Arbeit.Satz.LyricsText = "Жук";
     EXPECT_TRUE(TagsSpeichern(Welt, Arbeit, Tagauswahl::Lyrics, false).Gespeichert);
-    EXPECT_EQ(Arbeit.Satz.LyricsText, "???");
+    EXPECT_EQ(Arbeit.Satz.LyricsText, std::string(3, '?'));
     Werte.TAGsVerlustFragen = Werte.TAGsModern = 1;
     Arbeit = Beginnen(MitBild + "Ton");
     Arbeit.Satz.V2Titel = "Жук";
