@@ -23,6 +23,10 @@ const Grundfeld* FeldVon(std::string_view Variable) {
     return GrundfeldFinden(GleichOhneGroß(Name, "track") ? "Titelnummer" : Name);
 }
 
+bool IstAutomatik(std::string_view Format) {
+    return BeginntMitOhneGroß(Format, Automatik);
+}
+
 bool InListe(const std::vector<std::string>& Liste, std::string_view Text) {
     return std::any_of(Liste.begin(), Liste.end(),
                        [&](const std::string& Eintrag) { return GleichOhneGroß(Eintrag, Text); });
@@ -265,9 +269,7 @@ constexpr std::array<std::string_view, 8> EigeneAusschlüsse = {
 
 }  // namespace
 
-std::string AutoTagAusführen(const AutoTagUmgebung& Umgebung, std::string_view Dateiname,
-                             std::string_view Format, Datensatz& Ergebnis, const Datensatz& Satz,
-                             AutoTagZiel Ziel) {
+std::string AutoTagFormatPrüfen(std::string_view Format) {
     if (Format.empty())
         return "Sie haben kein Erkennungs-Format ausgewählt.\nBitte wählen Sie eines im Fenster '" +
                std::string(AutoTagFenstertitel) + "' aus.";
@@ -276,19 +278,26 @@ std::string AutoTagAusführen(const AutoTagUmgebung& Umgebung, std::string_view 
         return "Das von Ihnen zu Erkennung des TAGs verwendete Format ('" + std::string(Format) +
                "') konnte nicht verarbeitet werden.\nÜberprüfen Sie die Schreibweise der Variablen "
                "('%'-Zeichen vergessen?).";
-    const bool IstAutomatik = BeginntMitOhneGroß(Format, Automatik);
     // Kept: the last line is shown as it stands here.
-    if (IstAutomatik && Zerlegt->Variablen.size() > 1)
+    if (IstAutomatik(Format) && Zerlegt->Variablen.size() > 1)
         return "Bei Verwendung der Erkennungs-Variable '%Automatik%' können keine weiteren Variablen "
-               "verwendet "
-               "werden. Bitte ändern Sie das Erkennungs-Format.\n\nDer Vorgang wird abgebrochen.\", "
-               "vbInformation";
+               "verwendet werden. Bitte ändern Sie das Erkennungs-Format.\n\nDer Vorgang wird "
+               "abgebrochen.\", vbInformation";
+    return {};
+}
+
+std::string AutoTagAusführen(const AutoTagUmgebung& Umgebung, std::string_view Dateiname,
+                             std::string_view Format, Datensatz& Ergebnis, const Datensatz& Satz,
+                             AutoTagZiel Ziel) {
+    std::string Meldung = AutoTagFormatPrüfen(Format);
+    if (!Meldung.empty()) return Meldung;
     // The name is taken last: it follows the style of the whole path.
     std::string Text(DateinameVon(DateiOhneEndung(Dateiname)));
     if (Umgebung.Werte.AutoTagUnterstrichEntfernen == 1) Text = Ersetzen(Text, "_", " ");
 
     Lauf Dieser(Umgebung, Dateiname, Satz, Ziel);
-    std::string Meldung = IstAutomatik ? Dieser.Automatisch(Text) : Dieser.NachFormat(Text, *Zerlegt);
+    Meldung =
+        IstAutomatik(Format) ? Dieser.Automatisch(Text) : Dieser.NachFormat(Text, *FormatZerlegen(Format));
     if (!Meldung.empty()) return Meldung;
     Dieser.Ergänzen();
     Ergebnis = std::move(Dieser.Fertiges());

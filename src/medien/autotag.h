@@ -34,6 +34,9 @@ std::string AutoTagAusführen(const AutoTagUmgebung& Umgebung, std::string_view 
                              std::string_view Format, Datensatz& Ergebnis, const Datensatz& Satz,
                              AutoTagZiel Ziel);
 
+// Why a format cannot be used, for the person; empty when it can.
+std::string AutoTagFormatPrüfen(std::string_view Format);
+
 // A format taken apart.
 struct AutoTagFormat {
     std::vector<std::string> Variablen;     // with their "%"; at least one

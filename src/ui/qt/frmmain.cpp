@@ -12,6 +12,7 @@
 #include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
 #include "ui/qt/tagaktionen.h"
+#include "ui/qt/tagfunktionenaktionen.h"
 
 using namespace Qt::StringLiterals;
 
@@ -214,6 +215,7 @@ void frmMain::TeileAnlegen() {
             std::make_unique<Wiedergabeaktionen>(*Platz, *fraPlayer, [this] { tmrScrollUpdate.start(0); });
     DateiaktionenAnlegen(*Platz);
     TagaktionenAnlegen(*Platz);
+    TagfunktionenaktionenAnlegen(*Platz);
     TerminaktionenAnlegen(*Platz);
     Platz->Datei.addSeparator();
     Platz->Datei.addAction(mnuBeenden);
