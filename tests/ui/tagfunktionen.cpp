@@ -11,8 +11,10 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+// Near the left edge: a radio button answers only where its mark and text are.
 void Klicken(QWidget& Form, const QString& Name) {
-    QTest::mouseClick(&Teil<QAbstractButton>(Form, Name), Qt::LeftButton);
+    auto& Knopf = Teil<QAbstractButton>(Form, Name);
+    QTest::mouseClick(&Knopf, Qt::LeftButton, {}, QPoint(8, Knopf.height() / 2));
 }
 
 void Tippen(QWidget& Form, const QString& Name, const QString& Text) {
@@ -50,6 +52,7 @@ TEST(TagfunktionenFormen, FormatHinzufügenWählenUndMerken) {
     // It is in the list already: only chosen.
     auto& Liste = Teil<QListWidget>(Form, u"lstFormate"_s);
     EXPECT_EQ(Liste.currentRow(), 0);
+    Liste.setFocus();
     QTest::keyClick(&Liste, Qt::Key_Delete);
     Liste.setCurrentRow(2);
     const QString Gewählt = Liste.currentItem()->text();

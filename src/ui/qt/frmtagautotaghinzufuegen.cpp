@@ -33,6 +33,9 @@ frmTagAutoTagHinzufügen::frmTagAutoTagHinzufügen(const std::string& Vorhandene
     Spalte->addWidget(txtFormat);
     VariablenAnlegen(*Spalte);
     lblBeispiel = TextHinzufügen(*Spalte, u"lblBeispiel"_s, {});
+    // Room for the name and four fields, so that the window stands still while it is typed.
+    lblBeispiel->setMinimumHeight(fontMetrics().lineSpacing() * 5);
+    lblBeispiel->setAlignment(Qt::AlignTop);
     connect(txtFormat, &QLineEdit::textChanged, this, [this] { BeispielZeigen(); });
     const auto Knöpfe = KnöpfeHinzufügen(
         *Spalte, *this, {{u"cmdOk"_s, u"&OK"_s, Accepted}, {u"cmdAbbrechen"_s, u"A&bbrechen"_s, Rejected}});

@@ -32,6 +32,8 @@ frmTagAutoTagWählen::frmTagAutoTagWählen(Einstellungen& Einstellwerte, std::st
     const auto Knöpfe = KnöpfeHinzufügen(
         *Spalte, *this, {{u"cmdOk"_s, u"&OK"_s, Accepted}, {u"cmdAbbrechen"_s, u"A&bbrechen"_s, Rejected}});
     Knöpfe[0]->setDefault(true);
+    // Without a current format OK takes the first one.
+    Formate->Liste().setCurrentRow(0);
     if (!Werte.AutoTagAktuell.empty()) Formate->Hinzufügen(QtText(Werte.AutoTagAktuell));
     Formate->setFocus();
 }

@@ -1,7 +1,7 @@
 #include "ui/qt/zeilenliste.h"
 
 #include <QHBoxLayout>
-#include <QShortcut>
+#include <QKeyEvent>
 
 #include "basis/text.h"
 #include "ui/qt/qttext.h"
@@ -49,7 +49,15 @@ void Zeilenliste::Hinzufügen(const QString& Text) {
 }
 
 void Zeilenliste::GewählteEntfernen() {
-    delete lstZeilen->takeItem(lstZeilen->currentRow());
+    qDeleteAll(lstZeilen->selectedItems());
+}
+
+bool Zeilenliste::eventFilter(QObject* Objekt, QEvent* Ereignis) {
+    if (Ereignis->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(Ereignis)->key() == Qt::Key_Delete) {
+        GewählteEntfernen();
+        return true;
+    }
+    return QWidget::eventFilter(Objekt, Ereignis);
 }
 
 void Zeilenliste::Verschieben(int Richtung) {
@@ -68,9 +76,11 @@ QPushButton* Zeilenliste::KnopfHinzufügen(const QString& Name, const QString& T
     connect(Knopf, &QPushButton::clicked, this, std::move(Handler));
     Knöpfe->insertWidget(Knöpfe->count() - 1, Knopf);
     if (BrauchtZeile) {
-        Knopf->setEnabled(lstZeilen->currentRow() >= 0);
-        connect(lstZeilen, &QListWidget::currentRowChanged, Knopf,
-                [Knopf](int Zeile) { Knopf->setEnabled(Zeile >= 0); });
+        const auto Schalten = [Knopf, Liste = lstZeilen] {
+            Knopf->setEnabled(!Liste->selectedItems().isEmpty());
+        };
+        Schalten();
+        connect(lstZeilen, &QListWidget::itemSelectionChanged, Knopf, Schalten);
     }
     return Knopf;
 }
@@ -79,9 +89,7 @@ void Zeilenliste::OrdnungsknöpfeHinzufügen() {
     KnopfHinzufügen(u"cmdEntfernen"_s, u"&Entfernen"_s, true, [this] { GewählteEntfernen(); });
     KnopfHinzufügen(u"cmdNachOben"_s, u"&Nach oben"_s, true, [this] { Verschieben(-1); });
     KnopfHinzufügen(u"cmdNachUnten"_s, u"Nach &unten"_s, true, [this] { Verschieben(1); });
-    const auto* const Taste =
-        new QShortcut(QKeySequence::Delete, lstZeilen, nullptr, nullptr, Qt::WidgetShortcut);
-    connect(Taste, &QShortcut::activated, this, [this] { GewählteEntfernen(); });
+    lstZeilen->installEventFilter(this);
 }
 
 }  // namespace liedwerk

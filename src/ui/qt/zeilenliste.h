@@ -24,11 +24,14 @@ class Zeilenliste final : public QWidget {
     // Moves the current row by one place, up (-1) or down (1).
     void Verschieben(int Richtung);
 
-    // A button beside the list; one that needs a row is disabled without a current one.
+    // A button beside the list; one that needs a row is disabled while none is selected.
     QPushButton* KnopfHinzufügen(const QString& Name, const QString& Text, bool BrauchtZeile,
                                  std::function<void()> Handler);
     // The buttons "Entfernen", also by the key Del, "Nach oben" and "Nach unten".
     void OrdnungsknöpfeHinzufügen();
+
+  protected:
+    bool eventFilter(QObject* Objekt, QEvent* Ereignis) override;
 
   private:
     QListWidget* lstZeilen;
