@@ -15,32 +15,37 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Runs a reading in a thread of its own. Mostly it is done before anybody could notice; a drive that spins up
-// gets the progress window instead of a window that does not answer.
-Datensatz ImHintergrundLesen(Oberfläche& Person, const std::string& Pfad,
-                             const std::function<Datensatz()>& Lesen) {
-    auto Ergebnis = std::async(std::launch::async, Lesen);
-    if (Ergebnis.wait_for(50ms) == std::future_status::ready) return Ergebnis.get();
+// Runs the work on a file in a thread of its own. Mostly it is done before anybody could notice; a drive that
+// spins up and a large file get the progress window in place of a window that does not answer.
+void ImHintergrund(Oberfläche& Person, std::string_view Titel, const std::function<void()>& Schritt) {
+    auto Ende = std::async(std::launch::async, Schritt);
+    if (Ende.wait_for(50ms) == std::future_status::ready) return Ende.get();
     // A run over many files shows its own progress.
     const bool Eigenes = !Person.FortschrittOffen();
-    if (Eigenes) Person.FortschrittStarten("Datei wird gelesen", false, 0);
-    while (Ergebnis.wait_for(20ms) != std::future_status::ready) {
+    if (Eigenes) Person.FortschrittStarten(Titel, false, 0);
+    while (Ende.wait_for(20ms) != std::future_status::ready) {
         if (Eigenes) {
-            Person.FortschrittZeigen(Pfad, 0);
+            Person.FortschrittZeigen("", 0);
         } else {
             Person.EreignisseVerarbeiten();
         }
     }
     if (Eigenes) Person.FortschrittSchließen();
-    return Ergebnis.get();
+    Ende.get();
 }
 
-// What writing takes from a run, with a reader that leaves the window alive while a slow drive is read.
+// What reading and writing take from a run, both in the background.
 Tagumgebung UmgebungVon(Anwendung& Programm) {
     Tagumgebung Umgebung = TagumgebungVon(Programm);
-    Umgebung.Leser = [Lesen = std::move(Umgebung.Leser), &Person = Programm.Dienst.Person](
+    Oberfläche& Person = Programm.Dienst.Person;
+    Umgebung.Leser = [Lesen = std::move(Umgebung.Leser), &Person](
                          std::string_view Pfad, const Datensatz& Vorgabe, const Leseauftrag& Auftrag) {
-        return ImHintergrundLesen(Person, std::string(Pfad), [&] { return Lesen(Pfad, Vorgabe, Auftrag); });
+        Datensatz Satz;
+        ImHintergrund(Person, "Datei wird gelesen", [&] { Satz = Lesen(Pfad, Vorgabe, Auftrag); });
+        return Satz;
+    };
+    Umgebung.Ausführen = [&Person](const std::function<void()>& Schritt) {
+        ImHintergrund(Person, "Datei wird gespeichert", Schritt);
     };
     return Umgebung;
 }

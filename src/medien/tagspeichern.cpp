@@ -57,17 +57,27 @@ void EingabeAufbereiten(const Tagumgebung& Umgebung, Tagauswahl Welche, Datensat
     SoftwareErgänzen(Umgebung, Satz);
 }
 
+// Changes the file where the surroundings want it to be done.
+bool DateiÄndern(const Tagumgebung& Umgebung, const std::function<bool()>& Schritt) {
+    if (!Umgebung.Ausführen) return Schritt();
+    bool Gelungen = false;
+    Umgebung.Ausführen([&] { Gelungen = Schritt(); });
+    return Gelungen;
+}
+
 bool BlockSchreiben(const Tagumgebung& Umgebung, const Tagarbeit& Arbeit, Tagblock Block,
                     std::string& Meldung) {
-    switch (Block) {
-        case Tagblock::Id3v1:
-            return Id3v1Schreiben(Arbeit.Pfad, Id3v1BlockBilden(Arbeit.Satz), Meldung);
-        case Tagblock::Id3v2:
-            return Id3v2Schreiben(Arbeit.Pfad, Arbeit.Satz, OptionenVon(Umgebung.Werte), Meldung);
-        case Tagblock::Lyrics:
-            return LyricsSchreiben(Arbeit.Pfad, Arbeit.Satz.LyricsText, Meldung);
-    }
-    return false;
+    return DateiÄndern(Umgebung, [&] {
+        switch (Block) {
+            case Tagblock::Id3v1:
+                return Id3v1Schreiben(Arbeit.Pfad, Id3v1BlockBilden(Arbeit.Satz), Meldung);
+            case Tagblock::Id3v2:
+                return Id3v2Schreiben(Arbeit.Pfad, Arbeit.Satz, OptionenVon(Umgebung.Werte), Meldung);
+            case Tagblock::Lyrics:
+                return LyricsSchreiben(Arbeit.Pfad, Arbeit.Satz.LyricsText, Meldung);
+        }
+        return false;
+    });
 }
 
 // What a change of a tag is called in the question before it.
@@ -213,7 +223,9 @@ bool TagEntfernen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block
         if (Meldung != nullptr) *Meldung = "Der " + TagName(Block) + " wurde nicht entfernt.";
         return false;
     }
-    const bool Entfernt = TagAusDateiEntfernen(Arbeit.Pfad, Block, OptionenVon(Umgebung.Werte), Text);
+    const bool Entfernt = DateiÄndern(Umgebung, [&] {
+        return TagAusDateiEntfernen(Arbeit.Pfad, Block, OptionenVon(Umgebung.Werte), Text);
+    });
     if (Entfernt) {
         // The duration depends on the tags, so the stream is read with every one of them.
         NeuLesen(Umgebung, Arbeit, Block == Tagblock::Id3v1 ? "1010" : "0111");

@@ -8,6 +8,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -36,6 +37,9 @@ struct Tagumgebung {
     Mediumumgebung Mediumfragen;
     Oberfläche& Person;
     std::string Programmname;  // with version, for the field of the software
+    // Runs the rewriting of a file, which may take long; missing: as it is. A window gives it a thread of its
+    // own and stays alive.
+    std::function<void(const std::function<void()>& Schritt)> Ausführen{};
 };
 
 // The work state of a file after reading it with "1111", run flags reset. Nummer 0: a file without record.

@@ -5,6 +5,9 @@
 #include "basis/pfad.h"
 #include "ui/qt/beschreibung.h"
 #include "ui/qt/formkopf.h"
+#include "ui/qt/frmtagautotagwaehlen.h"
+#include "ui/qt/frmtagfeldfuellen.h"
+#include "ui/qt/frmtaglieblingsgenre.h"
 #include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
 
@@ -22,6 +25,7 @@ frmTag::frmTag(Anwendung& Lauf, std::vector<Satznummer> Dateien, QWidget* Eltern
     KopfAnlegen(*Spalte);
     SeitenwahlAnlegen(*Spalte);
     SeitenAnlegen(*Spalte);
+    GenrelistenFüllen();
     FunktionenAnlegen(*Spalte);
     FußAnlegen(*Spalte);
     resize(fontMetrics().averageCharWidth() * 118, fontMetrics().height() * 32);
@@ -125,15 +129,32 @@ void frmTag::chkAutomatischSpeichern_Click(Tagblock Block, bool An) {
     AutomatikVon(Programm.Werte, Block) = An ? 1 : 0;
 }
 
+void frmTag::cmdLieblingsGenre_Click() {
+    if (frmTagLieblingsGenre(Programm.Werte, Programm.Dienst.Person, this).exec() != Accepted) return;
+    EingabeÜbernehmen();
+    GenrelistenFüllen();
+    ArbeitZeigen();
+}
+
 void frmTag::cmdFunktionAusführen_Click() {
     Oberfläche& Person = Programm.Dienst.Person;
     const Funktionszeile* const Funktion = TagfunktionFinden(Utf8Text(cboFunktion->currentText()));
     const Funktionsauswahl* const Auswahl = FunktionsauswahlFinden(Utf8Text(cboFunktionTAG->currentText()));
     const std::string Hindernis = FunktionPrüfen(Funktion, Auswahl);
     if (!Hindernis.empty()) return Person.Melden(Symbol::Information, Hindernis);
-    if (!FunktionBestätigen(Person, *Funktion, *Auswahl)) return;
     EingabeÜbernehmen();
-    EditorFunktionAusführen(Editor, Programm, Funktion->Funktion, *Auswahl, {});
+    if (Funktion->Funktion == Tagfunktion::AutoTagEinstellen) {
+        frmTagAutoTagWählen(Programm.Werte, Editor.Arbeit.Pfad, Person, this).exec();
+        return;
+    }
+    if (!FunktionBestätigen(Person, *Funktion, *Auswahl)) return;
+    Feldvorgabe Feld;
+    if (Funktion->Funktion == Tagfunktion::FelderKopieren) {
+        frmTagFeldFüllen Form(Editor.Arbeit.Satz, *Auswahl, Person, this);
+        if (Form.exec() != Accepted) return;
+        Feld = Form.Vorgabe();
+    }
+    EditorFunktionAusführen(Editor, Programm, Funktion->Funktion, *Auswahl, Feld);
     DateiZeigen();
 }
 

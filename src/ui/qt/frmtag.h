@@ -58,6 +58,9 @@ class frmTag final : public QDialog {
     void FelderUntereinander(QGridLayout& Raster, Tagblatt Blatt);
     void FelderZweispaltig(QGridLayout& Raster, Tagblatt Blatt);
     void GenrelisteAnlegen(QGridLayout& Raster, int Zeile);
+    void GenrelistenFüllen();
+    // A list of genres with the button that edits the favourites beside it.
+    QLayout* MitLieblingsknopf(QComboBox& Liste, const QString& Name);
     void BewertungAnlegen(QGridLayout& Raster, int Zeile, int Spalte);
     QPushButton* KnopfAnlegen(const QString& Name, const QString& Text, std::function<void()> Handler);
     // The page of a block: text of its pane, Felderblatt with the fields, below them Weitere and what saves
@@ -80,6 +83,7 @@ class frmTag final : public QDialog {
     void cmdTAGSpeichern_Click(Tagauswahl Welche);
     void chkAutomatischSpeichern_Click(Tagblock Block, bool An);
     void hscrlv2Qualität_Change();
+    void cmdLieblingsGenre_Click();
     void cmdFunktionAusführen_Click();
 
     Anwendung& Programm;
@@ -101,6 +105,7 @@ class frmTag final : public QDialog {
     std::array<QLabel*, 3> lblTag{};      // texts of the panes, in the order of the blocks
     std::vector<QWidget*> Felderblätter;  // what takes entries, while there is a file for them
     QComboBox* cboMusikrichtung = nullptr;
+    QComboBox* cbov2Musikrichtung = nullptr;
     QSlider* hscrlv2Qualität = nullptr;
     QLabel* lblv2Qualität = nullptr;
     QComboBox* cboFunktion = nullptr;

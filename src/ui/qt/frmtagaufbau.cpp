@@ -195,8 +195,7 @@ QWidget* frmTag::FeldAnlegen(const Tagfeld& Feld) {
         Kombi->setMaxVisibleItems(20);
         // What was typed stays as it is: the list offers, it does not complete.
         Kombi->completer()->setCompletionMode(QCompleter::PopupCompletion);
-        for (const Genrezeile& Zeile : Genrezeilen(Programm.Werte, true))
-            Kombi->addItem(QtText(Zeile.Name));
+        cbov2Musikrichtung = Kombi;
         Felder.push_back({&Feld, [Kombi] { return Kombi->currentText(); },
                           [Kombi](const QString& Text) { Kombi->setEditText(Text); }});
         Eingabe = Kombi;
@@ -233,7 +232,9 @@ void frmTag::FelderUntereinander(QGridLayout& Raster, Tagblatt Blatt) {
         }
         const bool Absatz = Feld.Art == Tagfeldart::Absatz;
         Raster.addWidget(Name, Zeile, 0, Absatz ? Qt::AlignLeft | Qt::AlignTop : Qt::Alignment());
-        if (Feld.Art == Tagfeldart::Kurz) {
+        if (Feld.Art == Tagfeldart::Genre) {
+            Raster.addLayout(MitLieblingsknopf(*cbov2Musikrichtung, u"cmdLieblingsGenreV2"_s), Zeile, 1);
+        } else if (Feld.Art == Tagfeldart::Kurz) {
             Kurze = new QHBoxLayout;
             Kurze->setSpacing(12);
             Kurze->addWidget(Eingabe, 1);
@@ -268,15 +269,40 @@ void frmTag::GenrelisteAnlegen(QGridLayout& Raster, int Zeile) {
     cboMusikrichtung = new QComboBox(this);
     cboMusikrichtung->setObjectName(u"cboMusikrichtung"_s);
     cboMusikrichtung->setMaxVisibleItems(20);
-    cboMusikrichtung->addItem(u"(Keine)"_s, int{KeinGenre});
-    bool Bevorzugte = false;
-    for (const Genrezeile& Eine : Genrezeilen(Programm.Werte, false)) {
-        if (Bevorzugte && !Eine.Bevorzugt) cboMusikrichtung->insertSeparator(cboMusikrichtung->count());
-        Bevorzugte = Eine.Bevorzugt;
-        cboMusikrichtung->addItem(QtText(Eine.Name), int{Eine.Nummer.value_or(KeinGenre)});
-    }
     Raster.addWidget(BeschriftungAnlegen(u"Musikrichtun&g:"_s, *cboMusikrichtung), Zeile, 0);
-    Raster.addWidget(cboMusikrichtung, Zeile, 1);
+    Raster.addLayout(MitLieblingsknopf(*cboMusikrichtung, u"cmdLieblingsGenre"_s), Zeile, 1);
+}
+
+QLayout* frmTag::MitLieblingsknopf(QComboBox& Liste, const QString& Name) {
+    auto* const Knopf = new QToolButton(this);
+    Knopf->setObjectName(Name);
+    Knopf->setIcon(Symbolbild("favorit"));
+    Knopf->setToolTip(u"Lieblings-Musikrichtungen, die in der Liste zuerst stehen"_s);
+    Knopf->setAccessibleName(u"Lieblings-Musikrichtungen"_s);
+    Knopf->setAutoRaise(true);
+    Knopf->setFocusPolicy(Qt::TabFocus);
+    connect(Knopf, &QToolButton::clicked, this, [this] { cmdLieblingsGenre_Click(); });
+    auto* const Reihe = new QHBoxLayout;
+    Reihe->setSpacing(4);
+    Reihe->addWidget(&Liste, 1);
+    Reihe->addWidget(Knopf);
+    return Reihe;
+}
+
+void frmTag::GenrelistenFüllen() {
+    const auto Füllen = [](QComboBox& Liste, const std::vector<Genrezeile>& Zeilen) {
+        bool Bevorzugte = false;
+        for (const Genrezeile& Zeile : Zeilen) {
+            if (Bevorzugte && !Zeile.Bevorzugt) Liste.insertSeparator(Liste.count());
+            Bevorzugte = Zeile.Bevorzugt;
+            Liste.addItem(QtText(Zeile.Name), int{Zeile.Nummer.value_or(KeinGenre)});
+        }
+    };
+    cboMusikrichtung->clear();
+    cboMusikrichtung->addItem(u"(Keine)"_s, int{KeinGenre});
+    Füllen(*cboMusikrichtung, Genrezeilen(Programm.Werte, false));
+    cbov2Musikrichtung->clear();
+    Füllen(*cbov2Musikrichtung, Genrezeilen(Programm.Werte, true));
 }
 
 void frmTag::BewertungAnlegen(QGridLayout& Raster, int Zeile, int Spalte) {
