@@ -181,6 +181,44 @@ TEST_F(TagEditorForm, WasZugleichSichtbarIstHatVerschiedeneTasten) {
     });
 }
 
+TEST_F(TagEditorForm, FunktionenLaufenAusDenListen) {
+    Treiben([&](QWidget& Form) {
+        auto& Funktion = Teil<QComboBox>(Form, u"cboFunktion"_s);
+        auto& Worauf = Teil<QComboBox>(Form, u"cboFunktionTAG"_s);
+        Taste(Form, QKeySequence(u"Alt+A"_s));
+        EXPECT_EQ(Eins.Person.Meldungen,
+                  (std::vector<std::string>{"Bitte wählen Sie eine Funktion und auf welche TAGs Sie diese "
+                                            "anwenden möchten."}));
+        BlattÖffnen(Form, Tagblatt::Id3v1);
+        EXPECT_EQ(Worauf.currentText(), u"Diesen ID3v1-TAG"_s) << "the tag that is looked at";
+        Taste(Form, QKeySequence(u"Alt+F"_s));
+        QTest::keyClicks(&Funktion, u"Vert"_s);
+        EXPECT_EQ(Funktion.currentText(), u"Vertauschen: Titel <-> Interpret"_s);
+        Taste(Form, QKeySequence(u"Alt+A"_s));
+        EXPECT_EQ(Teil<QLineEdit>(Form, u"txtTitel"_s).text(), u"Anna Berg"_s);
+        // Two functions that open a window of their own.
+        Funktion.setCurrentText(u"AutoTAG einstellen..."_s);
+        QTimer::singleShot(0, qApp, [&] {
+            EXPECT_EQ(QApplication::activeModalWidget()->objectName(), u"frmTagAutoTagWählen"_s);
+            static_cast<QDialog*>(QApplication::activeModalWidget())->reject();
+        });
+        Taste(Form, QKeySequence(u"Alt+A"_s));
+        Funktion.setCurrentText(u"Felder kopieren..."_s);
+        QTimer::singleShot(0, qApp, [&] {
+            EXPECT_EQ(QApplication::activeModalWidget()->objectName(), u"frmTagFeldFüllen"_s);
+            static_cast<QDialog*>(QApplication::activeModalWidget())->reject();
+        });
+        Taste(Form, QKeySequence(u"Alt+A"_s));
+        QTimer::singleShot(0, qApp, [&] {
+            EXPECT_EQ(QApplication::activeModalWidget()->objectName(), u"frmTagLieblingsGenre"_s);
+            static_cast<QDialog*>(QApplication::activeModalWidget())->reject();
+        });
+        QTest::mouseClick(&Teil<QAbstractButton>(Form, u"cmdLieblingsGenre"_s), Qt::LeftButton);
+    });
+    EXPECT_EQ(Gelesen("eins.mp3").Titel, "Anna Berg");
+    EXPECT_EQ(Gelesen("eins.mp3").Interpret, "Morgenlicht");
+}
+
 TEST_F(TagEditorForm, MehrfachsucheGibtGewählteDateienWeiter) {
     frmSucheTextbasiert Form(Eins.Programm.Index, Eins.Programm.Puffer, Eins.Person, nullptr);
     std::vector<Satznummer> Erhalten;
