@@ -18,4 +18,10 @@ std::vector<Satznummer> AufräumArbeitsmenge(const Anwendung& Programm);
 std::vector<Aufräumfund> AufräumenSuchen(Anwendung& Programm, std::span<const Satznummer> Arbeitsmenge,
                                          Aufräummethode Methode);
 
+// Carries out what was chosen: asks for absent media first, then deletes, bins and replaces files, and takes
+// their records out of the index. A file that could not go keeps its record. A file that is also the one of a
+// record that stays (the same file under two entries) is not touched: only the entry goes, which is told.
+// False when the person ended the run before anything was done.
+bool AufräumenDurchführen(Anwendung& Programm, std::span<const Aufräumzeile> Zeilen);
+
 }  // namespace liedwerk

@@ -164,15 +164,27 @@ std::optional<std::vector<Feldzeile>> ZeilenZuordnen(const Feldimport& Lauf, std
     return Gefundene;
 }
 
-void WerteÜbernehmen(Satzspeicher& Sätze, const Feldzeile& Fund) {
-    Datensatz Satz = Sätze.Lesen(Fund.Nummer);
-    bool Berührt = false;
-    WerteNehmen(Fund.Zeile, LängenDer(Fund.Zeile), [&](std::string_view Wert, int Feld) {
-        if (Feld == FeldPfad) return;
-        DatensatzFeldSetzen(IndexwertLesen(IndexwertEinpassen(Wert, Wert.size())), Satz, Feld);
-        Berührt = true;
+// The values of a line put into a record, of which only the fields of such a line count.
+void WerteSetzen(Datensatz& Satz, std::string_view Zeile) {
+    WerteNehmen(Zeile, LängenDer(Zeile), [&](std::string_view Wert, int Feld) {
+        if (Feld != FeldPfad)
+            DatensatzFeldSetzen(IndexwertLesen(IndexwertEinpassen(Wert, Wert.size())), Satz, Feld);
     });
-    if (Berührt) Sätze.Setzen(Fund.Nummer, Sätze.Pfad(Fund.Nummer), Satz);
+}
+
+void WerteÜbernehmen(Satzspeicher& Sätze, const Feldzeile& Fund) {
+    // Most lines of a second import bring nothing new; the four fields tell it, and the record stays as it
+    // is.
+    const Satzsicht Sicht = Sätze.Sicht(Fund.Nummer);
+    Datensatz Alt;
+    for (const int Feld : Zeilenfelder)
+        DatensatzFeldSetzen(IndexwertLesen(Sicht.Roh(Feld)), Alt, Feld);
+    Datensatz Neu = Alt;
+    WerteSetzen(Neu, Fund.Zeile);
+    if (Neu == Alt) return;
+    Datensatz Ganz = Sätze.Lesen(Fund.Nummer);
+    WerteSetzen(Ganz, Fund.Zeile);
+    Sätze.Setzen(Fund.Nummer, Sätze.Pfad(Fund.Nummer), Ganz);
 }
 
 // The whole file; nothing, which has been logged and shown, when it is missing or cannot be read.

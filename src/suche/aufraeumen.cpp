@@ -7,7 +7,9 @@
 
 #include "basis/pfad.h"
 #include "basis/text.h"
+#include "basis/zahl.h"
 #include "index/wert.h"
+#include "suche/feldwert.h"
 
 namespace liedwerk {
 namespace {
@@ -140,6 +142,41 @@ std::string FundText(const Katalog& Index, const Aufräumfund& Fund) {
     const auto Name = [&](Satznummer Nummer) { return std::string(DateinameVon(Index.Sätze.Pfad(Nummer))); };
     if (Fund.Ergebnis2 == 0) return Name(Fund.Ergebnis1);
     return "'" + Name(Fund.Ergebnis1) + "' und '" + Name(Fund.Ergebnis2) + "'";
+}
+
+std::string GleicheFelder(const Katalog& Index, const Aufräumfund& Paar) {
+    static constexpr std::array<std::string_view, 8> Verglichene = {
+        "Dateiname", "Interpret", "Titel", "Album", "Größe", "Dauer", "Bitrate", "Frequenz"};
+    std::string Gleiche;
+    for (const std::string_view Feld : Verglichene) {
+        std::string Erster;
+        std::string Zweiter;
+        Feldtyp Typ{};
+        FeldWert(Index, Paar.Ergebnis1, Feld, Wertform::Anzeigen, true, Erster, Typ);
+        FeldWert(Index, Paar.Ergebnis2, Feld, Wertform::Anzeigen, true, Zweiter, Typ);
+        if (Erster.empty() || Erster != Zweiter) continue;
+        if (!Gleiche.empty()) Gleiche += ", ";
+        Gleiche += Feld;
+    }
+    return Gleiche;
+}
+
+std::string AuswahlUmfang(const Katalog& Index, std::span<const Aufräumfund> Funde) {
+    std::vector<bool> Dabei(static_cast<std::size_t>(Index.IndexAnzahl()) + 1);
+    std::int64_t Anzahl = 0;
+    std::int64_t Sekunden = 0;
+    std::int64_t Bytes = 0;
+    for (const Aufräumfund& Fund : Funde) {
+        for (const Satznummer Nummer : {Fund.Ergebnis1, Fund.Ergebnis2}) {
+            if (Nummer == 0 || Dabei[static_cast<std::size_t>(Nummer)]) continue;
+            Dabei[static_cast<std::size_t>(Nummer)] = true;
+            ++Anzahl;
+            Sekunden += std::max<std::int64_t>(0, Index.Sätze.Zahl(Nummer, FeldDauer));
+            Bytes += std::max<std::int64_t>(0, Index.Sätze.Zahl(Nummer, FeldGröße));
+        }
+    }
+    return std::to_string(Anzahl) + " Dateien gewählt\n" + Gruppiert(Sekunden / 60) + " Minuten belegen " +
+           Gruppiert(Bytes) + " Bytes";
 }
 
 std::vector<Aufräumfund> DurchsucheIndex(const Katalog& Index, std::span<const Satznummer> Arbeitsmenge,

@@ -59,6 +59,12 @@ struct Aufräumfund {
 // The row of a finding in lstEinträge.
 std::string FundText(const Katalog& Index, const Aufräumfund& Fund);
 
+// The fields in which two records have the same value that is not empty, by their column names, joined by
+// ", ".
+std::string GleicheFelder(const Katalog& Index, const Aufräumfund& Paar);
+// The text for several rows: how many files they name, how long these play and what they take.
+std::string AuswahlUmfang(const Katalog& Index, std::span<const Aufräumfund> Funde);
+
 // What the look at a record's file says.
 enum class Dateibefund { Unauffällig, Verdächtig, Abbruch };
 using Dateiprüfung = std::function<Dateibefund(Satznummer Nummer)>;

@@ -277,6 +277,39 @@ TEST_F(Programmtest, JsonIstEinDokumentUndTextZeigtSteuerzeichen) {
     EXPECT_TRUE(Enthält("x\\u001b[2Jÿ.mp3"));
 }
 
+TEST_F(Programmtest, AufräumenExportUndFelderaustausch) {
+    Lied("musik/tief/A.mp3", "Dancing Queen", "ABBA", 17);
+    ASSERT_EQ(Cli("hinzufuegen musik/a.mp3 musik/tief/b.mp3 musik/tief/A.mp3"), 0);
+    const std::string Vorher = Index();
+    for (const char* Methode : {"0", "2"}) {
+        EXPECT_EQ(Cli("--json aufraeumen --methode " + std::string(Methode)), 0);
+        EXPECT_EQ(Aus, "[[1,3]]\n") << Methode;
+    }
+    EXPECT_EQ(Cli("--json aufraeumen --methode 8 3 2 3"), 0);
+    EXPECT_EQ(Aus, "[[3,0],\n[2,0]]\n");
+    EXPECT_EQ(Cli("aufraeumen --methode 10"), 2);
+
+    EXPECT_EQ(Cli("--json export --format text --spalten Interpret,Titel --anfuehrungszeichen --trennzeichen "
+                  "semikolon --abfrage 'Interpret|0000|jos' liste.csv"),
+              0);
+    EXPECT_EQ(Aus, "{\"Datei\":\"" + Ordner + "/liste.csv\",\n\"Anzahl\":1}\n");
+    EXPECT_EQ(DateiLesen(Ordner + "/liste.csv"), "\"Interpret\";\"Titel\"\r\n\"Jos\xE9\";\"Lied\"\r\n");
+    EXPECT_EQ(Cli("export --format html liste.csv"), 1) << "not replaced unasked";
+    EXPECT_EQ(Cli("export --format rtf x"), 2);
+
+    EXPECT_EQ(Cli("--json felder-schreiben a.ifd"), 0);
+    EXPECT_TRUE(Enthält("\"Anzahl\":3"));
+    EXPECT_EQ(Index(), Vorher);
+    std::ofstream(Ordner + "/b.ifd") << "#indexfelder11\r\n#TAG:" << Ordner.size() + 12 << "/2|" << Ordner
+                                     << "/musik/a.mp342\r\n";
+    EXPECT_EQ(Cli("felder-lesen b.ifd"), 1) << "asks first";
+    EXPECT_EQ(Index(), Vorher);
+    EXPECT_EQ(Cli("--ja --json felder-lesen b.ifd"), 0);
+    EXPECT_TRUE(Enthält("\"Anzahl\":1"));
+    EXPECT_EQ(Cli("--json feldwerte --felder Abspiel-Häufigkeit 1"), 0);
+    EXPECT_TRUE(Enthält("\"Wert\":\"42\""));
+}
+
 TEST_F(Programmtest, HilfeGelingtUndFalschesNenntDenAufruf) {
     EXPECT_EQ(Cli("--hilfe"), 0);
     EXPECT_TRUE(Enthält("index-speichern [--ausgabe DATEI]"));

@@ -49,5 +49,53 @@ TEST_F(Aufräumtest, FehlendeUndNeuGeleseneDateien) {
     EXPECT_FALSE(P->LaufAktiv);
 }
 
+TEST_F(Aufräumtest, FührtAusWasGewähltWurde) {
+    using enum Aufräumaktion;
+    Lied("m/d.mp3", "d");
+    Lied("m/e.mp3", "e");
+    OrdnerHinzufügenLauf(*P, {.Ordner = Ordner + "/m", .NichtBeiText = {}}, {});
+    ASSERT_EQ(P->Index.IndexAnzahl(), 5);
+    for (Satznummer Nummer = 1; Nummer <= 5; ++Nummer)
+        P->Index.Sätze.PfadSetzen(Nummer, Pfad(Nummer));
+    // Without a recycle bin nothing is deleted in its place, and the entry stays.
+    const std::vector<Aufräumzeile> Zeilen = {
+        {{1, 2}, Löschen, Keine}, {{3, 0}, Ersetzen}, {{4, 0}, AusIndexEntfernen}, {{5, 0}, Papierkorb}};
+    EXPECT_TRUE(AufräumenDurchführen(*P, Zeilen));
+    ASSERT_EQ(P->Index.IndexAnzahl(), 2);
+    EXPECT_EQ(P->Index.Sätze.Pfad(1), Pfad(2));
+    EXPECT_EQ(P->Index.Sätze.Pfad(2), Pfad(5));
+    EXPECT_FALSE(DateiExistiert(Pfad(1)));
+    EXPECT_FALSE(DateiExistiert(Pfad(3)));
+    EXPECT_EQ(DateiLesen(Pfad(3) + ".inanderemordner"), "");
+    EXPECT_TRUE(DateiExistiert(Pfad(4)));
+    EXPECT_TRUE(DateiExistiert(Pfad(5)));
+    EXPECT_EQ(Person.Meldungen.size(), 1u);
+    EXPECT_TRUE(P->Index.IndexGeändert);
+    EXPECT_EQ(Person.Status.back(), "Der Index wurde aufgeräumt: 3 Datei(en) entfernt");
+    EXPECT_EQ(Person.Offen, 0);
+    EXPECT_EQ(P->Ansicht.Zeilen.size(), 2u);
+}
+
+TEST_F(Aufräumtest, DieEinzigeDateiZweierEinträgeBleibt) {
+    using enum Aufräumaktion;
+    // 2 is listed under the path of 1, 3 reaches it through another name of the folder.
+    std::filesystem::create_directory_symlink(Ordner + "/m", Ordner + "/n");
+    P->Index.Sätze.PfadSetzen(2, Pfad(1));
+    P->Index.Sätze.PfadSetzen(3, Ordner + "/n/a.mp3");
+    const std::vector<Aufräumzeile> Zeilen = {{{1, 2}, Keine, Löschen}, {{2, 3}, Löschen, Löschen}};
+    EXPECT_TRUE(AufräumenDurchführen(*P, Zeilen));
+    EXPECT_EQ(P->Index.IndexAnzahl(), 1);
+    EXPECT_TRUE(DateiExistiert(Pfad(1)));
+    EXPECT_TRUE(Person.Meldungen.back().starts_with("2 Datei(en) wurden nur aus dem Index entfernt"));
+
+    // An absent medium that the person gives up on ends the run before anything is done.
+    Datensatz Satz = P->Index.Sätze.Lesen(1);
+    Satz.Wechselmedium = "Stick";
+    P->Index.Sätze.Setzen(1, Ordner + "/fehlt.mp3", Satz);
+    Person.Verfügbarkeiten = {Verfügbarkeitsantwort::Abbrechen};
+    EXPECT_FALSE(AufräumenDurchführen(*P, std::vector<Aufräumzeile>{{{1, 0}, Löschen}}));
+    EXPECT_EQ(P->Index.IndexAnzahl(), 1);
+}
+
 }  // namespace
 }  // namespace liedwerk

@@ -6,6 +6,7 @@
 #include <QList>
 #include <QMenu>
 #include <functional>
+#include <vector>
 
 #include "core/anwendung.h"
 
@@ -34,6 +35,8 @@ struct Fensterplatz {
     // Called at a double click or Enter on a row with its record. The subjects are asked in the order in
     // which they came until one says true: it has done what there was to do.
     std::function<void(std::function<bool(Satznummer)>)> BeiDoppelklick;
+    // Plays the records in their order; empty where nothing can be played.
+    std::function<void(const std::vector<Satznummer>&)> Abspielen{};
 };
 
 // An action of the window with its name, text, picture ("" for none) and keys, also reachable by its keys

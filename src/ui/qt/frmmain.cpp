@@ -9,6 +9,8 @@
 #include "core/suchlauf.h"
 #include "suche/vervollstaendigung.h"
 #include "ui/qt/dateiaktionen.h"
+#include "ui/qt/exportaktionen.h"
+#include "ui/qt/extrasaktionen.h"
 #include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
 #include "ui/qt/tagaktionen.h"
@@ -210,13 +212,19 @@ void frmMain::MenüsAnlegen() {
 
 void frmMain::TeileAnlegen() {
     // The subjects put their actions into the menus here, in the order of the menus' entries.
-    if (Programm->Dienst.Spieler != nullptr && Programm->Dienst.Programme != nullptr)
+    if (Programm->Dienst.Spieler != nullptr && Programm->Dienst.Programme != nullptr) {
         Spielen =
             std::make_unique<Wiedergabeaktionen>(*Platz, *fraPlayer, [this] { tmrScrollUpdate.start(0); });
+        Platz->Abspielen = [this](const std::vector<Satznummer>& Dateien) {
+            Spielen->Abspielen(Dateien, false, false, false, {});
+        };
+    }
     DateiaktionenAnlegen(*Platz);
+    ExportaktionenAnlegen(*Platz);
     TagaktionenAnlegen(*Platz);
     TagfunktionenaktionenAnlegen(*Platz);
     TerminaktionenAnlegen(*Platz);
+    ExtrasaktionenAnlegen(*Platz);
     Platz->Datei.addSeparator();
     Platz->Datei.addAction(mnuBeenden);
     Platz->Hilfe.addAction(mnuInfo);

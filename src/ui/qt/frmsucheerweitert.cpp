@@ -4,6 +4,7 @@
 #include <QShortcut>
 #include <algorithm>
 
+#include "ui/qt/exportaktionen.h"
 #include "ui/qt/formkopf.h"
 #include "ui/qt/frmsucheerweiterthinzufuegen.h"
 #include "ui/qt/frmsucheerweiterthinzufuegenneu.h"
@@ -88,6 +89,9 @@ void frmSucheErweitert::cmdSucheTestbasiert_Click() {
     frmSucheTextbasiert Form(Programm.Index, Programm.Puffer, Person, this);
     Form.Infos = [&](const std::vector<Satznummer>& Dateien) {
         TagEditorAusführen(Programm, &Form, Dateien);
+    };
+    Form.Export = [&](const std::vector<Satznummer>& Dateien) {
+        ExportierenAusführen(Programm, &Form, Dateien);
     };
     if (Form.exec() != Accepted) return;
     Gewählte = Form.FürHauptfenster();

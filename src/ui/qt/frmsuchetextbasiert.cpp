@@ -172,6 +172,7 @@ QWidget* frmSucheTextbasiert::ResultateAnlegen() {
         KnopfAnlegen(u"cmdRücksetzen"_s, u"N&eue Eingabe"_s, &frmSucheTextbasiert::cmdRücksetzen_Click));
     Fuß->addStretch(1);
     Fuß->addWidget(KnopfAnlegen(u"cmdInfos"_s, u"Datei-&Infos..."_s, &frmSucheTextbasiert::cmdInfos_Click));
+    Fuß->addWidget(KnopfAnlegen(u"cmdExport"_s, u"E&xport..."_s, &frmSucheTextbasiert::cmdExport_Click));
     Fuß->addWidget(KnopfAnlegen(u"cmdHauptfenster"_s, u"Im &Hauptfenster zeigen"_s,
                                 &frmSucheTextbasiert::cmdHauptfenster_Click));
     auto* const Spalte = new QVBoxLayout(fraResultate);
@@ -221,6 +222,11 @@ std::vector<Satznummer> frmSucheTextbasiert::GewählteDetails() {
 void frmSucheTextbasiert::cmdInfos_Click() {
     const std::vector<Satznummer> Nummern = GewählteDetails();
     if (!Nummern.empty() && Infos) Infos(Nummern);
+}
+
+void frmSucheTextbasiert::cmdExport_Click() {
+    const std::vector<Satznummer> Nummern = GewählteDetails();
+    if (!Nummern.empty() && Export) Export(Nummern);
 }
 
 void frmSucheTextbasiert::cmdHauptfenster_Click() {

@@ -26,6 +26,8 @@ class frmSucheTextbasiert final : public QDialog {
 
     // cmdInfos: shows and edits the files of these records; given by whoever opens the form.
     std::function<void(const std::vector<Satznummer>&)> Infos;
+    // cmdExport: writes these records as a list; the same.
+    std::function<void(const std::vector<Satznummer>&)> Export;
 
     // Accepted: these records shall be shown in the main window, in this order.
     const std::vector<Satznummer>& FürHauptfenster() const { return Gewählte; }
@@ -39,6 +41,7 @@ class frmSucheTextbasiert final : public QDialog {
     void cmdÄndern_Click();
     void cmdRücksetzen_Click();
     void cmdInfos_Click();
+    void cmdExport_Click();
     void cmdHauptfenster_Click();
     // The files selected among the details; without one the person is told.
     std::vector<Satznummer> GewählteDetails();

@@ -17,7 +17,7 @@ void TerminaktionenAnlegen(Fensterplatz& Platz) {
     Anwendung& Programm = Platz.Programm;
     QWidget& Fenster = Platz.Fenster;
     QAction* const mnuEreignisse = FensteraktionAnlegen(
-        Platz, u"mnuEreignisse"_s, u"&Ereignisse verwalten..."_s, "termin", {QKeySequence(u"Ctrl+E"_s)},
+        Platz, u"mnuEreignisse"_s, u"&Ereignisse verwalten..."_s, "termin", {QKeySequence(u"Ctrl+Alt+E"_s)},
         [&Programm, &Fenster] { frmTerminÜberwachung(Programm, &Fenster).exec(); });
     Platz.Extras.addAction(mnuEreignisse);
     Platz.BeiÄnderung([mnuEreignisse](bool Geladen) { mnuEreignisse->setEnabled(Geladen); });
