@@ -64,6 +64,11 @@ Satznummer Abschließen(Anwendung& Programm, const Hinzufügeergebnis& Ergebnis,
 
 }  // namespace
 
+void NeueSätzeZeigen(Anwendung& Programm, Satznummer Anzahl) {
+    ListeNachführen(Programm, Programm.Index.IndexAnzahl() - Anzahl + 1);
+    NeueMarkieren(Programm, Anzahl);
+}
+
 Satznummer OrdnerHinzufügenLauf(Anwendung& Programm, const Ordnerauftrag& Auftrag,
                                 const Hinzufügefolgen& Folgen) {
     const Laufsperre Sperre(Programm);

@@ -31,7 +31,8 @@ struct Hinzufügeumgebung {
 struct Ordnerauftrag {
     std::string Ordner;
     bool Unterordner = true;
-    std::string NichtBeiText;
+    std::string KopierenInOrdner{};  // the files are moved there first, sub-folders kept; empty: they stay
+    std::string NichtBeiText{};
     bool DateimanagerAnsicht = false;
     bool StatusMelden = true;
     bool FortschrittOffenLassen = false;

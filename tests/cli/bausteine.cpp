@@ -26,7 +26,7 @@ TEST(Aufruf, OptionenStehenVorUndHinterDemBefehl) {
 
 TEST(Aufruf, FalschesWirdErkanntBevorEtwasGeschieht) {
     for (const Texte& Falsch :
-         {Texte{}, Texte{"gibtesnicht"}, Texte{"synchronisieren"}, Texte{"suchen", "--gibtesnicht"},
+         {Texte{}, Texte{"gibtesnicht"}, Texte{"synchronisieren", "a"}, Texte{"suchen", "--gibtesnicht"},
           Texte{"suchen", "--feld"}, Texte{"suchen", "--zaehlen=1"}, Texte{"suchen", "a", "b"},
           Texte{"hinzufuegen"}, Texte{"--setze", "GibtEsNicht=1", "index-info"},
           Texte{"--setze", "WinampBalance", "index-info"},

@@ -48,6 +48,7 @@ Ausgang FelderLesenAusführen(const Globaloptionen& Global, const Befehlseingabe
 Ausgang DateiInfoAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang DateiInfoTextAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang HinzufügenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+Ausgang SynchronisierenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 // befehle_tags.cpp
 Ausgang TagSchreibenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang TagEntfernenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);

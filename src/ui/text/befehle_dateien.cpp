@@ -2,6 +2,7 @@
 #include "basis/datei.h"
 #include "core/listenlauf.h"
 #include "core/suchlauf.h"
+#include "core/synchronisierlauf.h"
 #include "medien/infotext.h"
 #include "ui/text/befehle.h"
 #include "ui/text/lauf.h"
@@ -123,6 +124,26 @@ Ausgang HinzufügenAusführen(const Globaloptionen& Global, const Befehlseingabe
                               std::to_string(Index.IndexAnzahl()) + " Datei(en) im Index\n");
     }
     return Lauf.Abschließen(Ergebnis.Gelungen);
+}
+
+Ausgang SynchronisierenAusführen(const Globaloptionen& Global, const Befehlseingabe&) {
+    Programmlauf Lauf(Global);
+    if (!Lauf.Bereit() || !Lauf.IndexLaden(false)) return Ausgang::Fehlgeschlagen;
+    const auto Ergebnis = SynchronisierenLauf(Lauf.Programm());
+    const bool Gespeichert = Lauf.GeändertesSpeichern();
+    const Satznummer Anzahl = Lauf.Programm().Index.IndexAnzahl();
+    if (Lauf.Json()) {
+        Lauf.Dokument().ObjektAnfang();
+        Lauf.Dokument().Zahl("Entfernt", Ergebnis.Entfernt);
+        Lauf.Dokument().Zahl("Hinzugefügt", Ergebnis.Hinzugefügt);
+        Lauf.Dokument().Zahl("IndexAnzahl", Anzahl);
+        Lauf.Dokument().ObjektEnde();
+    } else {
+        Lauf.Text().Schreiben(std::to_string(Ergebnis.Entfernt) + " Datei(en) entfernt, " +
+                              std::to_string(Ergebnis.Hinzugefügt) + " Datei(en) hinzugefügt, " +
+                              std::to_string(Anzahl) + " Datei(en) im Index\n");
+    }
+    return Lauf.Abschließen(Ergebnis.Gelungen && Gespeichert);
 }
 
 }  // namespace liedwerk

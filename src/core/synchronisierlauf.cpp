@@ -1,0 +1,84 @@
+#include "core/synchronisierlauf.h"
+
+#include "core/hinzufuegelauf.h"
+#include "core/suchlauf.h"
+#include "dateien/synchronisieren.h"
+
+namespace liedwerk {
+namespace {
+
+// Adds what is new in every folder; false when that was cancelled or failed.
+bool OrdnerHinzufügen(Anwendung& Programm) {
+    // A copy: the event loop gets turns meanwhile.
+    const auto Regeln = Programm.Index.Optionen.SyncOrdner;
+    for (const SyncRegel& Regel : Regeln) {
+        Ordnerauftrag Auftrag;
+        Auftrag.Ordner = Regel.Ordner;
+        Auftrag.Unterordner = Regel.Unterordner != 0;
+        Auftrag.KopierenInOrdner = Regel.KopierenInOrdner;
+        Auftrag.NichtBeiText = Programm.Index.Optionen.SyncNichtBei;
+        Auftrag.StatusMelden = false;
+        // The list and the selection follow once, at the end of all folders.
+        if (OrdnerHinzufügenLauf(Programm, Auftrag, {false, false}) < 0) return false;
+    }
+    return true;
+}
+
+// Takes out the records whose files are gone; false when the person cancelled: then all stay.
+bool FehlendeEntfernen(Anwendung& Programm) {
+    Programm.Medium.AlleÜberspringen = false;
+    Katalog& Index = Programm.Index;
+    if (Index.IndexAnzahl() == 0 || Index.Optionen.SyncEntfernen != 1) return true;
+    const auto Prüfung =
+        ExistenzenPrüfen(Index, Programm.Medium, MediumumgebungVon(Programm), Programm.Dienst.Person);
+    if (Prüfung.Abgebrochen) return false;
+    if (Prüfung.Unklar > 0)
+        Programm.Log.Schreiben("Synchronisieren: " + std::to_string(Prüfung.Unklar) +
+                               " Datei(en) sind zurzeit nicht erreichbar und bleiben im Index");
+    DatensätzeEntfernen(Index, Prüfung.Fehlende);
+    return true;
+}
+
+void ListeNachführen(Anwendung& Programm, const Synchronisierergebnis& Ergebnis) {
+    if (Ergebnis.Entfernt > 0) {
+        // The numbers of the records have moved.
+        Programm.Ansicht.Auswahl.clear();
+        SucheAktualisieren(Programm);
+    } else if (Ergebnis.Hinzugefügt > 0) {
+        NeueSätzeZeigen(Programm, Ergebnis.Hinzugefügt);
+    }
+    Programm.Dienst.Fenster.AuswahlZeigen();
+}
+
+}  // namespace
+
+Synchronisierergebnis SynchronisierenLauf(Anwendung& Programm) {
+    const Laufsperre Sperre(Programm);
+    Oberfläche& Person = Programm.Dienst.Person;
+    Katalog& Index = Programm.Index;
+    if (Index.Programmmodus == ModusDateimanager) {
+        Person.Melden(Symbol::Information, "Diese Funktion steht im Dateimanager-Modus nicht zur Verfügung.");
+        return {};
+    }
+    MediumVergessen(Programm.Medium);
+    if (Index.Optionen.SyncOrdner.empty())
+        Person.Melden(Symbol::Information,
+                      "Diese Funktion synchronisiert Ordner mit dem Index und entfernt nicht mehr vorhandene "
+                      "Dateien.\n"
+                      "Sie haben jedoch noch keine Ordner zum Synchronisieren angegeben.\n"
+                      "Klicken Sie dazu einfach in den 'Optionen' auf 'Index-Optionen'.");
+    Synchronisierergebnis Ergebnis;
+    const Satznummer Vorher = Index.IndexAnzahl();
+    Ergebnis.Gelungen = OrdnerHinzufügen(Programm);
+    Ergebnis.Hinzugefügt = Index.IndexAnzahl() - Vorher;
+    if (Ergebnis.Gelungen) Ergebnis.Gelungen = FehlendeEntfernen(Programm);
+    Person.FortschrittSchließen();
+    Ergebnis.Entfernt = Vorher + Ergebnis.Hinzugefügt - Index.IndexAnzahl();
+    Person.StatusZeigen((Ergebnis.Gelungen ? "Synchronisation fertig: " : "Synchronisation abgebrochen: ") +
+                        std::to_string(Ergebnis.Entfernt) + " Datei(en) entfernt, " +
+                        std::to_string(Ergebnis.Hinzugefügt) + " Datei(en) hinzugefügt");
+    ListeNachführen(Programm, Ergebnis);
+    return Ergebnis;
+}
+
+}  // namespace liedwerk

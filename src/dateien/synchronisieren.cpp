@@ -1,0 +1,46 @@
+#include "dateien/synchronisieren.h"
+
+#include "basis/datei.h"
+
+namespace liedwerk {
+namespace {
+
+enum class Befund { Da, Fort, Unklar };
+
+// The state of a file whose medium is said to be at hand.
+Befund Nachsehen(const std::string& Pfad, const Mediumumgebung& Umgebung) {
+    // The file manager's list holds folders.
+    if (DateiExistiert(Pfad) || OrdnerExistiert(Pfad)) return Befund::Da;
+    // The person has chosen that what cannot be reached does not exist.
+    if (Umgebung.Werte.NichtVerfügbarExistierenNicht == 1) return Befund::Fort;
+    // A drive that is not there (another system's, a disk that is not mounted) tells nothing of its files,
+    // and neither does a folder that may not be read or a server that does not answer.
+    const bool Gewiss = Umgebung.Drives.Vorhanden(LaufwerkDesPfades(Umgebung, Pfad)) && NichtsVorhanden(Pfad);
+    return Gewiss ? Befund::Fort : Befund::Unklar;
+}
+
+}  // namespace
+
+Existenzprüfung ExistenzenPrüfen(const Katalog& Index, Mediumspeicher& Speicher,
+                                 const Mediumumgebung& Umgebung, Oberfläche& Person) {
+    Existenzprüfung Ergebnis;
+    if (Umgebung.Werte.StartBildschirm == 1)
+        Person.FortschrittStarten("Datei-Existenzen prüfen", true, Index.IndexAnzahl());
+    for (Satznummer Nummer = 1; Nummer <= Index.IndexAnzahl(); ++Nummer) {
+        if (!Person.FortschrittZeigen({}, Nummer)) return {true, {}, 0};
+        switch (DateiNichtVerfügbarPrüfen(Index, Nummer, Speicher, Umgebung, Person, false)) {
+            case Verfügbarkeit::Abbrechen:
+                return {true, {}, 0};
+            case Verfügbarkeit::Überspringen:
+                continue;
+            case Verfügbarkeit::Weiter:
+                break;
+        }
+        const Befund Was = Nachsehen(Index.Sätze.Pfad(Nummer), Umgebung);
+        if (Was == Befund::Fort) Ergebnis.Fehlende.push_back(Nummer);
+        if (Was == Befund::Unklar) ++Ergebnis.Unklar;
+    }
+    return Ergebnis;
+}
+
+}  // namespace liedwerk

@@ -1,0 +1,24 @@
+// The second half of a synchronisation: which records' files are gone for good.
+#pragma once
+
+#include <vector>
+
+#include "basis/oberflaeche.h"
+#include "dateien/medium.h"
+#include "index/katalog.h"
+
+namespace liedwerk {
+
+struct Existenzprüfung {
+    bool Abgebrochen = false;          // by the person: nothing is to be removed
+    std::vector<Satznummer> Fehlende;  // records whose files are gone
+    Satznummer Unklar = 0;             // records whose files are out of reach at the moment
+};
+
+// Looks after the file of every record, availability first: what lies on an absent medium is asked for or
+// skipped. A file is gone only when the system says so of a drive that is there. Shows its progress, and
+// leaves it open.
+Existenzprüfung ExistenzenPrüfen(const Katalog& Index, Mediumspeicher& Speicher,
+                                 const Mediumumgebung& Umgebung, Oberfläche& Person);
+
+}  // namespace liedwerk

@@ -1,0 +1,139 @@
+// Lists of file names and the synchronisation: what comes in, what goes, and what must never go.
+#include "core/laden.h"
+#include "core/listenlauf.h"
+#include "core/synchronisierlauf.h"
+#include "welt.h"
+
+namespace liedwerk {
+namespace {
+
+class Aufnahmetest : public Kerntest {
+  protected:
+    void SetUp() override {
+        Kerntest::SetUp();
+        ASSERT_TRUE(StandardDateiLaden(*P, ModusNichtsGeladen, true));
+        P->Index.IndexGeändert = false;
+    }
+    Satznummer Satz(const std::string& Pfad, const std::string& Medium = {}) {
+        Datensatz Neu;
+        Neu.Wechselmedium = Medium;
+        return SatzAnhängen(P->Index, Pfad, Neu);
+    }
+    std::vector<std::string> Pfade() const {
+        std::vector<std::string> Alle;
+        for (Satznummer Nummer = 1; Nummer <= P->Index.IndexAnzahl(); ++Nummer)
+            Alle.push_back(P->Index.Sätze.Pfad(Nummer));
+        return Alle;
+    }
+};
+
+TEST_F(Aufnahmetest, SynchronisierenFügtHinzuEntferntUndMarkiert) {
+    Lied("m/alt.mp3", "A");
+    Lied("m/neu_INCOMPLETE_.mp3", "B");
+    Satz(Ordner + "/m/alt.mp3");
+    Satz(Ordner + "/m/fort.mp3");
+    Lied("m/tief/neu.mp3", "C");
+    P->Index.Optionen.SyncOrdner = {{Ordner + "/m", 1, {}}};
+    const auto Ergebnis = SynchronisierenLauf(*P);
+    EXPECT_TRUE(Ergebnis.Gelungen);
+    EXPECT_EQ(Pfade(), (std::vector<std::string>{Ordner + "/m/alt.mp3", Ordner + "/m/tief/neu.mp3"}));
+    EXPECT_EQ(Person.Status.back(), "Synchronisation fertig: 1 Datei(en) entfernt, 1 Datei(en) hinzugefügt");
+    EXPECT_EQ(P->Ansicht.Zeilen, (std::vector<Satznummer>{1, 2}));
+    EXPECT_EQ(Person.Offen, 0);
+
+    Lied("m/neuer.mp3", "D");
+    EXPECT_EQ(SynchronisierenLauf(*P).Hinzugefügt, 1);
+    EXPECT_EQ(P->Ansicht.Auswahl, std::vector<Satznummer>{3}) << "the new ones are selected";
+}
+
+TEST_F(Aufnahmetest, WasNurNichtErreichbarIstBleibtImIndex) {
+    const std::string Stick = Ordner + "/stick/";
+    std::filesystem::create_directory(Stick);
+    Drives.Liste[Stick] = {Laufwerksart::Wechsel, "", true};
+    Drives.Liste["D:\\"] = {Laufwerksart::Unbekannt, "", false};
+    std::filesystem::create_symlink(Ordner + "/nirgends", Ordner + "/verweis");
+    const std::vector<std::string> Bleiben = {Stick + "a.mp3", "D:\\Musik\\b.mp3", Ordner + "/verweis/c.mp3",
+                                              Ordner + "/wo/d.mp3"};
+    Satz(Bleiben[0], "STICK");
+    Satz(Bleiben[1]);
+    Satz(Bleiben[2]);
+    Satz(Bleiben[3], "ANDERER");
+    Satz(Ordner + "/fort/e.mp3");
+    Person.Verfügbarkeiten = {Verfügbarkeitsantwort::AlleÜberspringen};
+    EXPECT_EQ(SynchronisierenLauf(*P).Entfernt, 1);
+    EXPECT_EQ(Pfade(), Bleiben);
+    ASSERT_EQ(Person.Meldungen.size(), 1u);
+    EXPECT_NE(Person.Meldungen[0].find("noch keine Ordner zum Synchronisieren"), std::string::npos);
+    EXPECT_EQ(Person.Gefragt.size(), 1u);
+
+    Person.Verfügbarkeiten = {Verfügbarkeitsantwort::Abbrechen};
+    EXPECT_FALSE(SynchronisierenLauf(*P).Gelungen);
+    EXPECT_EQ(Person.Gefragt.size(), 2u) << "skipping all holds for one run";
+    EXPECT_EQ(Person.Status.back(),
+              "Synchronisation abgebrochen: 0 Datei(en) entfernt, 0 Datei(en) hinzugefügt");
+
+    P->Werte.NichtVerfügbarExistierenNicht = 1;
+    EXPECT_EQ(SynchronisierenLauf(*P).Entfernt, 4) << "the person has chosen it";
+    EXPECT_EQ(P->Index.IndexAnzahl(), 0);
+    EXPECT_TRUE(SynchronisierenLauf(*P).Gelungen);
+}
+
+TEST_F(Aufnahmetest, EinAbbruchDerPrüfungEntferntNichts) {
+    for (int Nummer = 0; Nummer < 5; ++Nummer)
+        Satz(Ordner + "/fort" + std::to_string(Nummer) + ".mp3");
+    Person.AbbruchBei = 4;
+    EXPECT_FALSE(SynchronisierenLauf(*P).Gelungen);
+    EXPECT_EQ(P->Index.IndexAnzahl(), 5);
+    Person.AbbruchBei = 0;
+    P->Index.Optionen.SyncEntfernen = 0;
+    EXPECT_EQ(SynchronisierenLauf(*P).Entfernt, 0);
+    P->Index.Optionen.SyncOrdner = {{Ordner + "/fehlt", 1, {}}};
+    P->Index.Optionen.SyncEntfernen = 1;
+    EXPECT_FALSE(SynchronisierenLauf(*P).Gelungen) << "a folder that is not there ends the run";
+    EXPECT_EQ(P->Index.IndexAnzahl(), 5);
+    P->Index.Programmmodus = ModusDateimanager;
+    EXPECT_FALSE(SynchronisierenLauf(*P).Gelungen);
+    EXPECT_EQ(Person.Meldungen.back(), "Diese Funktion steht im Dateimanager-Modus nicht zur Verfügung.");
+}
+
+TEST_F(Aufnahmetest, EineListeGehtÜberDieZusammenfassungUndIhreKorrektur) {
+    Lied("m/a.mp3", "A");
+    Lied("neu/B.MP3", "B");
+    Datei("m/liste.m3u8", "a.mp3\r\nC:\\alt\\b.mp3\r\nhttp://x/\r\n");
+    Namensfunde Gesehen;
+    bool Antwort = false;
+    P->ZusammenfassungZeigen = [&](Namensfunde& Funde) {
+        Gesehen = Funde;
+        EXPECT_TRUE(NichtGefundeneSuchen(*P, Ordner + "/neu", Funde));
+        return Antwort;
+    };
+    EXPECT_EQ(PlaylistLesen(*P, Ordner + "/m/liste.m3u8", {}), -1) << "the person thought better of it";
+    EXPECT_EQ(P->Index.IndexAnzahl(), 0);
+    EXPECT_EQ(Gesehen.Zeilen,
+              (std::vector<Namensfund>{{Ordner + "/m/a.mp3", true}, {"C:\\alt\\b.mp3", false}}));
+    EXPECT_EQ(Gesehen.Ströme, 1u);
+    EXPECT_EQ(Person.Meldungen.back(), "1 Dateien wurden nicht gefunden, davon wurden 1 korrigiert.");
+    Antwort = true;
+    EXPECT_EQ(PlaylistLesen(*P, Ordner + "/m/liste.m3u8", {}), 2);
+    EXPECT_EQ(Pfade(), (std::vector<std::string>{Ordner + "/m/a.mp3", Ordner + "/neu/B.MP3"}));
+    EXPECT_EQ(PlaylistLesen(*P, Ordner + "/fehlt.m3u", {}), -1);
+    EXPECT_NE(Person.Meldungen.back().find("kann nicht gelesen werden"), std::string::npos);
+}
+
+TEST_F(Aufnahmetest, TexteUndZwischenablageGebenNurWasVerwaltetWird) {
+    Lied("m/a.mp3", "A");
+    Lied("o/b.mp3", "B");
+    Datei("o/notiz.txt", "x");
+    P->Werte.HinzufügenZusammenfassungZeigen = 0;
+    Datei("text.txt", "Meine Liste:\n\"Titel\";\"" + Ordner + "/m/a.mp3\"\no/notiz.txt\nfehlt.mp3\n");
+    EXPECT_EQ(DateiMitDateinamenLesen(*P, Ordner + "/text.txt", {}), 1);
+    EXPECT_NE(Person.Meldungen.back().find("1 Datei(en) wurden nicht gefunden:\n" + Ordner + "/fehlt.mp3"),
+              std::string::npos);
+    EXPECT_EQ(ZwischenablageHinzufügen(*P, "file://" + Ordner + "/o\r\n" + Ordner + "/m/a.mp3"), 1);
+    EXPECT_EQ(P->Index.IndexAnzahl(), 2);
+    EXPECT_EQ(ZwischenablageHinzufügen(*P, "nichts\nals Worte"), 0);
+    EXPECT_EQ(Person.Meldungen.back(), "In der Zwischenablage wurden keine Dateinamen gefunden.");
+}
+
+}  // namespace
+}  // namespace liedwerk
