@@ -68,6 +68,18 @@ foto mehrfachsuche 1280x800 \
      xdotool key ctrl+Return'
 foto sortieren 1280x800 'xdotool key ctrl+shift+r'
 foto hinzufuegen 1280x800 'xdotool key ctrl+n'
+# A play list from another system: one name of it is wrong, one is an address.
+lieder=("$musik"/*/*/*.mp3)
+{
+    printf '#EXTM3U\r\n'
+    for lied in "${lieder[@]:0:6}"; do printf 'E:\\%s\r\n' "$(tr / '\\' <<<"Musik/${lied#"$musik"/}")"; done
+    printf 'E:\\Musik\\Verschollen\\Altes Lied.mp3\r\nhttp://radio.invalid/strom\r\n'
+} >"$musik/liste.m3u"
+foto zusammenfassung 1280x800 \
+    "xdotool key ctrl+n; sleep 0.7; xdotool key alt+p; sleep 1; xdotool type '$musik/liste.m3u'; xdotool key Return; sleep 1"
+rm "$musik/liste.m3u"
+sed -i "1a #OPT:SYNC=$musik,1,\r" "$index"
+foto synchronisieren 1280x800 'xdotool key F5; sleep 1.5'
 foto info 1280x800 'xdotool key F1'
 foto beenden 1280x800 'xdotool key ctrl+q'
 foto menue 1280x800 'xdotool key alt+a'

@@ -98,6 +98,10 @@ struct Anwendung {
     // frmIndexHinzufügenZusammenfassung, modal: true when the rows, some of them corrected by now, shall be
     // added. Empty: nobody looks them over.
     std::function<bool(Namensfunde& Funde)> ZusammenfassungZeigen;
+    // What an audio CD is asked for when it is added or looked for: the assistant with its form (false: the
+    // person does not want the disc), and the disc's id. Empty: discs are taken without data and id.
+    std::function<bool(std::string_view Laufwerk)> CdInfosLesen;
+    std::function<std::string(std::string_view Laufwerk)> DiskId;
 };
 
 // Marks a long run for its lifetime, so that the timers leave it alone; runs may stand in one another.

@@ -34,6 +34,15 @@ Hinzufügeergebnis OrdnerFehlt(const Hinzufügeumgebung& Umgebung, const std::st
     return {};
 }
 
+// An audio CD's titles come from its assistant; false when the person refuses the disc.
+bool CdÜbernehmen(const Hinzufügeumgebung& Umgebung, const std::string& Ordner) {
+    if (!Umgebung.CdInfosLesen || !LaufwerkIstAudioCD(Umgebung.Laufwerk, Ordner)) return true;
+    if (Umgebung.CdInfosLesen(Ordner)) return true;
+    Umgebung.Person.FortschrittSchließen();
+    AbbruchZeigen(Umgebung);
+    return false;
+}
+
 // The folder above, as the first entry of the file manager's list; empty when there is none to go to.
 std::string ElternEintrag(const Hinzufügeumgebung& Umgebung, std::string_view Ordner) {
     if (Umgebung.Index.Programmmodus != ModusDateimanager || Umgebung.Index.IndexAnzahl() > 0) return {};
@@ -62,6 +71,10 @@ Hinzufügeergebnis EinfachOrdnerHinzufügen(const Hinzufügeumgebung& Umgebung, 
     Regel.ZweimalZeigen = true;
     Regel.NichtBeiText = Auftrag.NichtBeiText;
 
+    Regel.Ordner = Auftrag.Ordner;
+    Regel.KopierenInOrdner = Auftrag.KopierenInOrdner;
+    if (!CdÜbernehmen(Umgebung, Auftrag.Ordner)) return {};
+
     FortschrittBeginnen(Umgebung, "Durchsuche Ordner", false, 0);
     // Shows the window; a cancel is seen by the walk.
     Person.FortschrittZeigen({}, 0);
@@ -79,7 +92,10 @@ Hinzufügeergebnis EinfachOrdnerHinzufügen(const Hinzufügeumgebung& Umgebung, 
     const bool SucheAbgebrochen = !Gelungen;
     if (Gelungen && !FundListe.empty()) {
         FortschrittBeginnen(Umgebung, "Füge gefundene Dateien hinzu", true, FundListe.size());
-        Gelungen = Lauf.Aufnehmen(FundListe, Regel);
+        Gelungen = Regel.KopierenInOrdner.empty() ? Lauf.Aufnehmen(FundListe, Regel)
+                                                  : Lauf.UmziehenUndAufnehmen(FundListe, Regel);
+    } else if (Gelungen && !Regel.KopierenInOrdner.empty()) {
+        LeerenOrdnerAnbieten(Umgebung, Auftrag.Ordner);
     }
 
     auto Ergebnis = Lauf.Abschließen();

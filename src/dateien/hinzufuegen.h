@@ -1,6 +1,7 @@
 // Adding folders and files to the index.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +27,9 @@ struct Hinzufügeumgebung {
     Mediumumgebung Laufwerk;
     Pfadverzeichnis& Pfade;
     MedienLeser Leser;  // pure; called from several threads
+    // The CD assistant for an audio CD, with its form: false when the person does not want the disc. Missing:
+    // the tracks are added as they are.
+    std::function<bool(std::string_view Laufwerk)> CdInfosLesen{};
 };
 
 struct Ordnerauftrag {

@@ -5,8 +5,11 @@
 #include <utility>
 
 #include "basis/datei.h"
+#include "basis/dateiname.h"
 #include "basis/pfad.h"
 #include "basis/text.h"
+#include "dateien/kopieren.h"
+#include "dateien/loeschen.h"
 #include "index/dateitypen.h"
 
 namespace liedwerk {
@@ -45,6 +48,12 @@ Leseauftrag HinzufügeLeseauftrag(std::string_view Mp3TagLesen) {
     return Auftrag;
 }
 
+void LeerenOrdnerAnbieten(const Hinzufügeumgebung& Umgebung, std::string_view Ordner) {
+    OrdnerLöschenFragen({Umgebung.Index, Umgebung.Werte, Umgebung.Person, Umgebung.Log, Umgebung.Ordner,
+                         Umgebung.Medium, Umgebung.Laufwerk, nullptr},
+                        Ordner);
+}
+
 Neuaufnahme::Neuaufnahme(const Hinzufügeumgebung& Ziel)
     : Umgebung(Ziel), Dateiauftrag(HinzufügeLeseauftrag(Ziel.Werte.Mp3TagLesen)) {
     Ordnerauftrag.Code = Lesecode{};
@@ -77,15 +86,18 @@ bool Neuaufnahme::ZeilenendeMelden(const std::string& Pfad) {
     return true;
 }
 
-Neuaufnahme::Plan Neuaufnahme::Planen(const std::string& Pfad, const Aufnahmeregel& Regel, Vorleser& Leser) {
-    Plan Neu;
+bool Neuaufnahme::Gesucht(const std::string& Pfad, const Aufnahmeregel& Regel, bool IstOrdner) const {
     if (!Regel.NichtBeiText.empty() &&
         PositionOhneGroß(DateinameVon(Pfad), Regel.NichtBeiText) != std::string_view::npos) {
-        return Neu;
+        return false;
     }
+    return IstOrdner || DateiTypErlaubt(Umgebung.Index.Optionen.Dateitypen, Pfad, false, false, false, true);
+}
+
+Neuaufnahme::Plan Neuaufnahme::Planen(const std::string& Pfad, const Aufnahmeregel& Regel, Vorleser& Leser) {
+    Plan Neu;
     const bool IstOrdner = Regel.OrdnerErlaubt && OrdnerExistiert(Pfad);
-    Neu.Zeigen =
-        IstOrdner || DateiTypErlaubt(Umgebung.Index.Optionen.Dateitypen, Pfad, false, false, false, true);
+    Neu.Zeigen = Gesucht(Pfad, Regel, IstOrdner);
     if (!Neu.Zeigen) return Neu;
     const bool Fehlt = Regel.ErstVorhanden && !IstGewöhnlicheDatei(Pfad);
     if (Fehlt || HatZeilenende(Pfad)) return Neu;
@@ -171,6 +183,53 @@ bool Neuaufnahme::Aufnehmen(std::span<const std::string> Pfade, const Aufnahmere
         const Plan Was = std::move(Pläne.front());
         Pläne.pop_front();
         if (!Ausführen(Pfade[Nummer], Was, Regel, Leser, static_cast<std::int64_t>(Nummer) + 1)) return false;
+    }
+    return true;
+}
+
+std::optional<std::string> Neuaufnahme::Umziehen(const std::string& Pfad, const Aufnahmeregel& Regel,
+                                                 bool& Abbruch) {
+    const std::string Ziel(Regel.KopierenInOrdner);
+    // A target within the folder: what has been moved there is at its place.
+    if (Pfad.starts_with(MitTrenner(Ziel))) return Pfad;
+    if (DateinameBereinigen(Ziel, true) != Ziel) {
+        Umgebung.Person.Melden(Symbol::Ausrufezeichen,
+                               "Beim Kopieren der Datei '" + Pfad + "' ist ein Fehler aufgetreten: \n" +
+                                   "Der Zielordner-Name '" + Ziel + "' enthält ungültige Zeichen.\n" +
+                                   "Die Kopieren-Funktion wurde für diesen Ordner deaktiviert.");
+        return std::nullopt;
+    }
+    const auto Ergebnis = KopierenInOrdner(Umgebung.Person, Pfad, Regel.Ordner, Ziel, true, ÜberschreibenNie);
+    if (Ergebnis.Gelungen) {
+        LeerenOrdnerAnbieten(Umgebung, PfadVon(Pfad));
+        return Ergebnis.Ziel;
+    }
+    Abbruch = Ergebnis.Abgebrochen;
+    if (Abbruch) return std::nullopt;
+    const bool Fortfahren =
+        Umgebung.Person.JaNein(Symbol::Ausrufezeichen,
+                               "Beim Verschieben der Datei '" + Pfad + "' ist ein Fehler aufgetreten: " +
+                                   Ergebnis.Fehlertext + "\nMöchten Sie mit weiteren Dateien im Ordner '" +
+                                   std::string(Regel.Ordner) + "' fortfahren?") == Antwort::Ja;
+    return Fortfahren ? std::optional(Pfad) : std::nullopt;
+}
+
+bool Neuaufnahme::UmziehenUndAufnehmen(std::span<const std::string> Pfade, const Aufnahmeregel& Regel) {
+    Vorleser Leser(Umgebung.Leser, 1);
+    Aufnahmeregel Danach = Regel;
+    Danach.ZweimalZeigen = false;
+    std::int64_t Position = 0;
+    for (const auto& Pfad : Pfade) {
+        ++Position;
+        if (!Gesucht(Pfad, Regel, false)) continue;
+        if (!Umgebung.Person.FortschrittZeigen(Pfad, Position)) return false;
+        if (ZeilenendeMelden(Pfad)) continue;
+        bool Abbruch = false;
+        const auto Ort = Umziehen(Pfad, Regel, Abbruch);
+        if (!Ort) return !Abbruch;
+        const Plan Was = Planen(*Ort, Danach, Leser);
+        Leser.Losschicken();
+        if (!Ausführen(*Ort, Was, Danach, Leser, Position)) return false;
     }
     return true;
 }

@@ -8,6 +8,7 @@
 
 #include <deque>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -25,7 +26,13 @@ struct Aufnahmeregel {
     bool ErstVorhanden = false;     // what is no file (missing, a pipe) is passed over and no duplicate
     bool ZweimalZeigen = false;     // progress only for paths of a managed type, before and behind the test
     std::string_view NichtBeiText;  // paths whose file name contains it are passed over
+    // Each file is moved from below Ordner to below KopierenInOrdner first; empty: it stays.
+    std::string_view Ordner;
+    std::string_view KopierenInOrdner;
 };
+
+// OrdnerLöschenFragen for a folder out of which files were moved.
+void LeerenOrdnerAnbieten(const Hinzufügeumgebung& Umgebung, std::string_view Ordner);
 
 class Neuaufnahme {
   public:
@@ -36,6 +43,9 @@ class Neuaufnahme {
     void OrdnerAufnehmen(const std::string& Ordner);
     // DateienZumIndexHinzufügen for every path. False when the person cancelled; what came before is pending.
     bool Aufnehmen(std::span<const std::string> Pfade, const Aufnahmeregel& Regel);
+    // The same with moving. Nothing is done ahead: a file is moved only when its turn has come. True as well
+    // when a failed move ended the run.
+    bool UmziehenUndAufnehmen(std::span<const std::string> Pfade, const Aufnahmeregel& Regel);
     // Number of pending records.
     Satznummer Anzahl() const { return NeueDatensätze.Anzahl(); }
     // DateiListeHinzuBeenden: appends what is pending to the index. Gives what it has done.
@@ -51,6 +61,8 @@ class Neuaufnahme {
         std::string Wechselmedium;  // of the drive that holds the path
     };
 
+    bool Gesucht(const std::string& Pfad, const Aufnahmeregel& Regel, bool IstOrdner) const;
+    std::optional<std::string> Umziehen(const std::string& Pfad, const Aufnahmeregel& Regel, bool& Abbruch);
     Plan Planen(const std::string& Pfad, const Aufnahmeregel& Regel, Vorleser& Leser);
     bool Ausführen(const std::string& Pfad, const Plan& Was, const Aufnahmeregel& Regel, Vorleser& Leser,
                    std::int64_t Position);

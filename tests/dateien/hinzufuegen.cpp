@@ -249,6 +249,73 @@ TEST_F(Hinzufügeprobe, EinzelneDateienInIhrerReihenfolgeOhneFehlendeUndOrdner) 
     EXPECT_FALSE(Index.IndexGeändert) << "a missing file is no duplicate";
 }
 
+TEST_F(Hinzufügeprobe, VorherVerschobenesStehtMitNeuemOrtImIndexUndNichtsWirdErsetzt) {
+    const std::string Ziel = Ordner.In("ein/fertig");
+    for (const auto* Name :
+         {"ein/a.mp3", "ein/tief/b.mp3", "ein/tief/c.txt", "ein/leer/d.mp3", "ein/fertig/e.mp3"})
+        Ordner.Datei(Name, Name);
+    Ordner.Datei("ein/fertig/a.mp3", "alt");
+    Ordnerauftrag Auftrag;
+    Auftrag.Ordner = Ordner.In("ein");
+    Auftrag.KopierenInOrdner = Ziel;
+    Person.Antworten = {Antwort::Ja};
+    const auto Ergebnis = EinfachOrdnerHinzufügen(Umgebung(), Auftrag);
+    EXPECT_TRUE(Ergebnis.Gelungen);
+    // The one that had a namesake stays where it is, and the namesake is added for it: twice.
+    EXPECT_EQ(AlleNamen(), (Namen{"ein/fertig/a.mp3", "ein/fertig/tief/b.mp3", "ein/fertig/leer/d.mp3",
+                                  "ein/fertig/e.mp3"}));
+    EXPECT_EQ(*DateiLesen(Ziel + "/a.mp3"), "alt");
+    EXPECT_TRUE(DateiExistiert(Ordner.In("ein/a.mp3")));
+    EXPECT_FALSE(DateiExistiert(Ordner.In("ein/tief/b.mp3")));
+    EXPECT_TRUE(DateiExistiert(Ordner.In("ein/tief/c.txt"))) << "what is not managed stays";
+    ASSERT_EQ(Person.Gefragt.size(), 1U);
+    EXPECT_TRUE(Person.Gefragt[0].starts_with("Der Ordner '" + Ordner.In("ein/leer") + "' ist (nun) leer."));
+    EXPECT_FALSE(OrdnerExistiert(Ordner.In("ein/leer")));
+}
+
+TEST_F(Hinzufügeprobe, EinMisslungenesVerschiebenFragtUndBehältWasDaIst) {
+    Ordner.Datei("ein/a.mp3");
+    Ordner.Datei("ein/b.mp3");
+    Ordnerauftrag Auftrag;
+    Auftrag.Ordner = Ordner.In("ein");
+    // A file where a folder should be.
+    Auftrag.KopierenInOrdner = Ordner.Datei("datei") + "/darin";
+    Person.Antworten = {Antwort::Ja, Antwort::Nein};
+    EXPECT_TRUE(EinfachOrdnerHinzufügen(Umgebung(), Auftrag).Gelungen);
+    EXPECT_EQ(Index.IndexAnzahl(), 1) << "with yes the file is added at its old place";
+    ASSERT_EQ(Person.Gefragt.size(), 2U);
+    EXPECT_NE(Person.Gefragt[0].find("Möchten Sie mit weiteren Dateien im Ordner '" + Auftrag.Ordner +
+                                     "' fortfahren?"),
+              std::string::npos);
+    Auftrag.KopierenInOrdner = Ordner.In("x//y");
+    EXPECT_TRUE(EinfachOrdnerHinzufügen(Umgebung(), Auftrag).Gelungen);
+    ASSERT_EQ(Person.Meldungen.size(), 1U);
+    EXPECT_NE(Person.Meldungen[0].find("enthält ungültige Zeichen"), std::string::npos);
+    EXPECT_TRUE(DateiExistiert(Ordner.In("ein/a.mp3")) && DateiExistiert(Ordner.In("ein/b.mp3")));
+}
+
+TEST_F(Hinzufügeprobe, EineAudioCDGehtÜberIhrenAssistenten) {
+    for (const auto* Name : {"cd/Track01.cda", "cd/Track02.cda"})
+        Ordner.Datei(Name);
+    Index.Optionen.Dateitypen.push_back({"cda=1", "010"});
+    Drives.Liste[Ordner.In("cd/")] = {Laufwerksart::CdRom, "ALBUM", true};
+    auto Welt = Umgebung();
+    Welt.Laufwerk.DiskId = [](std::string_view) { return "6a0aed08"; };
+    bool Gewollt = false;
+    Welt.CdInfosLesen = [&](std::string_view Laufwerk) {
+        EXPECT_EQ(Laufwerk, Ordner.In("cd"));
+        return Gewollt;
+    };
+    Ordnerauftrag Auftrag;
+    Auftrag.Ordner = Ordner.In("cd");
+    EXPECT_FALSE(EinfachOrdnerHinzufügen(Welt, Auftrag).Gelungen);
+    EXPECT_EQ(Person.Status.back(), "Hinzufügen abgebrochen");
+    EXPECT_EQ(Index.IndexAnzahl(), 0);
+    Gewollt = true;
+    EXPECT_EQ(EinfachOrdnerHinzufügen(Welt, Auftrag).Anzahl, 2);
+    EXPECT_EQ(Index.Sätze.Text(1, FeldWechselmedium), "ALBUM 6a0aed08");
+}
+
 TEST(Leseauftrag, FolgtDenDreiZiffernDerEinstellung) {
     const auto Alles = HinzufügeLeseauftrag("110");
     ASSERT_TRUE(Alles.Code);

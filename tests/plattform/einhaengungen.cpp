@@ -59,6 +59,17 @@ TEST_F(Einhängungsprobe, ArtenKommenAusZeileUndOrt) {
     EXPECT_EQ(EinhängungAn(Tabelle, "/home/")->Quelle, "/dev/sdc1") << "the later mount hides the earlier";
 }
 
+TEST(Vorgesehene, OrteStehenAuchOhneEinhängungFest) {
+    const auto Tabelle = VorgeseheneLesen(
+        "# /etc/fstab\n\nUUID=1 / ext4 defaults 0 1\nUUID=2 none swap sw 0 0\n/dev/sdb1\t/daten  ext4 "
+        "noauto\n"
+        "//nas/musik /home/ute/Meine\\040Musik cifs x\n#/dev/x /weg ext4\nkaputt\n");
+    ASSERT_EQ(Tabelle.size(), 2U);
+    EXPECT_EQ(Tabelle[0].Ort, "/home/ute/Meine Musik/");
+    EXPECT_EQ(ArtVon(Tabelle[0]), Laufwerksart::Netzwerk);
+    EXPECT_EQ(Tabelle[1].Ort, "/daten/");
+}
+
 TEST(Zahlenfolgen, NurGanzeFolgenWerdenErsetzt) {
     EXPECT_EQ(ZahlenfolgenAuflösen("a\\040b\\134"), "a b\\");
     EXPECT_EQ(ZahlenfolgenAuflösen("GR\\xc3\\xbcN\\x2f"), "GRüN/");

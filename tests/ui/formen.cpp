@@ -11,6 +11,7 @@
 #include "ui/qt/frmdateinichtverfuegbar.h"
 #include "ui/qt/frmhinweise.h"
 #include "ui/qt/frmindexhinzufuegen.h"
+#include "ui/qt/frmindexhinzufuegenzusammenfassung.h"
 #include "ui/qt/frmsortieren.h"
 #include "ui/qt/frmsucheerweitert.h"
 #include "ui/qt/frmsucheerweiterthinzufuegen.h"
@@ -97,8 +98,13 @@ TEST(Formen, JedesSteuerelementHatNamenUndEigeneTaste) {
     FormPrüfen(Beenden);
     frmDateiNichtVerfügbar Fehlt({"Text", {}}, nullptr);
     FormPrüfen(Fehlt, {u"Alt+A"_s});
-    frmIndexHinzufügen Hinzufügen(Eins.Programm.Index.Optionen.Dateitypen, nullptr);
+    frmIndexHinzufügen Hinzufügen(Eins.Programm.Index.Optionen.Dateitypen, Eins.Programm.Werte, {}, nullptr);
     FormPrüfen(Hinzufügen);
+    frmDateiNichtVerfügbarSchreiben Gesperrt({"Text", {}}, nullptr);
+    FormPrüfen(Gesperrt);
+    Namensfunde Funde;
+    frmIndexHinzufügenZusammenfassung Zusammenfassung(Eins.Programm, Funde, nullptr);
+    FormPrüfen(Zusammenfassung);
     frmInfo Info("Liedwerk", nullptr);
     FormPrüfen(Info);
     frmWillkommen Willkommen("Liedwerk", nullptr);

@@ -64,6 +64,11 @@ std::optional<Einhängung> ZeileLesen(std::string_view Zeile) {
     return Neu;
 }
 
+void LängereZuerst(std::vector<Einhängung>& Tabelle) {
+    std::stable_sort(Tabelle.begin(), Tabelle.end(),
+                     [](const auto& A, const auto& B) { return A.Ort.size() > B.Ort.size(); });
+}
+
 // The number of Länge digits at the start of Text; nothing when they are not all digits of the base.
 std::optional<char> Zahlenfolge(std::string_view Text, std::size_t Länge, int Basis) {
     if (Text.size() < Länge) return std::nullopt;
@@ -109,8 +114,23 @@ std::vector<Einhängung> EinhängungenLesen(std::string_view Text) {
         std::erase_if(Tabelle, [&](const Einhängung& Alt) { return Alt.Ort == Neu->Ort; });
         Tabelle.push_back(std::move(*Neu));
     }
-    std::stable_sort(Tabelle.begin(), Tabelle.end(),
-                     [](const auto& A, const auto& B) { return A.Ort.size() > B.Ort.size(); });
+    LängereZuerst(Tabelle);
+    return Tabelle;
+}
+
+std::vector<Einhängung> VorgeseheneLesen(std::string_view Text) {
+    std::vector<Einhängung> Tabelle;
+    for (const auto& Zeile : Teilen(Ersetzen(Text, "\t", " "), "\n")) {
+        auto Felder = Teilen(Kürzen(Zeile), " ");
+        std::erase(Felder, "");
+        if (Felder.size() < 3 || Felder[0].starts_with('#') || !IstPosixPfad(Felder[1])) continue;
+        Einhängung Neu;
+        Neu.Quelle = ZahlenfolgenAuflösen(Felder[0]);
+        Neu.Ort = MitTrenner(ZahlenfolgenAuflösen(Felder[1]));
+        Neu.Art = Felder[2];
+        if (Neu.Ort != "/") Tabelle.push_back(std::move(Neu));
+    }
+    LängereZuerst(Tabelle);
     return Tabelle;
 }
 

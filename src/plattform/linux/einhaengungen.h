@@ -21,6 +21,10 @@ struct Einhängung {
 // a path is the right one.
 std::vector<Einhängung> EinhängungenLesen(std::string_view Text);
 
+// Parses the text of /etc/fstab (fstab(5)): the places where file systems are meant to stand, mounted or not,
+// longer ones first. The root, swap and lines of another form are left out.
+std::vector<Einhängung> VorgeseheneLesen(std::string_view Text);
+
 // The mount that stands exactly at the place (final "/"); null when there is none.
 const Einhängung* EinhängungAn(const std::vector<Einhängung>& Tabelle, std::string_view Ort);
 

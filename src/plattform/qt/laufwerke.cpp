@@ -1,5 +1,6 @@
 #include "plattform/qt/laufwerke.h"
 
+#include <algorithm>
 #include <sys/stat.h>
 
 #include "basis/datei.h"
@@ -12,6 +13,7 @@ namespace {
 // A link that is bent while a run is on shows after this time.
 constexpr std::chrono::seconds Merkzeit(1);
 constexpr std::size_t HöchsteMerkzahl = 4096;
+constexpr std::uint64_t HöchsteTabelle = 1 << 20;  // bytes of /etc/fstab
 
 bool HatLaufwerksbuchstaben(std::string_view Pfad) {
     return Pfad.size() >= 2 && Pfad[1] == ':';
@@ -36,6 +38,18 @@ Laufwerksart FesteArtPrüfen(const Einhängung& Eingehängt) {
 
 }  // namespace
 
+Systemlaufwerke::Systemlaufwerke()
+    : Vorgesehene(VorgeseheneLesen(DateiLesen("/etc/fstab", HöchsteTabelle).value_or(""))) {}
+
+// The nearest of these places that holds the folder; null when there is none.
+const Einhängung* Systemlaufwerke::VorgeseheneFür(std::string_view Ordner) const {
+    const std::string AlsOrdner = MitTrenner(Ordner);
+    const auto Fund = std::find_if(Vorgesehene.begin(), Vorgesehene.end(), [&](const Einhängung& Eintrag) {
+        return AlsOrdner.starts_with(Eintrag.Ort);
+    });
+    return Fund == Vorgesehene.end() ? nullptr : &*Fund;
+}
+
 // The drive on which the files of a folder lie. An operation over many files asks for neighbours.
 std::string Systemlaufwerke::OrdnerlaufwerkVon(std::string_view Ordner) const {
     const auto& Einhängungen = Tabelle.Jetzt();
@@ -47,7 +61,12 @@ std::string Systemlaufwerke::OrdnerlaufwerkVon(std::string_view Ordner) const {
         OrdnerZeit = Jetzt;
     }
     auto& Laufwerk = Ordnerlaufwerke[std::string(Ordner)];
-    if (Laufwerk.empty()) Laufwerk = liedwerk::LaufwerkVon(Einhängungen, LinksFolgen(Ordner));
+    if (Laufwerk.empty()) {
+        const std::string Ziel = LinksFolgen(Ordner);
+        Laufwerk = liedwerk::LaufwerkVon(Einhängungen, Ziel);
+        const auto* Vorgesehen = VorgeseheneFür(Ziel);
+        if (Vorgesehen != nullptr && Vorgesehen->Ort.size() > Laufwerk.size()) Laufwerk = Vorgesehen->Ort;
+    }
     return Laufwerk;
 }
 
@@ -62,6 +81,10 @@ Laufwerksart Systemlaufwerke::Art(std::string_view Laufwerk) const {
     const std::lock_guard Gesperrt(Riegel);
     const auto* Eingehängt = EinhängungAn(Tabelle.Jetzt(), Laufwerk);
     if (Eingehängt == nullptr) {
+        const auto* Vorgesehen = VorgeseheneFür(Laufwerk);
+        if (Vorgesehen != nullptr && Vorgesehen->Ort == Laufwerk &&
+            ArtVon(*Vorgesehen) == Laufwerksart::Netzwerk)
+            return Laufwerksart::Netzwerk;
         return Wechselort(Laufwerk) == Laufwerk ? Laufwerksart::Wechsel : Laufwerksart::Keines;
     }
     const auto NachZeile = ArtVon(*Eingehängt);

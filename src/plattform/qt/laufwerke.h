@@ -6,6 +6,7 @@
 #include <mutex>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "plattform/laufwerke.h"
 #include "plattform/linux/einhaengungstabelle.h"
@@ -16,6 +17,7 @@ namespace liedwerk {
 // Unbekannt and they are never there.
 class Systemlaufwerke final : public Laufwerke {
   public:
+    Systemlaufwerke();
     // Links on the way are followed, so that a folder linked into the home folder lies on the stick it is on.
     std::string LaufwerkVon(std::string_view Pfad) const override;
     Laufwerksart Art(std::string_view Laufwerk) const override;
@@ -25,9 +27,13 @@ class Systemlaufwerke final : public Laufwerke {
 
   private:
     std::string OrdnerlaufwerkVon(std::string_view Ordner) const;
+    const Einhängung* VorgeseheneFür(std::string_view Ordner) const;
 
     mutable std::mutex Riegel;
     mutable Einhängungstabelle Tabelle;
+    // Where disks and shares are meant to stand: such a place is a drive also while nothing is mounted there,
+    // so that its files are out of reach then and not deleted.
+    const std::vector<Einhängung> Vorgesehene;
     // Drives by folder, for one state of the table and not for long: links may be bent meanwhile.
     mutable std::unordered_map<std::string, std::string> Ordnerlaufwerke;
     mutable unsigned OrdnerStand = 0;

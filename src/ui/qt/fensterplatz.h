@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QList>
 #include <QMenu>
+#include <QPalette>
 #include <functional>
 #include <vector>
 
@@ -37,7 +38,12 @@ struct Fensterplatz {
     std::function<void(std::function<bool(Satznummer)>)> BeiDoppelklick;
     // Plays the records in their order; empty where nothing can be played.
     std::function<void(const std::vector<Satznummer>&)> Abspielen{};
+    // Opens frmKopieren, the settings of copying and moving; set by the subject of the files' operations.
+    std::function<void(QWidget* Eltern)> KopierenEinstellen{};
 };
+
+// A colour of the settings (0xBBGGRR) put into a role; the desktop's own is left alone.
+void FarbeSetzen(QPalette& Palette, QPalette::ColorRole Rolle, std::int32_t Farbe);
 
 // An action of the window with its name, text, picture ("" for none) and keys, also reachable by its keys
 // while no menu shows it. Handler runs when it is triggered and Bereit says yes.

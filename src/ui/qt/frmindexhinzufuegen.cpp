@@ -1,8 +1,11 @@
 #include "ui/qt/frmindexhinzufuegen.h"
 
+#include <QClipboard>
 #include <QCommandLinkButton>
 #include <QDir>
 #include <QFileDialog>
+#include <QGuiApplication>
+#include <QMimeData>
 
 #include "ui/qt/formkopf.h"
 #include "ui/qt/meldung.h"
@@ -18,6 +21,16 @@ namespace {
 QString& LetzterOrdner() {
     static QString Ordner = QDir::homePath();
     return Ordner;
+}
+
+// The file dialog for a list of names; empty when cancelled.
+std::string ListeWählen(QWidget* Besitzer, const QString& Titel, const QStringList& Filter) {
+    QFileDialog Dialog(Besitzer, Titel, LetzterOrdner());
+    Dialog.setFileMode(QFileDialog::ExistingFile);
+    Dialog.setNameFilters(Filter);
+    if (Dialog.exec() != QDialog::Accepted || Dialog.selectedFiles().isEmpty()) return {};
+    LetzterOrdner() = Dialog.directory().absolutePath();
+    return PfadAusQt(Dialog.selectedFiles().constFirst());
 }
 
 }  // namespace
@@ -44,9 +57,8 @@ Dateifilter DateifilterBilden(const std::vector<Dateityp>& Dateitypen) {
     return {u"Unterstützte Dateiformate (%1)"_s.arg(Muster.join(u' ')), u"Alle Dateien (*)"_s, {}};
 }
 
-std::string OrdnerWählen(QWidget* Besitzer) {
-    const QString Ordner = QFileDialog::getExistingDirectory(
-        Besitzer, u"Bitte wählen Sie einen Ordner mit Mediendateien..."_s, LetzterOrdner());
+std::string OrdnerWählen(QWidget* Besitzer, const QString& Titel) {
+    const QString Ordner = QFileDialog::getExistingDirectory(Besitzer, Titel, LetzterOrdner());
     if (Ordner.isEmpty()) return {};
     LetzterOrdner() = Ordner;
     return PfadAusQt(Ordner);
@@ -73,42 +85,121 @@ std::vector<std::string> DateienWählen(QWidget* Besitzer, const std::vector<Dat
     return Dateien;
 }
 
-frmIndexHinzufügen::frmIndexHinzufügen(const std::vector<Dateityp>& Dateitypen, QWidget* Eltern)
-    : QDialog(Eltern), Typen(Dateitypen) {
+frmIndexHinzufügen::frmIndexHinzufügen(const std::vector<Dateityp>& Dateitypen, Einstellungen& Optionen,
+                                       std::function<void(QWidget*)> KopierenEinstellen, QWidget* Eltern)
+    : QDialog(Eltern), Typen(Dateitypen), Werte(Optionen), Einstellen(std::move(KopierenEinstellen)) {
     setObjectName(u"frmIndexHinzufügen"_s);
     setWindowTitle(u"Zum Index hinzufügen"_s);
     QVBoxLayout* const Spalte = Formspalte(*this);
     BannerHinzufügen(*Spalte, Symbolbild("sammlung"), u"Was möchten Sie hinzufügen?"_s,
-                     u"Ihre Dateien bleiben an ihrem Ort; der Index merkt sich, was in ihnen steht."_s);
-    const auto Weg = [&](const QString& Name, const QString& Titel, const QString& Text, const char* Bild) {
+                     u"Der Index merkt sich, was in den Dateien steht."_s);
+    WegeAnlegen(*Spalte);
+    VerschiebenAnlegen(*Spalte);
+    KnöpfeHinzufügen(*Spalte, *this, {{u"cmdOk"_s, u"&Schließen"_s, Rejected}})[0]->setAutoDefault(false);
+}
+
+void frmIndexHinzufügen::WegeAnlegen(QVBoxLayout& Spalte) {
+    auto* const Wege = new QVBoxLayout;
+    Wege->setSpacing(2);
+    const auto Weg = [&](const QString& Name, const QString& Titel, const QString& Text, const char* Bild,
+                         void (frmIndexHinzufügen::*Handler)()) {
         auto* const Knopf = new QCommandLinkButton(Titel, Text, this);
         Knopf->setObjectName(Name);
         Knopf->setIcon(Symbolbild(Bild));
         Knopf->setIconSize({26, 26});
-        Spalte->addWidget(Knopf);
+        Wege->addWidget(Knopf);
+        connect(Knopf, &QCommandLinkButton::clicked, this, Handler);
         return Knopf;
     };
-    auto* const cmdOrdnerHinzufügen =
-        Weg(u"cmdOrdnerHinzufügen"_s, u"&Ordner..."_s,
-            u"Alle unterstützten Dateien eines Ordners und seiner Unterordner"_s, "ordner-hinzufuegen");
-    auto* const cmdDateienHinzufügen = Weg(u"cmdDateienHinzufügen"_s, u"&Dateien..."_s,
-                                           u"Einzelne Dateien, die Sie auswählen"_s, "dateien-hinzufuegen");
-    connect(cmdOrdnerHinzufügen, &QCommandLinkButton::clicked, this, [this] { cmdOrdnerHinzufügen_Click(); });
-    connect(cmdDateienHinzufügen, &QCommandLinkButton::clicked, this,
-            [this] { cmdDateienHinzufügen_Click(); });
-    KnöpfeHinzufügen(*Spalte, *this, {{u"cmdOk"_s, u"&Schließen"_s, Rejected}})[0]->setAutoDefault(false);
-    cmdOrdnerHinzufügen->setDefault(true);
-    cmdOrdnerHinzufügen->setFocus();
+    auto* const Erster = Weg(u"cmdOrdnerHinzufügen"_s, u"&Ordner..."_s,
+                             Werte.HinzufügenUnterordner == 1
+                                 ? u"Alle unterstützten Dateien eines Ordners und seiner Unterordner"_s
+                                 : u"Alle unterstützten Dateien eines Ordners"_s,
+                             "ordner-hinzufuegen", &frmIndexHinzufügen::cmdOrdnerHinzufügen_Click);
+    Weg(u"cmdDateienHinzufügen"_s, u"&Dateien..."_s, u"Einzelne Dateien, die Sie auswählen"_s,
+        "dateien-hinzufuegen", &frmIndexHinzufügen::cmdDateienHinzufügen_Click);
+    Weg(u"cmdImportieren"_s, u"&Playliste..."_s, u"Die Dateien, die eine Playliste nennt"_s, "playliste",
+        &frmIndexHinzufügen::cmdImportieren_Click);
+    Weg(u"cmdDateinamen"_s, u"Datei mit Datei&namen..."_s, u"Die Dateien, deren Namen in einem Text stehen"_s,
+        "dateinamen", &frmIndexHinzufügen::cmdDateinamen_Click);
+    Weg(u"cmdHinzufügenZwischenablage"_s, u"&Zwischenablage"_s,
+        u"Die Dateien und Ordner, die Sie an anderer Stelle kopiert haben"_s, "zwischenablage",
+        &frmIndexHinzufügen::cmdHinzufügenZwischenablage_Click);
+    Spalte.addLayout(Wege);
+    Erster->setDefault(true);
+    Erster->setFocus();
+}
+
+void frmIndexHinzufügen::VerschiebenAnlegen(QVBoxLayout& Spalte) {
+    auto* const optBleiben = new QRadioButton(u"Dateien an ihrem Ort &lassen"_s, this);
+    optBleiben->setObjectName(u"optVerschieben(0)"_s);
+    optVerschieben = new QRadioButton(u"Dateien &kopieren/verschieben"_s, this);
+    optVerschieben->setObjectName(u"optVerschieben(1)"_s);
+    cmdKopierenEinstellen = new QPushButton(u"&Einstellungen..."_s, this);
+    cmdKopierenEinstellen->setObjectName(u"cmdKopierenEinstellen"_s);
+    cmdKopierenEinstellen->setAutoDefault(false);
+    (Werte.HinzufügenKopieren == 1 ? optVerschieben : optBleiben)->setChecked(true);
+    cmdKopierenEinstellen->setEnabled(optVerschieben->isChecked());
+    auto* const Zeile = new QHBoxLayout;
+    Zeile->addWidget(optVerschieben);
+    Zeile->addSpacing(12);
+    Zeile->addWidget(cmdKopierenEinstellen);
+    Zeile->addStretch(1);
+    Spalte.addSpacing(4);
+    Spalte.addWidget(optBleiben);
+    Spalte.addLayout(Zeile);
+    connect(optVerschieben, &QRadioButton::toggled, cmdKopierenEinstellen, &QPushButton::setEnabled);
+    connect(optVerschieben, &QRadioButton::clicked, this, [this] { optVerschieben_Click(); });
+    connect(cmdKopierenEinstellen, &QPushButton::clicked, this, [this] { cmdKopierenEinstellen_Click(); });
+}
+
+void frmIndexHinzufügen::optVerschieben_Click() {
+    if (Werte.KopierenOrdner.empty()) cmdKopierenEinstellen_Click();
+}
+
+void frmIndexHinzufügen::cmdKopierenEinstellen_Click() {
+    if (Einstellen) Einstellen(this);
 }
 
 void frmIndexHinzufügen::cmdDateienHinzufügen_Click() {
     Gewählt.Dateien = DateienWählen(this, Typen);
-    if (!Gewählt.Dateien.empty()) accept();
+    if (!Gewählt.Dateien.empty()) Abschließen(Hinzufügeweg::Dateien);
 }
 
 void frmIndexHinzufügen::cmdOrdnerHinzufügen_Click() {
-    Gewählt.Ordner = OrdnerWählen(this);
-    if (!Gewählt.Ordner.empty()) accept();
+    Gewählt.Pfad = OrdnerWählen(this);
+    if (!Gewählt.Pfad.empty()) Abschließen(Hinzufügeweg::Ordner);
+}
+
+void frmIndexHinzufügen::cmdImportieren_Click() {
+    Gewählt.Pfad = ListeWählen(this, u"Playliste hinzufügen"_s,
+                               {u"Alle bekannten Playlisten (*.m3u *.m3u8 *.pls)"_s,
+                                u"PLS-Playlisten (*.pls)"_s, u"M3U-Playlisten (*.m3u *.m3u8)"_s});
+    if (!Gewählt.Pfad.empty()) Abschließen(Hinzufügeweg::Playliste);
+}
+
+void frmIndexHinzufügen::cmdDateinamen_Click() {
+    Gewählt.Pfad = ListeWählen(this, u"Datei mit Dateinamen hinzufügen"_s, {u"Alle Dateien (*)"_s});
+    if (!Gewählt.Pfad.empty()) Abschließen(Hinzufügeweg::Dateinamen);
+}
+
+void frmIndexHinzufügen::cmdHinzufügenZwischenablage_Click() {
+    const QMimeData* const Daten = QGuiApplication::clipboard()->mimeData();
+    // The list of addresses keeps every byte of a name.
+    const QByteArray Adressen = Daten->data(u"text/uri-list"_s);
+    Gewählt.Text = Adressen.isEmpty() ? Utf8Text(Daten->text()) : Adressen.toStdString();
+    Abschließen(Hinzufügeweg::Zwischenablage);
+}
+
+void frmIndexHinzufügen::Abschließen(Hinzufügeweg Weg) {
+    Gewählt.Weg = Weg;
+    Gewählt.Kopieren = optVerschieben->isChecked();
+    accept();
+}
+
+void frmIndexHinzufügen::done(int Ergebnis) {
+    Werte.HinzufügenKopieren = optVerschieben->isChecked() ? 1 : 0;
+    QDialog::done(Ergebnis);
 }
 
 }  // namespace liedwerk

@@ -2,19 +2,18 @@
 #pragma once
 
 #include <QDialog>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QString>
+#include <functional>
 #include <string>
 #include <vector>
 
+#include "basis/einstellungen.h"
+#include "core/hinzufuegewege.h"
 #include "index/dateitypen.h"
 
 namespace liedwerk {
-
-// What a form has chosen to add; nothing when the person thought better of it.
-struct Hinzufügewahl {
-    std::vector<std::string> Dateien;
-    std::string Ordner;
-};
 
 // The filters of the file dialog, and what stands in the way of adding files (empty when nothing does).
 struct Dateifilter {
@@ -25,21 +24,39 @@ struct Dateifilter {
 Dateifilter DateifilterBilden(const std::vector<Dateityp>& Dateitypen);
 
 // The folder dialog and the file dialog; empty when cancelled.
-std::string OrdnerWählen(QWidget* Besitzer);
+std::string OrdnerWählen(QWidget* Besitzer,
+                         const QString& Titel = QStringLiteral("Bitte wählen Sie einen Ordner mit "
+                                                               "Mediendateien..."));
 std::vector<std::string> DateienWählen(QWidget* Besitzer, const std::vector<Dateityp>& Dateitypen);
 
 class frmIndexHinzufügen final : public QDialog {
   public:
-    frmIndexHinzufügen(const std::vector<Dateityp>& Dateitypen, QWidget* Eltern);
+    // KopierenEinstellen opens the settings of copying and moving.
+    frmIndexHinzufügen(const std::vector<Dateityp>& Dateitypen, Einstellungen& Werte,
+                       std::function<void(QWidget*)> KopierenEinstellen, QWidget* Eltern);
     // After the form has closed.
     const Hinzufügewahl& Wahl() const { return Gewählt; }
+    // However it closes, HinzufügenKopieren takes the chosen option.
+    void done(int Ergebnis) override;
 
   private:
+    void WegeAnlegen(QVBoxLayout& Spalte);
+    void VerschiebenAnlegen(QVBoxLayout& Spalte);
     void cmdDateienHinzufügen_Click();
     void cmdOrdnerHinzufügen_Click();
+    void cmdImportieren_Click();
+    void cmdDateinamen_Click();
+    void cmdHinzufügenZwischenablage_Click();
+    void cmdKopierenEinstellen_Click();
+    void optVerschieben_Click();
+    void Abschließen(Hinzufügeweg Weg);
 
     const std::vector<Dateityp>& Typen;
+    Einstellungen& Werte;
+    std::function<void(QWidget*)> Einstellen;
     Hinzufügewahl Gewählt;
+    QRadioButton* optVerschieben = nullptr;  // the second of the group: copy or move
+    QPushButton* cmdKopierenEinstellen = nullptr;
 };
 
 }  // namespace liedwerk

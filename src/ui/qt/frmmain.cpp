@@ -11,6 +11,7 @@
 #include "ui/qt/dateiaktionen.h"
 #include "ui/qt/exportaktionen.h"
 #include "ui/qt/extrasaktionen.h"
+#include "ui/qt/indexaktionen.h"
 #include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
 #include "ui/qt/tagaktionen.h"
@@ -65,7 +66,7 @@ void frmMain::Anbinden(Anwendung& Lauf) {
                                                 &frmMain::mnuSymbolÖffnen_Click);
     Symbolmenü->addAction(mnuSymbolÖffnen);
     Symbolmenü->setDefaultAction(mnuSymbolÖffnen);
-    Symbolmenü->addActions({mnuHinzufügen, mnuSpeichern});
+    Symbolmenü->addActions({mnuHinzufügen, findChild<QAction*>(u"mnuListeAufräumen"_s), mnuSpeichern});
     Symbolmenü->addSeparator();
     Symbolmenü->addAction(mnuBeenden);
 
@@ -212,6 +213,8 @@ void frmMain::MenüsAnlegen() {
 
 void frmMain::TeileAnlegen() {
     // The subjects put their actions into the menus here, in the order of the menus' entries.
+    // First, since its double click on a folder goes ahead of playing.
+    IndexaktionenAnlegen(*Platz);
     if (Programm->Dienst.Spieler != nullptr && Programm->Dienst.Programme != nullptr) {
         Spielen =
             std::make_unique<Wiedergabeaktionen>(*Platz, *fraPlayer, [this] { tmrScrollUpdate.start(0); });

@@ -137,8 +137,6 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     void AbfragenAuflisten();
     void MengeNachführen();
     void MengeSuchen();
-    void OrdnerHinzufügen(const std::string& Ordner);
-    void DateienHinzufügen(const std::vector<std::string>& Dateien);
     void PfadeAblegen(std::vector<std::string> Pfade);
     void IndexLaden(const std::string& Datei);
     void SpalteUmschalten(int Nummer);

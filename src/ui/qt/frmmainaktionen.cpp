@@ -55,38 +55,28 @@ void frmMain::AktionenNachführen() {
         Nachführung(Geladen);
 }
 
-void frmMain::OrdnerHinzufügen(const std::string& Ordner) {
-    if (Ordner.empty() || !Bereit()) return;
-    Ordnerauftrag Auftrag;
-    Auftrag.Ordner = Ordner;
-    Auftrag.Unterordner = Programm->Werte.HinzufügenUnterordner == 1;
-    Auftrag.DateimanagerAnsicht = Programm->Index.Programmmodus == ModusDateimanager;
-    OrdnerHinzufügenLauf(*Programm, Auftrag, {});
-}
-
-void frmMain::DateienHinzufügen(const std::vector<std::string>& Dateien) {
-    if (!Dateien.empty() && Bereit()) DateienHinzufügenLauf(*Programm, Dateien, {}, true);
-}
-
 void frmMain::mnuHinzufügen_Click() {
     if (!Bereit()) return;
     Suche->AusstehendesAusführen();
-    frmIndexHinzufügen Form(Programm->Index.Optionen.Dateitypen, this);
-    if (Form.exec() != QDialog::Accepted) return;
-    OrdnerHinzufügen(Form.Wahl().Ordner);
-    DateienHinzufügen(Form.Wahl().Dateien);
+    frmIndexHinzufügen Form(Programm->Index.Optionen.Dateitypen, Programm->Werte, Platz->KopierenEinstellen,
+                            this);
+    if (Form.exec() == QDialog::Accepted && Bereit()) HinzufügewahlAusführen(*Programm, Form.Wahl());
 }
 
 void frmMain::mnuOrdnerHinzufügen_Click() {
     if (!Bereit()) return;
     Suche->AusstehendesAusführen();
-    OrdnerHinzufügen(OrdnerWählen(this));
+    const std::string Ordner = OrdnerWählen(this);
+    if (Ordner.empty() || !Bereit()) return;
+    HinzufügewahlAusführen(*Programm, {Hinzufügeweg::Ordner, {}, Ordner, {}, false});
 }
 
 void frmMain::mnuDateienHinzufügen_Click() {
     if (!Bereit()) return;
     Suche->AusstehendesAusführen();
-    DateienHinzufügen(DateienWählen(this, Programm->Index.Optionen.Dateitypen));
+    const auto Dateien = DateienWählen(this, Programm->Index.Optionen.Dateitypen);
+    if (Dateien.empty() || !Bereit()) return;
+    HinzufügewahlAusführen(*Programm, {Hinzufügeweg::Dateien, Dateien, {}, {}, false});
 }
 
 void frmMain::mnuSpeichern_Click() {

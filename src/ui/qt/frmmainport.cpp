@@ -8,6 +8,7 @@
 #include "basis/pfad.h"
 #include "medien/medienlesen.h"
 #include "suche/feldwert.h"
+#include "ui/qt/fensterplatz.h"
 #include "ui/qt/frmbeenden.h"
 #include "ui/qt/frmhinweise.h"
 #include "ui/qt/frmmain.h"
@@ -20,12 +21,6 @@ using namespace Qt::StringLiterals;
 
 namespace liedwerk {
 namespace {
-
-// A colour of the settings (0xBBGGRR) put into a role; the desktop's own is left alone.
-void FarbeSetzen(QPalette& Palette, QPalette::ColorRole Rolle, std::int32_t Farbe) {
-    if (Farbe == DesktopFarbe) return;
-    Palette.setColor(Rolle, QColor(Farbe & 0xFF, (Farbe >> 8) & 0xFF, (Farbe >> 16) & 0xFF));
-}
 
 // The list's font of the settings. The stored default names a font of another desktop; as long as nothing
 // was chosen, the list has this desktop's font.

@@ -181,6 +181,14 @@ const std::vector<Befehl>& Befehlstabelle() {
          0,
          1,
          SuchenAusführen},
+        {"synchronisieren",
+         "synchronisieren",
+         "Bringt den Index auf den Stand der Ordner, die in seinen Optionen stehen, und speichert diesen.\n"
+         "Dateien auf Datenträgern, die nicht eingelegt sind, bleiben im Index.",
+         {},
+         0,
+         0,
+         SynchronisierenAusführen},
         {"tag-aufraeumen",
          "tag-aufraeumen DATEI...",
          "Entfernt nichtssagende TAGs, ergänzt fehlende aus dem Dateinamen und macht die Texte lesbar. "
@@ -190,14 +198,6 @@ const std::vector<Befehl>& Befehlstabelle() {
          1,
          Beliebig,
          TagAufräumenAusführen},
-        {"synchronisieren",
-         "synchronisieren",
-         "Bringt den Index auf den Stand der Ordner, die in seinen Optionen stehen, und speichert diesen.\n"
-         "Dateien auf Datenträgern, die nicht eingelegt sind, bleiben im Index.",
-         {},
-         0,
-         0,
-         SynchronisierenAusführen},
         {"tag-entfernen",
          "tag-entfernen [--v1] [--v2] [--lyrics] DATEI...",
          "Entfernt TAGs aus Dateien. Mindestens ein TAG ist zu nennen. Hat der Index einen Datensatz der "
