@@ -109,7 +109,7 @@ class Zerleger {
 }  // namespace
 
 bool IstPlayliste(std::string_view Pfad) {
-    return Pfad.ends_with(".pls") || Pfad.ends_with(".m3u");
+    return Pfad.ends_with(".pls") || Pfad.ends_with(".m3u") || Pfad.ends_with(".m3u8");
 }
 
 Listenart PlaylistenArt(std::string_view Pfad) {

@@ -19,7 +19,8 @@ enum class Listenart {
     Namen,  // any text: a name a line, or in columns between tabulators or quotes
 };
 
-// True for a name that adding takes for a play list: ".pls" or ".m3u" at its end, in exactly this spelling.
+// True for a name that adding takes for a play list: ".pls", ".m3u" or ".m3u8" at its end, in exactly this
+// spelling.
 bool IstPlayliste(std::string_view Pfad);
 // The kind of a play list by its extension, in any spelling: ".pls" or, for all others, M3u.
 Listenart PlaylistenArt(std::string_view Pfad);

@@ -56,8 +56,9 @@ Verfügbarkeitsantwort Textoberfläche::DateiNichtVerfügbarZeigen(const Verfüg
     std::string Aktuell;
     if (Frage.Nachsehen && Frage.Nachsehen(Aktuell)) return Verfügbarkeitsantwort::Verfügbar;
     ZeileLöschen();
-    Fehlerzeile(Frage.Text + "\n-> Übersprungen");
-    return Verfügbarkeitsantwort::Überspringen;
+    // Once is enough: the same would be said of every file of the medium.
+    Fehlerzeile(Frage.Text + "\n-> Übersprungen, ebenso alle weiteren nicht verfügbaren Dateien");
+    return Verfügbarkeitsantwort::AlleÜberspringen;
 }
 
 bool Textoberfläche::DateiNichtVerfügbarSchreibenZeigen(const Schreibsperrfrage& Frage) {
