@@ -8,6 +8,7 @@
 
 #include "basis/text.h"
 #include "basis/zahl.h"
+#include "index/genres.h"
 #include "suche/feldwert.h"
 
 namespace liedwerk {
@@ -182,6 +183,14 @@ std::string AutoDjPrüfen(const AutoDjEingabe& Eingabe, AutoDjWahl& Wahl) {
     Wahl.SehrAlteHäufiger = Eingabe.SehrAlteHäufiger;
     Wahl.Genres = Eingabe.Genres;
     return {};
+}
+
+std::vector<std::string> AlleAutoDjGenres() {
+    std::vector<std::string> Alle(GenreListe.begin(), GenreListe.end());
+    std::sort(Alle.begin(), Alle.end());
+    Alle.erase(std::unique(Alle.begin(), Alle.end()), Alle.end());
+    Alle.insert(Alle.begin(), std::string(OhneGenre));
+    return Alle;
 }
 
 Zufallszahl ZufallszahlVon(std::uint64_t Saat) {

@@ -46,6 +46,10 @@ struct AutoDjWahl {
 // Fills Wahl; otherwise the message that says what is wrong.
 std::string AutoDjPrüfen(const AutoDjEingabe& Eingabe, AutoDjWahl& Wahl);
 
+// Every entry of the genre list: the names of the genre table, each once, in the order of the alphabet,
+// behind OhneGenre.
+std::vector<std::string> AlleAutoDjGenres();
+
 // A number in [0, 1), each call the next one.
 using Zufallszahl = std::function<double()>;
 // A generator of its own for each seed: one seed gives the same numbers on every machine.

@@ -73,12 +73,17 @@ struct Umgebung {
     speicher::StehendeUhr Zeit;
     speicher::Laufwerksliste Drives;
     Systemordnerleser Leser;
+    // Without them nothing is played.
+    Spielerkanal* Spieler = nullptr;
+    Programmstart* Programme = nullptr;
 };
 
 struct Lauf {
     explicit Lauf(Umgebung& Welt)
         : Programm(Dienste{Person, Fenster, Welt.Zeit, Welt.Drives, Welt.Leser, nullptr, Welt.Werte, nullptr,
                            Welt.Ordner()}) {
+        Programm.Dienst.Spieler = Welt.Spieler;
+        Programm.Dienst.Programme = Welt.Programme;
         Fenster.Anbinden(Programm);
         Fenster.Beendet = [this] { Beendet = true; };
         Main(Programm, Startauftrag{});

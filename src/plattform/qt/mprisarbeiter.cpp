@@ -242,9 +242,10 @@ void Mprisarbeiter::Geantwortet(bool Gelungen) {
     {
         const std::lock_guard Halten(Bild->Riegel);
         Bild->Umgesehen = true;
-        if (Gelungen && Bild->Fenster == 0) Bild->Fenster = ++Bild->Erscheinungen;
-        Neu = Stumm && Bild->Fenster != 0;
+        const Spielerfenster Vorher = Bild->Fenster;
+        if (Gelungen && Vorher == 0) Bild->Fenster = ++Bild->Erscheinungen;
         if (Stumm) Bild->Fenster = 0;
+        Neu = Bild->Fenster != Vorher;
         Spielt = Bild->Zustand == 1;
     }
     if (Stumm) {

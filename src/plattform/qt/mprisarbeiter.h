@@ -73,10 +73,10 @@ class Mprisarbeiter final : public QObject {
     std::unique_ptr<QDBusServiceWatcher> Wächter;
     std::unique_ptr<QTimer> Takt;        // the next look at the position
     std::unique_ptr<QTimer> Sammelzeit;  // signals that come together are answered by one look
-    Busempfang Empfang;
-    QString Grundname;  // "org.mpris.MediaPlayer2.x"
-    QString Dienst;     // the name of the player that is there; empty: none
-    QString Eigner;     // its unique name
+    Busempfang Empfang{this};            // a child, so that it moves to the thread as well
+    QString Grundname;                   // "org.mpris.MediaPlayer2.x"
+    QString Dienst;                      // the name of the player that is there; empty: none
+    QString Eigner;                      // its unique name
     Mpristitel Titel;
     bool Zweit = false;
     int Fehlschläge = 0;

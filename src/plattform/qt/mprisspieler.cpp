@@ -1,6 +1,7 @@
 #include "plattform/qt/mprisspieler.h"
 
 #include <QCoreApplication>
+#include <atomic>
 
 #include "plattform/qt/mprisarbeiter.h"
 
@@ -22,7 +23,6 @@ void AnwendungSicherstellen() {
 }  // namespace
 
 Mprisspieler::Mprisspieler() : Bild(std::make_shared<Mprisbild>()) {
-    AnwendungSicherstellen();
     auto Gemeldet = std::make_shared<std::atomic<bool>>(false);
     Bild->Melden = [this, Gemeldet] {
         // Changes that nobody has looked at yet need no second call.
@@ -57,6 +57,7 @@ Spielerfenster Mprisspieler::Finden(const Spielerprofil& Profil) {
         Bild->Fenster = 0;
     }
     if (Faden == nullptr) {
+        AnwendungSicherstellen();
         Faden = new QThread;
         Arbeiter = new Mprisarbeiter(Bild);
         Arbeiter->moveToThread(Faden);

@@ -44,9 +44,11 @@ frmAusführenMit::frmAusführenMit(std::size_t Dateien, std::string_view Vorgabe
 }
 
 void frmAusführenMit::cmdProgrammSuchen_Click() {
+    const QString Alle = u"Alle Dateien (*)"_s;
+    QString Gewählt = Alle;  // programs of this system have no extension
     const QString Datei = QFileDialog::getOpenFileName(
         this, u"Programm suchen"_s, txtSuche->text().isEmpty() ? u"/usr/bin"_s : txtSuche->text(),
-        u"Programme (*.exe)"_s + u";;"_s + u"Alle Dateien (*)"_s, nullptr);
+        u"Programme (*.exe);;"_s + Alle, &Gewählt);
     if (!Datei.isEmpty()) txtSuche->setText(Datei);
 }
 

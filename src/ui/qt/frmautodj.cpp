@@ -1,11 +1,9 @@
 #include "ui/qt/frmautodj.h"
 
 #include <QHBoxLayout>
-#include <algorithm>
 #include <unordered_set>
 
 #include "core/wiedergabelauf.h"
-#include "index/genres.h"
 #include "ui/qt/formkopf.h"
 #include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
@@ -165,20 +163,11 @@ QLayout* frmAutoDJ::GenresAnlegen() {
 void frmAutoDJ::GenresFüllen() {
     // While no choice was ever made every genre is in.
     const std::unordered_set<std::string> Gemerkte(Werte.AutoDJGenre.begin(), Werte.AutoDJGenre.end());
-    std::unordered_set<std::string_view> Bekannt;
-    const auto Hinzufügen = [&](std::string_view Name) {
-        // The table has one name twice.
-        if (!Bekannt.insert(Name).second) return;
+    for (const std::string& Name : AlleAutoDjGenres()) {
         auto* const Eintrag = new QListWidgetItem(QtText(Name), lstFelder);
         Eintrag->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
-        Eintrag->setCheckState(Gemerkte.empty() || Gemerkte.contains(std::string(Name)) ? Qt::Checked
-                                                                                        : Qt::Unchecked);
-    };
-    for (const std::string_view Name : GenreListe)
-        Hinzufügen(Name);
-    lstFelder->sortItems();
-    Hinzufügen(OhneGenre);
-    lstFelder->insertItem(0, lstFelder->takeItem(lstFelder->count() - 1));
+        Eintrag->setCheckState(Gemerkte.empty() || Gemerkte.contains(Name) ? Qt::Checked : Qt::Unchecked);
+    }
     lstFelder->setCurrentRow(0);
 }
 

@@ -74,6 +74,11 @@ void frmMain::AbfrageBearbeiten(std::size_t Nummer) {
 
 void frmMain::AbfragenAuflisten() {
     frmSucheErweitert Form(*Programm, this);
+    if (Spielen) {
+        Form.Abspielen = [this](const std::vector<Satznummer>& Dateien, bool Anhängen) {
+            Spielen->Abspielen(Dateien, Anhängen, false, false, {});
+        };
+    }
     if (Form.exec() == frmSucheErweitert::ImHauptfenster) {
         DatensätzeZeigen(*Programm, Form.FürHauptfenster());
     } else {

@@ -93,6 +93,7 @@ void frmSucheErweitert::cmdSucheTestbasiert_Click() {
     Form.Export = [&](const std::vector<Satznummer>& Dateien) {
         ExportierenAusführen(Programm, &Form, Dateien);
     };
+    Form.Abspielen = Abspielen;
     if (Form.exec() != Accepted) return;
     Gewählte = Form.FürHauptfenster();
     done(ImHauptfenster);

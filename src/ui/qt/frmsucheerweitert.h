@@ -4,6 +4,8 @@
 
 #include <QDialog>
 #include <QListWidget>
+#include <functional>
+#include <vector>
 
 #include "core/anwendung.h"
 
@@ -16,6 +18,8 @@ class frmSucheErweitert final : public QDialog {
 
     frmSucheErweitert(Anwendung& Lauf, QWidget* Eltern);
     const std::vector<Satznummer>& FürHauptfenster() const { return Gewählte; }
+    // Plays records found by the batch search, or appends them to the player's list; given by who opens it.
+    std::function<void(const std::vector<Satznummer>&, bool Anhängen)> Abspielen;
     // Refused while there is no query.
     void done(int Ergebnis) override;
 

@@ -171,6 +171,10 @@ QWidget* frmSucheTextbasiert::ResultateAnlegen() {
     Fuß->addWidget(
         KnopfAnlegen(u"cmdRücksetzen"_s, u"N&eue Eingabe"_s, &frmSucheTextbasiert::cmdRücksetzen_Click));
     Fuß->addStretch(1);
+    Fuß->addWidget(
+        KnopfAnlegen(u"cmdAbspielen"_s, u"Abs&pielen"_s, &frmSucheTextbasiert::cmdAbspielen_Click));
+    Fuß->addWidget(
+        KnopfAnlegen(u"cmdInPlaylist"_s, u"In P&layliste"_s, &frmSucheTextbasiert::cmdInPlaylist_Click));
     Fuß->addWidget(KnopfAnlegen(u"cmdInfos"_s, u"Datei-&Infos..."_s, &frmSucheTextbasiert::cmdInfos_Click));
     Fuß->addWidget(KnopfAnlegen(u"cmdExport"_s, u"E&xport..."_s, &frmSucheTextbasiert::cmdExport_Click));
     Fuß->addWidget(KnopfAnlegen(u"cmdHauptfenster"_s, u"Im &Hauptfenster zeigen"_s,
@@ -227,6 +231,16 @@ void frmSucheTextbasiert::cmdInfos_Click() {
 void frmSucheTextbasiert::cmdExport_Click() {
     const std::vector<Satznummer> Nummern = GewählteDetails();
     if (!Nummern.empty() && Export) Export(Nummern);
+}
+
+void frmSucheTextbasiert::cmdAbspielen_Click() {
+    const std::vector<Satznummer> Nummern = GewählteDetails();
+    if (!Nummern.empty() && Abspielen) Abspielen(Nummern, false);
+}
+
+void frmSucheTextbasiert::cmdInPlaylist_Click() {
+    const std::vector<Satznummer> Nummern = GewählteDetails();
+    if (!Nummern.empty() && Abspielen) Abspielen(Nummern, true);
 }
 
 void frmSucheTextbasiert::cmdHauptfenster_Click() {

@@ -28,6 +28,8 @@ class frmSucheTextbasiert final : public QDialog {
     std::function<void(const std::vector<Satznummer>&)> Infos;
     // cmdExport: writes these records as a list; the same.
     std::function<void(const std::vector<Satznummer>&)> Export;
+    // cmdAbspielen, cmdInPlaylist: plays these records, or appends them to the player's list.
+    std::function<void(const std::vector<Satznummer>&, bool Anhängen)> Abspielen;
 
     // Accepted: these records shall be shown in the main window, in this order.
     const std::vector<Satznummer>& FürHauptfenster() const { return Gewählte; }
@@ -42,6 +44,8 @@ class frmSucheTextbasiert final : public QDialog {
     void cmdRücksetzen_Click();
     void cmdInfos_Click();
     void cmdExport_Click();
+    void cmdAbspielen_Click();
+    void cmdInPlaylist_Click();
     void cmdHauptfenster_Click();
     // The files selected among the details; without one the person is told.
     std::vector<Satznummer> GewählteDetails();

@@ -305,7 +305,8 @@ void Listenansicht::mouseDoubleClickEvent(QMouseEvent* Ereignis) {
 void Listenansicht::keyPressEvent(QKeyEvent* Ereignis) {
     const bool Eingabe = Ereignis->key() == Qt::Key_Return || Ereignis->key() == Qt::Key_Enter;
     const auto Gehalten = Ereignis->modifiers() & ~Qt::KeypadModifier;
-    if (!Eingabe || Gehalten != Qt::NoModifier) return QTreeView::keyPressEvent(Ereignis);
+    if (!Eingabe || (Gehalten & ~Qt::ShiftModifier) != Qt::NoModifier)
+        return QTreeView::keyPressEvent(Ereignis);
     Ereignis->accept();
     Öffnen(currentIndex());
 }

@@ -33,6 +33,8 @@ class Wiedergabeaktionen {
     void mnuAudioplayerStarten_Click();
     void mnuAutoDJ_Click();
     Abspielumgebung UmgebungMitFormen();
+    QWidget* Besitzer() const;
+    void ListeAuffrischen();
 
     Anwendung& Programm;
     QWidget& Fenster;

@@ -14,6 +14,15 @@ constexpr std::size_t Beliebig = SIZE_MAX;
 
 const std::vector<Befehl>& Befehlstabelle() {
     static const std::vector<Befehl> Alle = {
+        {"abspielen",
+         "abspielen [--anhaengen] [--standard] NUMMER...",
+         "Übergibt Dateien an den Audioplayer (Einstellung WinampPfad), Bilder und Anderes an ihr Programm.\n"
+         "  --anhaengen          an die Liste des Players anhängen, ohne zu spielen\n"
+         "  --standard           jede Datei mit dem Programm öffnen, das der Desktop dafür vorsieht",
+         {{"--anhaengen"}, {"--standard"}},
+         1,
+         Beliebig,
+         AbspielenAusführen},
         {"aufraeumen",
          "aufraeumen --methode 0..9 [NUMMER...]",
          "Findet doppelte und zweifelhafte Dateien, unter allen Datensätzen oder den genannten. Nichts wird "
@@ -30,6 +39,30 @@ const std::vector<Befehl>& Befehlstabelle() {
          0,
          Beliebig,
          AufräumenAusführen},
+        {"autodj",
+         "autodj [--funktion 0|1] [--maximum N] [--zeit N] [--einheit n|h|d] [--seltener] [--haeufiger] "
+         "[--genre G]... [--saat N]",
+         "Stellt Dateien nach der Abspiel-Statistik zusammen.\n"
+         "  --funktion 0|1       0 häufig benutzte zufällig, 1 nach Top-Listen (sonst 0)\n"
+         "  --maximum N          höchstens so viele Dateien\n"
+         "  --zeit N             0: in dieser Zeit gespielte auslassen; 1: nur in dieser Zeit gespielte\n"
+         "  --einheit n|h|d      der Zeit: Minuten, Stunden, Tage (sonst d)\n"
+         "  --seltener           vor kurzem oft gespielte nach hinten\n"
+         "  --haeufiger          vor längerer Zeit oft gespielte nach vorn\n"
+         "  --genre G            nur dieses Genre (mehrfach möglich; sonst alle), auch "
+         "\"(Dateien ohne Genre)\"\n"
+         "  --saat N             legt die Zufallszahlen fest",
+         {{"--funktion", true},
+          {"--maximum", true},
+          {"--zeit", true},
+          {"--einheit", true},
+          {"--seltener"},
+          {"--haeufiger"},
+          {"--genre", true},
+          {"--saat", true}},
+         0,
+         0,
+         AutoDjAusführen},
         {"autotag",
          "autotag --format F [--ziel 0|1|2] [--schreiben] DATEI...",
          "Zeigt die Felder, die AutoTAG aus den Dateinamen erkennt.\n"
@@ -167,6 +200,15 @@ const std::vector<Befehl>& Befehlstabelle() {
          1,
          SortierkriterienHöchstens,
          SortierenAusführen},
+        {"spieler",
+         "spieler zustand|titel|spielen|pause|stopp|vor|zurueck|position S|lautstaerke N|ende",
+         "Steuert den laufenden Audioplayer (Einstellung WinampPfad) und zeigt, was er tut.\n"
+         "  position S           springt zu dieser Sekunde des Titels\n"
+         "  lautstaerke N        0 bis 255",
+         {},
+         1,
+         2,
+         SpielerAusführen},
         {"suchen",
          "suchen [--feld F] [--code C] [--abfrage \"F|C|BEGRIFF\"]... [--spalten A,B,...] [--zaehlen] "
          "[BEGRIFF]",
@@ -249,6 +291,14 @@ const std::vector<Befehl>& Befehlstabelle() {
          0,
          0,
          TerminePrüfenAusführen},
+        {"titel-erkennen",
+         "titel-erkennen TITEL SEKUNDEN",
+         "Zählt die Dateien, zu denen der Titel eines Players (\"Interpret - Titel\") gehört, wenn er lange "
+         "genug spielt.",
+         {},
+         2,
+         2,
+         TitelErkennenAusführen},
         {"umbenennen",
          "umbenennen --format F [--probe] DATEI...",
          "Benennt Dateien nach ihren Feldern um. Dateien des Index folgen diesem; ein Index wird nicht "

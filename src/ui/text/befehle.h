@@ -55,6 +55,11 @@ Ausgang TagEntfernenAusführen(const Globaloptionen& Global, const Befehlseingab
 // befehle_kopieren.cpp
 Ausgang UmbenennenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang KopierenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+// befehle_abspielen.cpp
+Ausgang AbspielenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+Ausgang SpielerAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+Ausgang TitelErkennenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+Ausgang AutoDjAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 // befehle_suche.cpp
 Ausgang SuchenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang FeldwerteAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);

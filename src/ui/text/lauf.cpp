@@ -52,6 +52,9 @@ struct Programmlauf::Welt {
           Programm(Dienste{Person, Fenster, *Zeit, *Drives, Ordner, Auskunft.get(), Nutzerwerte,
                            &Rechnerwerte, OrdnerDesLaufs(Global), "", Systemtext()}) {
         Programm.Dienst.DateiPrüfsumme = DateiPrüfsumme;
+        Programm.Dienst.Spieler = Spieler.get();
+        Programm.Dienst.Programme = Programme.get();
+        Programm.Dienst.Laufzeitordner = Laufzeitordner();
     }
 
     std::unique_ptr<Uhr> Zeit;
@@ -60,6 +63,8 @@ struct Programmlauf::Welt {
     std::unique_ptr<Laufwerke> Drives = SystemlaufwerkeÖffnen();
     Systemordnerleser Ordner;
     std::unique_ptr<Medienauskunft> Auskunft = SystemauskunftÖffnen();
+    std::unique_ptr<Spielerkanal> Spieler = SystemspielerÖffnen();
+    std::unique_ptr<Programmstart> Programme = SystemprogrammeÖffnen();
     Wertdatei Nutzerwerte;
     Wertdatei Rechnerwerte;
     Anwendung Programm;

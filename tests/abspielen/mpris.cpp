@@ -1,0 +1,250 @@
+// The channel to the desktop's players, against a player of our own on a bus of our own: how it finds one,
+// what it reads, what it sends, and that nothing ever waits for a player that does not answer.
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusVariant>
+#include <QDBusVirtualObject>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QThread>
+#include <atomic>
+#include <gtest/gtest.h>
+#include <mutex>
+
+#include "plattform/qt/mprisspieler.h"
+#include "plattform/qt/mpriswerte.h"
+
+using namespace Qt::StringLiterals;
+
+namespace liedwerk {
+namespace {
+
+// Answers as an MPRIS player does, from a thread of its own.
+class Probespieler final : public QDBusVirtualObject {
+  public:
+    std::mutex Riegel;
+    QVariantMap Werte;
+    QVariantMap Wurzel{{u"CanQuit"_s, true}};
+    std::vector<QString> Rufe;  // members that were called, with their first argument
+    std::atomic<bool> Schweigt = false;
+
+    QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& Frage, const QDBusConnection& Bus) override {
+        if (Schweigt) {
+            Frage.setDelayedReply(true);
+            return true;
+        }
+        const std::lock_guard Halten(Riegel);
+        if (Frage.member() == "GetAll"_L1) {
+            const bool Player = Frage.arguments().value(0).toString().endsWith(u".Player"_s);
+            return Bus.send(Frage.createReply(QVariant(Player ? Werte : Wurzel)));
+        }
+        if (Frage.member() == "Get"_L1)
+            return Bus.send(Frage.createReply(QVariant::fromValue(QDBusVariant(Werte.value(u"Position"_s)))));
+        QString Ruf = Frage.member();
+        for (const QVariant& Eines : Frage.arguments()) {
+            const QVariant Wert = Eines.metaType() == QMetaType::fromType<QDBusVariant>()
+                                      ? Eines.value<QDBusVariant>().variant()
+                                      : Eines;
+            Ruf += u' ' + (Wert.metaType() == QMetaType::fromType<QDBusObjectPath>()
+                               ? Wert.value<QDBusObjectPath>().path()
+                               : Wert.toString());
+        }
+        Rufe.push_back(Ruf);
+        return Bus.send(Frage.createReply());
+    }
+};
+
+QVariantMap Spielend(const QString& Titel, qlonglong Mikrosekunden) {
+    return {{u"PlaybackStatus"_s, u"Playing"_s},
+            {u"Volume"_s, 0.5},
+            {u"Position"_s, Mikrosekunden},
+            {u"CanSeek"_s, true},
+            {u"Metadata"_s, QVariantMap{{u"xesam:title"_s, Titel},
+                                        {u"xesam:artist"_s, QStringList{u"Anna"_s, u"Lea"_s}},
+                                        {u"xesam:url"_s, u"file:///m/%C3%84%20%23.mp3"_s},
+                                        {u"mpris:trackid"_s, u"/titel/1"_s},
+                                        {u"mpris:length"_s, 200e6}}}};
+}
+
+class Mpris : public testing::Test {
+  protected:
+    static void SetUpTestSuite() {
+        static int Anzahl = 1;
+        static char Name[] = "mpris";
+        static char* Worte[] = {Name, nullptr};
+        if (QCoreApplication::instance() == nullptr) new QCoreApplication(Anzahl, Worte);
+        Bus = new QProcess;
+        Bus->start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
+        ASSERT_TRUE(Bus->waitForReadyRead(5000)) << "dbus-daemon fehlt";
+        qputenv("DBUS_SESSION_BUS_ADDRESS", Bus->readLine().trimmed());
+    }
+    static void TearDownTestSuite() {
+        Bus->kill();
+        Bus->waitForFinished();
+        delete Bus;
+    }
+    ~Mpris() override { Gehen(); }
+
+    void Kommen(const QString& Name = u"org.mpris.MediaPlayer2.probe"_s) {
+        Verbindung = std::make_unique<QDBusConnection>(
+            QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"probe"_s));
+        Spieler = std::make_unique<Probespieler>();
+        Spieler->Werte = Spielend(u"Morgen"_s, 5'000'000);
+        // The player must answer while the test sleeps.
+        Spieler->moveToThread(&Faden);
+        Faden.start();
+        ASSERT_TRUE(Verbindung->registerVirtualObject(u"/org/mpris/MediaPlayer2"_s, Spieler.get()));
+        ASSERT_TRUE(Verbindung->registerService(Name));
+    }
+    void Gehen() {
+        if (!Verbindung) return;
+        QDBusConnection::disconnectFromBus(u"probe"_s);
+        Verbindung.reset();
+        Faden.quit();
+        Faden.wait();
+        Spieler.reset();
+    }
+    void Ändern(const QVariantMap& Neue) {
+        {
+            const std::lock_guard Halten(Spieler->Riegel);
+            Spieler->Werte = Neue;
+        }
+        auto Signal = QDBusMessage::createSignal(
+            u"/org/mpris/MediaPlayer2"_s, u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s);
+        Signal << u"org.mpris.MediaPlayer2.Player"_s << QVariantMap() << QStringList();
+        Verbindung->send(Signal);
+    }
+    Spielerfenster Finden() {
+        Spielerprofil Profil;
+        Profil.Klasse = "probe";
+        return Kanal.Finden(Profil);
+    }
+    // Every question to the channel is answered at once, whatever the player does.
+    template <class Bedingung>
+    bool Warten(Bedingung&& Erfüllt, int Höchstens = 5000) {
+        QElapsedTimer Ganz;
+        for (Ganz.start(); Ganz.elapsed() < Höchstens; QThread::msleep(5)) {
+            QElapsedTimer Einzeln;
+            Einzeln.start();
+            const bool Fertig = Erfüllt();
+            EXPECT_LT(Einzeln.elapsed(), 200);
+            if (Fertig) return true;
+        }
+        return false;
+    }
+    int Zustand() {
+        return static_cast<int>(Kanal.Senden(Finden(), NachrichtBenutzer, 0, SpielerZustandFragen));
+    }
+    bool Gerufen(const QString& Ruf) {
+        const std::lock_guard Halten(Spieler->Riegel);
+        return std::find(Spieler->Rufe.begin(), Spieler->Rufe.end(), Ruf) != Spieler->Rufe.end();
+    }
+
+    static inline QProcess* Bus = nullptr;
+    QThread Faden;
+    std::unique_ptr<Probespieler> Spieler;
+    std::unique_ptr<QDBusConnection> Verbindung;
+    Mprisspieler Kanal;
+};
+
+TEST_F(Mpris, KommenGehenLesenUndBefehle) {
+    EXPECT_EQ(Finden(), 0u);
+    EXPECT_TRUE(Warten([&] { return Kanal.Umgesehen(); }));
+    EXPECT_EQ(Finden(), 0u);
+    Kommen(u"org.mpris.MediaPlayer2.probe.instance7"_s);
+    ASSERT_TRUE(Warten([&] { return Finden() != 0; }));
+    Spielerlage Lage = Kanal.Lage(Finden());
+    EXPECT_EQ(Lage.Titel, "Anna, Lea - Morgen");
+    EXPECT_EQ(Lage.Dateien, (std::vector<std::string>{"/m/Ä #.mp3", "/m/%C3%84%20%23.mp3"}));
+    EXPECT_EQ(Lage.Lautstärke, 128);
+    EXPECT_TRUE(Lage.KannSpringen);
+    EXPECT_FALSE(Lage.KannBalance);
+    EXPECT_EQ(Zustand(), 1);
+    EXPECT_EQ(Kanal.Senden(Finden(), NachrichtBenutzer, 1, SpielerZeitFragen), 200);
+    const auto Position = [&] { return Kanal.Senden(Finden(), NachrichtBenutzer, 0, SpielerZeitFragen); };
+    EXPECT_GE(Position(), 5000);
+    EXPECT_LT(Position(), 8000);
+
+    for (const auto& [Nachricht, w, l, Ruf] : {
+             std::tuple{NachrichtBefehl, int{SpielerPause}, 0, u"Pause"_s},
+             std::tuple{NachrichtBefehl, int{SpielerNächster}, 0, u"Next"_s},
+             std::tuple{NachrichtBefehl, int{SpielerSchließen}, 0, u"Quit"_s},
+             std::tuple{NachrichtBenutzer, 255, int{SpielerLautstärke},
+                        u"Set org.mpris.MediaPlayer2.Player Volume 1"_s},
+             std::tuple{NachrichtBenutzer, 90000, int{SpielerSpringen}, u"SetPosition /titel/1 90000000"_s},
+         }) {
+        Kanal.Senden(Finden(), Nachricht, w, l);
+        EXPECT_TRUE(Warten([&, Gesucht = Ruf] { return Gerufen(Gesucht); })) << Ruf.toStdString();
+    }
+    Kanal.Senden(Finden(), NachrichtBefehl, SpielerSpielen, 0);
+    EXPECT_TRUE(Warten([&] { return Kanal.Lage(Finden()).Offen == 0; }));
+    EXPECT_FALSE(Gerufen(u"Play"_s)) << "a title that plays would begin anew";
+
+    // A new title, and the same one from its beginning, are new plays.
+    const auto Erster = Kanal.Lage(Finden()).Durchgang;
+    Ändern(Spielend(u"Abend"_s, 100'000'000));
+    EXPECT_TRUE(Warten([&] { return Kanal.Lage(Finden()).Titel == "Anna, Lea - Abend"; }));
+    const auto Zweiter = Kanal.Lage(Finden()).Durchgang;
+    EXPECT_GT(Zweiter, Erster);
+    Ändern(Spielend(u"Abend"_s, 0));
+    EXPECT_TRUE(Warten([&] { return Kanal.Lage(Finden()).Durchgang > Zweiter; }));
+    Gehen();
+    EXPECT_TRUE(Warten([&] { return Finden() == 0; }));
+    Kommen();
+    EXPECT_TRUE(Warten([&] { return Finden() != 0; })) << "a player that comes back is found again";
+}
+
+TEST_F(Mpris, SchweigenderSpielerHältNichtsAufUndKommtWieder) {
+    Kommen();
+    ASSERT_TRUE(Warten([&] { return Finden() != 0; }));
+    Spieler->Schweigt = true;
+    for (int i = 0; i < 100; ++i)
+        Kanal.Senden(Finden(), NachrichtBenutzer, i, SpielerLautstärke);
+    EXPECT_LE(Kanal.Lage(Finden()).Offen, 32) << "commands do not pile up";
+    EXPECT_TRUE(Warten([&] { return Finden() == 0; }, 12000));
+    Spieler->Schweigt = false;
+    EXPECT_TRUE(Warten([&] { return Finden() != 0; }, 15000));
+}
+
+TEST_F(Mpris, UnsinnWirdAlsNichtsGelesen) {
+    Kommen();
+    ASSERT_TRUE(Warten([&] { return Finden() != 0; }));
+    Ändern({{u"PlaybackStatus"_s, 7},
+            {u"Volume"_s, qQNaN()},
+            {u"Position"_s, u"bald"_s},
+            {u"CanSeek"_s, u"vielleicht"_s},
+            {u"Metadata"_s, QStringList{u"x"_s}}});
+    EXPECT_TRUE(Warten([&] { return Zustand() == 0; }));
+    EXPECT_EQ(Kanal.Lage(Finden()).Titel, "");
+    EXPECT_EQ(Kanal.Senden(Finden(), NachrichtBenutzer, 0, SpielerZeitFragen), -1);
+    EXPECT_EQ(Kanal.Lage(Finden()).Lautstärke, std::nullopt);
+    Ändern({{u"PlaybackStatus"_s, u"Playing"_s},
+            {u"Position"_s, -5e300},
+            {u"Metadata"_s, QVariantMap{{u"xesam:title"_s, QString(1 << 20, u'x')},
+                                        {u"xesam:url"_s, u"http://x/y"_s},
+                                        {u"mpris:length"_s, 1e300}}}});
+    EXPECT_TRUE(Warten([&] { return Zustand() == 1; }));
+    EXPECT_EQ(Kanal.Lage(Finden()).Titel.size(), 1000u);
+    EXPECT_TRUE(Kanal.Lage(Finden()).Dateien.empty());
+}
+
+TEST(Mpriswerte, AdressenWerdenZuPfaden) {
+    using Pfade = std::vector<std::string>;
+    for (const auto& [Adresse, Erwartet] : std::vector<std::pair<QString, Pfade>>{
+             {u"file:///m/a%20b.mp3"_s, {"/m/a b.mp3", "/m/a%20b.mp3"}},
+             {u"file:///m/100% #1?.mp3"_s, {"/m/100% #1?.mp3"}},
+             {u"file://rechner/m/caf%E9.mp3"_s, {"/m/caf\xe9.mp3", "/m/caf%E9.mp3"}},
+             {u"file:///m/ä %41.mp3"_s, {"/m/ä %41.mp3", "/m/ä A.mp3"}},
+             {u"/m/a%20b.mp3"_s, {"/m/a%20b.mp3"}},
+             {u"file:///m/%00"_s, {"/m/%00"}},
+             {u"file:"_s, {}},
+             {u"cdda://1"_s, {}},
+         })
+        EXPECT_EQ(PfadeZurAdresse(Adresse), Erwartet) << Adresse.toStdString();
+}
+
+}  // namespace
+}  // namespace liedwerk
