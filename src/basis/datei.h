@@ -39,9 +39,6 @@ std::optional<Dateistand> DateistandLesen(std::string_view Pfad);
 bool DateiExistiert(std::string_view Pfad);
 // True for an existing folder.
 bool OrdnerExistiert(std::string_view Pfad);
-// True when the system says for sure that nothing stands under the path. False also when that cannot be
-// known: no permission on the way, a link that leads nowhere now, a server that does not answer.
-bool NichtsVorhanden(std::string_view Pfad);
 // True when the file is there and can be opened for writing now (nothing is changed).
 bool DateiBeschreibbar(std::string_view Pfad);
 

@@ -1,6 +1,7 @@
 #include "dateien/synchronisieren.h"
 
 #include "basis/datei.h"
+#include "basis/vorhandensein.h"
 
 namespace liedwerk {
 namespace {

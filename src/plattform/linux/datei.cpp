@@ -116,20 +116,6 @@ bool OrdnerExistiert(std::string_view Pfad) {
     return Stand && Stand->IstOrdner;
 }
 
-bool NichtsVorhanden(std::string_view Pfad) {
-    auto Rest = Systempfad(Pfad);
-    if (!Rest) return false;
-    struct stat Angaben {};
-    // Up to the nearest folder that is there: on the way nothing may stand but be out of reach.
-    while (::stat(Rest->c_str(), &Angaben) != 0) {
-        if (errno != ENOENT && errno != ENOTDIR) return false;
-        if (::lstat(Rest->c_str(), &Angaben) == 0) return false;
-        if (Rest->find_first_not_of('/') == std::string::npos) return true;
-        *Rest = OrdnerVon(*Rest);
-    }
-    return *Rest != Pfad;
-}
-
 bool DateiBeschreibbar(std::string_view Pfad) {
     if (!DateiExistiert(Pfad)) return false;
     const Griffhalter Griff(::open(Systempfad(Pfad)->c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));

@@ -38,8 +38,6 @@ struct Fensterplatz {
     std::function<void(std::function<bool(Satznummer)>)> BeiDoppelklick;
     // Plays the records in their order; empty where nothing can be played.
     std::function<void(const std::vector<Satznummer>&)> Abspielen{};
-    // Opens frmKopieren, the settings of copying and moving; set by the subject of the files' operations.
-    std::function<void(QWidget* Eltern)> KopierenEinstellen{};
 };
 
 // A colour of the settings (0xBBGGRR) put into a role; the desktop's own is left alone.

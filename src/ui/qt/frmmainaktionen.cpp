@@ -14,6 +14,7 @@
 #include "core/suchlauf.h"
 #include "ui/qt/frmhinweise.h"
 #include "ui/qt/frmindexhinzufuegen.h"
+#include "ui/qt/frmkopieren.h"
 #include "ui/qt/frmmain.h"
 #include "ui/qt/qttext.h"
 
@@ -58,8 +59,10 @@ void frmMain::AktionenNachführen() {
 void frmMain::mnuHinzufügen_Click() {
     if (!Bereit()) return;
     Suche->AusstehendesAusführen();
-    frmIndexHinzufügen Form(Programm->Index.Optionen.Dateitypen, Programm->Werte, Platz->KopierenEinstellen,
-                            this);
+    const auto Einstellen = [this](QWidget* Form) {
+        frmKopieren(Programm->Werte, Programm->Dienst.Person, Form).exec();
+    };
+    frmIndexHinzufügen Form(Programm->Index.Optionen.Dateitypen, Programm->Werte, Einstellen, this);
     if (Form.exec() == QDialog::Accepted && Bereit()) HinzufügewahlAusführen(*Programm, Form.Wahl());
 }
 
