@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QString>
+#include <QVBoxLayout>
 #include <functional>
 #include <string>
 #include <vector>
