@@ -68,19 +68,19 @@ Ausgang AmOrtSchreiben(std::string_view Pfad, const Lesedatei& Quelle, std::uint
 }
 
 // A file with several names (hard links) is overwritten in place, since a rename would part them. Its new
-// content lies whole and flushed beside it meanwhile, so that an interrupted save can be brought to its end.
-Ausgang NamenErhaltenUmschreiben(std::string_view Pfad, const Dateistand& Stand) {
+// content lies whole and flushed beside it meanwhile, so that an interrupted save can be brought to its end;
+// it goes only when it stands in the file. Angefangen says whether that one may be torn.
+Dateifehler GesichertesÜbertragen(std::string_view Pfad, const Dateistand& Stand, bool& Angefangen) {
     const std::string Gesichert = TagGesichertname(Pfad);
-    const Lesedatei Neu = Lesedatei::Öffnen(Gesichert);
-    bool Angefangen = false;
-    auto Fehler = Neu.Offen() ? DateiinhaltÜberschreiben(Pfad, Stand, Neu, Angefangen)
-                              : Dateifehler{EIO, "Der neue Inhalt kann nicht gelesen werden"};
-    if (Fehler && Angefangen) {
+    Dateifehler Fehler;
+    const Lesedatei Neu = Lesedatei::Öffnen(Gesichert, &Fehler);
+    if (!Fehler) Fehler = DateiinhaltÜberschreiben(Pfad, Stand, Neu, Angefangen);
+    if (!Fehler) {
+        DateiLöschen(Gesichert);
+    } else if (Angefangen) {
         Fehler.Text += ". Ihr vollständiger neuer Inhalt liegt in '" + Gesichert + "'";
-        return {Schritt::Schreiben, std::move(Fehler)};
     }
-    DateiLöschen(Gesichert);
-    return Fehler ? Ausgang{Schritt::Schreiben, std::move(Fehler)} : Ausgang{};
+    return Fehler;
 }
 
 // Prepares the new content for the name that it shall have.
@@ -121,7 +121,12 @@ Ausgang NeuSchreiben(std::string_view Name, const Lesedatei& Quelle,
     if (auto Fehler = Quelle.Sperren(Name)) return {Schritt::Schreiben, std::move(Fehler)};
     if (!Ersatz.Übernehmen())
         return {LiegtAmZugriff(Ersatz.Fehler()) ? Schritt::Ersetzen : Schritt::Schreiben, Ersatz.Fehler()};
-    return MehrereNamen ? NamenErhaltenUmschreiben(Pfad, Quelle.Stand()) : Ausgang{};
+    if (!MehrereNamen) return {};
+    bool Angefangen = false;
+    auto Fehler = GesichertesÜbertragen(Pfad, Quelle.Stand(), Angefangen);
+    if (!Fehler) return {};
+    if (!Angefangen) DateiLöschen(TagGesichertname(Pfad));
+    return {Schritt::Schreiben, std::move(Fehler)};
 }
 
 // What the messages call a tag.
@@ -404,7 +409,8 @@ bool DateiZurückholen(std::string_view Pfad, Oberfläche& Person) {
     if (Fehlt) {
         Fehler = DateiUmbenennen(Rest, Pfad);
     } else if (const auto Stand = DateistandLesen(Pfad)) {
-        Fehler = NamenErhaltenUmschreiben(VerweiseAuflösen(Pfad), *Stand).Fehler;
+        bool Angefangen = false;
+        Fehler = GesichertesÜbertragen(VerweiseAuflösen(Pfad), *Stand, Angefangen);
     }
     if (!Fehler) return true;
     Person.Melden(Symbol::Ausrufezeichen,

@@ -120,6 +120,41 @@ TEST_F(Programmtest, EinFehlenderIndexEntstehtNurWoErSoll) {
     EXPECT_NE(Fehler.find("nicht existiert."), std::string::npos);
 }
 
+TEST_F(Programmtest, TagsWerdenGeschriebenUndEntferntUndDerIndexFolgt) {
+    std::ofstream(Ordner + "/text") << "Zeile 1\r\nZeile 2";
+    ASSERT_EQ(Cli("--json tag-schreiben --v1 Titel=Äpfel --v1 Genre=Pop --v2 V2Titel=Größe --v2 V2Qualität=9 "
+                  "--liedertext text musik/a.mp3"),
+              0)
+        << Fehler;
+    for (const char* Teil : {"\"Titel\":\"Äpfel\"", "\"Genre\":13", "\"V2Titel\":\"Größe\"",
+                             "\"V2Qualität\":9", "Zeile 1\\r\\nZeile 2"})
+        EXPECT_TRUE(Enthält(Teil)) << Teil;
+    EXPECT_TRUE(IstEinJsonDokument(Aus));
+    EXPECT_FALSE(fs::exists(Ordner + "/p/lwStamm.lwi"));
+
+    ASSERT_EQ(Cli("hinzufuegen musik"), 0);
+    EXPECT_EQ(Cli("tag-schreiben --v1 Titel=Neu musik/tief/b.mp3"), 0) << Fehler;
+    EXPECT_NE(Index().find("Neu"), std::string::npos);
+    EXPECT_EQ(Cli("--json tag-entfernen --v1 --lyrics musik/fehlt.mp3 musik/tief/b.mp3 musik/a.mp3"), 1);
+    EXPECT_TRUE(IstEinJsonDokument(Aus));
+    EXPECT_TRUE(Enthält("\"Ergebnis\":true,\"Meldung\":\"\"}]"));  // the run went on to the last file
+    EXPECT_TRUE(Enthält("Diese enthält keinen Lyrics-TAG."));
+    EXPECT_EQ(Index().find("Neu"), std::string::npos);
+    EXPECT_EQ(Cli("tag-entfernen --v2 musik/a.mp3"), 0);
+    EXPECT_EQ(DateiLesen(Ordner + "/musik/a.mp3"), tagbau::MpegRahmen({}, 4));
+
+    const std::string Vorher = DateiLesen(Ordner + "/musik/a.mp3").value_or("");
+    EXPECT_EQ(Cli("tag-schreiben --v2 V2Titel=Жук musik/a.mp3"), 1);  // the loss is refused unasked
+    EXPECT_EQ(DateiLesen(Ordner + "/musik/a.mp3"), Vorher);
+    EXPECT_EQ(Cli("--ja tag-schreiben --v2 V2Titel=Жук musik/a.mp3"), 0);
+    for (const char* Falsch : {"--v1 Titel", "--v1 V2Titel=x", "--v2 Titel=x", "--v1 Genre=Unfug",
+                               "--v2 V2Qualität=256", "--liedertext gibtsnicht", ""})
+        EXPECT_EQ(Cli("tag-schreiben " + std::string(Falsch) + " musik/a.mp3"),
+                  std::string_view(Falsch).starts_with("--l") ? 1 : 2)
+            << Falsch;
+    EXPECT_EQ(Cli("tag-entfernen musik/a.mp3"), 2);
+}
+
 TEST_F(Programmtest, NachVerlustDesIndexVergehtKeineSicherung) {
     const std::string Sicherung = Ordner + "/p/lwStamm.lwi - Backup vom 01.02.2003 10-00-00.bak";
     ASSERT_EQ(Cli("--setze BackupsSpeichern=1 hinzufuegen musik"), 0);
