@@ -45,9 +45,6 @@ bool DateiBeschreibbar(std::string_view Pfad);
 // True for a regular file of this user under that very name: no link, and no second name of another file.
 bool EigeneDatei(std::string_view Pfad);
 
-// True for a file that has more names than one (hard links). A rename would part this name from the others.
-bool HatWeitereNamen(std::string_view Pfad);
-
 // Removes a file; write protection of the file itself does not hinder it. A file that is not there is an
 // error.
 Dateifehler DateiLöschen(std::string_view Pfad);
@@ -176,11 +173,6 @@ class Dateiersatz {
 // file is as it was: the room is claimed first, and what was written in part is taken back.
 Dateifehler DateiÜberschreiben(std::string_view Pfad, const Dateistand& Erwartet, std::uint64_t Stelle,
                                std::string_view Bytes);
-
-// Overwrites a whole file, which keeps all its names (hard links), by the content of another one. On failure
-// Angefangen says whether the file may be torn; Quelle must outlive that.
-Dateifehler DateiinhaltÜberschreiben(std::string_view Pfad, const Dateistand& Erwartet,
-                                     const Lesedatei& Quelle, bool& Angefangen);
 
 // The path behind symbolic links at the end of Pfad, also when nothing lies there yet; Pfad itself when it is
 // no link or the links do not end.

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "basis/datei.h"
+#include "basis/mehrfachnamen.h"
 #include "basis/pfad.h"
 #include "basis/text.h"
 #include "medien/id3v1.h"

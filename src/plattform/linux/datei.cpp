@@ -129,11 +129,6 @@ bool EigeneDatei(std::string_view Pfad) {
            Angaben.st_nlink == 1 && Angaben.st_uid == ::geteuid();
 }
 
-bool HatWeitereNamen(std::string_view Pfad) {
-    const auto Angaben = AngabenLesen(Pfad);
-    return Angaben && S_ISREG(Angaben->st_mode) && Angaben->st_nlink > 1;
-}
-
 Dateifehler DateiLöschen(std::string_view Pfad) {
     const auto Name = Systempfad(Pfad);
     if (!Name || ::unlink(Name->c_str()) != 0) return LetzterSystemfehler();

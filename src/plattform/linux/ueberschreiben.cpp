@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include "basis/datei.h"
+#include "basis/mehrfachnamen.h"
 #include "plattform/linux/griff.h"
 #include "plattform/linux/systemfehler.h"
 
@@ -88,6 +89,12 @@ Dateifehler DateiÜberschreiben(std::string_view Pfad, const Dateistand& Erwarte
     auto Fehler = LetzterSystemfehler();
     Zurücknehmen(Griff.Wert(), Größe, Stelle, Alt);
     return Fehler;
+}
+
+bool HatWeitereNamen(std::string_view Pfad) {
+    const auto Name = Systempfad(Pfad);
+    struct stat Angaben {};
+    return Name && ::stat(Name->c_str(), &Angaben) == 0 && S_ISREG(Angaben.st_mode) && Angaben.st_nlink > 1;
 }
 
 Dateifehler DateiinhaltÜberschreiben(std::string_view Pfad, const Dateistand& Erwartet,
