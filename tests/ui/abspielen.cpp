@@ -96,13 +96,14 @@ TEST_F(AbspielenFenster, FeldZeigtUndSteuertDenSpieler) {
     Kanal.Position = 190000;
     Laufen(1);
     EXPECT_TRUE(Teil<QTimer>(Eins.Fenster, u"tmrBlinken"_s).isActive());
-    QTRY_VERIFY(Stelle.isHidden());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Stelle.isHidden(); }, 2000));
     Eins.Programm.Werte.PlayerAusblendenBeiStopp = 1;
     Laufen(0);
     EXPECT_FALSE(Titel.isVisible());
     EXPECT_FALSE(Stelle.isHidden()) << "a hidden time must come back";
     Kanal.Klasse.clear();
-    Laufen(0);
+    Kanal.Geändert();
+    QTest::qWait(20);
     EXPECT_TRUE(Titel.isVisible());
     EXPECT_EQ(Titel.text(), u"Audio-Player"_s);
 }
@@ -178,7 +179,7 @@ TEST_F(AbspielenFenster, NachrichtLässtSichAbstellen) {
     Lauf Eins(Welt);
     ImDialogKlicken(u"cmdOk"_s, [](QWidget& Form) {
         EXPECT_EQ(Form.objectName(), u"frmAudioplayerNachricht"_s);
-        QTest::keyClick(&Form, Qt::Key_N, Qt::AltModifier);
+        Teil<QCheckBox>(Form, u"chkNichtMehrZeigen"_s).click();
     });
     Teil<QAction>(Eins.Fenster, u"mnuAudioplayerStarten"_s).trigger();
     EXPECT_EQ(Programme.Starts.size(), 1u);
