@@ -32,6 +32,17 @@ struct Sanduhr {
     ~Sanduhr() { QGuiApplication::restoreOverrideCursor(); }
 };
 
+// The form from which something is played, else the window.
+QWidget* Besitzer(QWidget& Fenster) {
+    QWidget* const Form = QApplication::activeModalWidget();
+    return Form != nullptr ? Form : &Fenster;
+}
+
+// Date and count of playing may stand in the list.
+void ListeAuffrischen(QWidget& Fenster) {
+    if (auto* const Songs = Fenster.findChild<QAbstractItemView*>(u"lstSongs"_s)) Songs->viewport()->update();
+}
+
 }  // namespace
 
 Wiedergabeaktionen::Wiedergabeaktionen(Fensterplatz& Platz, Spielerleiste& Feld, std::function<void()> Takt)
@@ -103,34 +114,23 @@ void Wiedergabeaktionen::BefehlSenden(int Nummer) {
     PlayerBefehl(Lauf.Steuerung, Nummer, false);
 }
 
-// Date and count of playing may stand in the list.
-void Wiedergabeaktionen::ListeAuffrischen() {
-    if (auto* const Songs = Fenster.findChild<QAbstractItemView*>(u"lstSongs"_s)) Songs->viewport()->update();
-}
-
 int Wiedergabeaktionen::TaktAusführen() {
     // A run that walks the records must not have them changed under its feet.
     if (Programm.LaufAktiv || Programm.Startet) return Spieltakt;
     const bool Vorher = Lauf.Erkennung.TitelVerarbeitet;
     const Spielerstand Stand = SpielerTakt(Lauf);
-    if (!Vorher && Lauf.Erkennung.TitelErkannt) ListeAuffrischen();
+    if (!Vorher && Lauf.Erkennung.TitelErkannt) ListeAuffrischen(Fenster);
     fraPlayer.Zeigen(Stand, Lauf.Erkennung.TitelErkannt, Programm.Werte.AudioPlayerBlinken == 1);
     fraPlayer.setVisible(!(Stand.Gefunden && Stand.Zustand == PlayerZustand::Stopped &&
                            Programm.Werte.PlayerAusblendenBeiStopp == 1));
     return SpielerBrauchtTakt(Lauf, Stand) ? Spieltakt : 0;
 }
 
-// The form from which something is played, else the window.
-QWidget* Wiedergabeaktionen::Besitzer() const {
-    QWidget* const Form = QApplication::activeModalWidget();
-    return Form != nullptr ? Form : &Fenster;
-}
-
 Abspielumgebung Wiedergabeaktionen::UmgebungMitFormen() {
     Abspielumgebung Umgebung = AbspielumgebungVon(Lauf);
-    Umgebung.BildAnzeigen = [this](std::string_view Pfad) { frmBildAnzeige(Pfad, Besitzer()).exec(); };
+    Umgebung.BildAnzeigen = [this](std::string_view Pfad) { frmBildAnzeige(Pfad, Besitzer(Fenster)).exec(); };
     Umgebung.NachrichtZeigen = [this] {
-        frmAudioplayerNachricht Form(QtText(DateinameVon(Programm.Werte.WinampPfad)), Besitzer());
+        frmAudioplayerNachricht Form(QtText(DateinameVon(Programm.Werte.WinampPfad)), Besitzer(Fenster));
         Form.exec();
         if (Form.NichtMehrZeigen()) Programm.Werte.AudioplayerNachrichtZeigen = 0;
     };
@@ -148,7 +148,7 @@ void Wiedergabeaktionen::Abspielen(const std::vector<Satznummer>& Dateien, bool 
         Abspielumgebung Umgebung = UmgebungMitFormen();
         AbspielenMediaPlayer(Umgebung, Feste, Anhängen, Standardanwendung, PlaylisteLeeren, Befehl);
     }
-    ListeAuffrischen();
+    ListeAuffrischen(Fenster);
     BaldTakten();
 }
 

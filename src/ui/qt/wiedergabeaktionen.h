@@ -33,8 +33,6 @@ class Wiedergabeaktionen {
     void mnuAudioplayerStarten_Click();
     void mnuAutoDJ_Click();
     Abspielumgebung UmgebungMitFormen();
-    QWidget* Besitzer() const;
-    void ListeAuffrischen();
 
     Anwendung& Programm;
     QWidget& Fenster;
