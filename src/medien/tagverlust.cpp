@@ -9,7 +9,6 @@
 #include "medien/id3v2.h"
 #include "medien/id3v2modern.h"
 #include "medien/id3v2modernrahmen.h"
-#include "medien/id3v2moderntext.h"
 #include "medien/id3v2modernwerte.h"
 #include "medien/lyrics.h"
 
@@ -84,12 +83,12 @@ const Id3v2Rahmenfeld* FeldVon(std::string_view Kennung) {
     return Fund == Id3v2Rahmenfelder.end() ? nullptr : Fund;
 }
 
-// Judges the frames of a tag: what the record holds of them, read in the described way as Zustand, and to be
-// written as Satz.
+// Judges the frames of a tag, whose fields were read as Zustand and are to be written as Neu. Without that
+// the tag is to be removed, and no raw frame is kept either.
 class Rahmenprüfung {
   public:
-    Rahmenprüfung(const Tagkörper& Quelle, const Datensatz& Gelesen, const Datensatz& Neu)
-        : Tag(Quelle), Zustand(Gelesen), Satz(Neu) {}
+    Rahmenprüfung(const Tagkörper& Quelle, const Datensatz& Gelesen, const Datensatz* Geplant, bool Modern)
+        : Tag(Quelle), Zustand(Gelesen), Neu(Geplant), AllesGelesen(Modern) {}
 
     void Prüfen(const Id3v2Rahmenort& Ort) {
         const std::string_view Kennung = Id3v2LangeKennung(Ort.Kennung);
@@ -106,7 +105,13 @@ class Rahmenprüfung {
     Verluste Fertig() && {
         if (!Bilder.empty()) Texte.push_back(std::to_string(Bilder.size()) + " Bild(er)");
         if (!Felder.empty()) {
+            std::sort(Felder.begin(), Felder.end());
             Felder.erase(std::unique(Felder.begin(), Felder.end()), Felder.end());
+            constexpr std::size_t HöchstensGenannt = 20;
+            if (Felder.size() > HöchstensGenannt) {
+                Felder.resize(HöchstensGenannt);
+                Felder.emplace_back("...");
+            }
             Texte.push_back("Felder, die hier nicht angezeigt werden: " + Verbinden(Felder, ", "));
         }
         return std::move(Texte);
@@ -114,17 +119,19 @@ class Rahmenprüfung {
 
   private:
     bool BleibtRoh(const Id3v2Rahmenort& Ort) const {
-        return Satz.Id3v2WeitereFelder.find(Tag.Rahmen(Ort)) != std::string::npos;
+        return Neu != nullptr && Neu->Id3v2WeitereFelder.find(Tag.Rahmen(Ort)) != std::string::npos;
     }
     void FeldPrüfen(const Id3v2Rahmenfeld& Feld, const Id3v2Rahmenort& Ort,
                     const std::optional<std::string>& Inhalt) {
         // What the person has replaced is gone on purpose.
-        if (Satz.*Feld.Feld != Zustand.*Feld.Feld) return;
+        if (AllesGelesen || (Neu != nullptr && Neu->*Feld.Feld != Zustand.*Feld.Feld)) return;
         const std::string Text = Id3v2RahmentextLesen(Tag.Inhalt(Ort), Feld.Feld != &Datensatz::V2Kommentar);
         if (!Inhalt || (!Text.empty() && Text != Zustand.*Feld.Feld)) {
             Felder.push_back(Ort.Kennung);
-        } else if (auto Leser = Id3v2Textleser::Öffnen(*Inhalt)) {
-            TextPrüfen(Leser->Nächster(), Texte);
+        } else if (Neu != nullptr) {
+            const auto Klar = Id3v2InhaltsformVon(Feld.Kennung).Lesen(*Inhalt);
+            for (const std::string& Wert : Klar.value_or(Id3v2Inhalt{}).Werte)
+                TextPrüfen(Wert, Texte);
         }
     }
     // Only the rating itself is kept; a frame of ours has one byte more in front.
@@ -138,7 +145,8 @@ class Rahmenprüfung {
 
     const Tagkörper& Tag;
     const Datensatz& Zustand;
-    const Datensatz& Satz;
+    const Datensatz* Neu;
+    bool AllesGelesen;
     Verluste Texte;
     std::vector<std::string> Bilder;
     std::vector<std::string> Felder;
@@ -167,9 +175,7 @@ Verluste Id3v2VerlusteFinden(const Lesedatei& Datei, const Datensatz* Neu, const
     Verluste Ergebnis;
     if (!Optionen.TAGsModern && Tag->Kopf.Körperlänge > HöchsteTaggröße)
         Ergebnis.push_back(Größentext(Tag->Kopf.Gesamtlänge()));
-    // A removal keeps no raw frame either.
-    Zustand.Id3v2WeitereFelder.clear();
-    Rahmenprüfung Prüfung(*Tag, Zustand, Neu != nullptr ? *Neu : Zustand);
+    Rahmenprüfung Prüfung(*Tag, Zustand, Neu, Optionen.TAGsModern);
     const Id3v2Gliederung Gliederung = Tag->Gliedern();
     for (const Id3v2Rahmenort& Ort : Gliederung.Rahmen)
         Prüfung.Prüfen(Ort);

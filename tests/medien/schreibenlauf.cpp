@@ -149,6 +149,10 @@ TEST_F(Tagslauf, FragtNurVorEchtemVerlustUndSchreibtOhneJaNichts) {
         {"", "neu", {}},
         {Id3v2Tag(3, Titel("a") + Id3v2Rahmen("COMM", std::string("\0eng\0Text", 9)), 50), "neu", {}},
         {Id3v2Tag(3, Titel("a") + Id3v2Textrahmen("TIT2", "a")), "neu", {}},
+        {Id3v2Tag(3,
+                  Id3v2Rahmen("COMM", "\1eng" + Utf16Text("x") + std::string(2, '\0') + Utf16Text("Größe"))),
+         "neu",
+         {}},
         {Id3v2Tag(3, Titel("a") + Id3v2Rahmen("APIC", "Bild") + Id3v2Rahmen("PRIV", "x")),
          "neu",
          {"1 Bild(er)", "PRIV"}},
@@ -190,6 +194,12 @@ TEST_F(Tagslauf, VerlustfrageGiltAuchDemEntfernenUndLässtSichAbschalten) {
     Person.Antworten = {Antwort::Ja};
     EXPECT_TRUE(TagEntfernen(Welt, Arbeit, Tagblock::Id3v2, true));
     EXPECT_EQ(Inhalt(Arbeit), "Ton");
+    for (const std::int16_t Modern : {std::int16_t{0}, std::int16_t{1}}) {
+        Werte.TAGsModern = Modern;
+        Arbeit = Beginnen(Id3v2Tag(3, Id3v2Textrahmen("TIT2", "Виктор", true)) + "Ton");
+        EXPECT_TRUE(TagEntfernen(Welt, Arbeit, Tagblock::Id3v2, true)) << Frage();
+    }
+    Werte.TAGsModern = 0;
     // A tag of version 1 is read without its first character.
     Arbeit = Beginnen("Ton" + LyricsV1("Text") + Id3v1Block({}));
     EXPECT_EQ(Arbeit.Satz.LyricsText, "ext");
