@@ -55,6 +55,7 @@ frmIndexHinzufügenZusammenfassung::frmIndexHinzufügenZusammenfassung(Anwendung
     BannerHinzufügen(*Spalte, Symbolbild("dateinamen"), u"Diese Dateinamen wurden gefunden."_s,
                      Funde.Quelle.empty() ? u"In der Zwischenablage"_s : QtText(DateinameVon(Funde.Quelle)));
     lstDateinamen = new QTreeView(this);
+    lstDateinamen->header()->setObjectName(u"lstDateinamenSpalten"_s);
     lstDateinamen->setObjectName(u"lstDateinamen"_s);
     lstDateinamen->setAccessibleName(u"Gefundene Dateinamen"_s);
     lstDateinamen->setModel(Modell.get());

@@ -17,9 +17,9 @@ using namespace Qt::StringLiterals;
 namespace liedwerk {
 
 // The rows of lstEinträge; a text is made when it is shown.
-class Fundmodell final : public QAbstractTableModel {
+class Aufräummodell final : public QAbstractTableModel {
   public:
-    Fundmodell(const Katalog& Datensätze, const std::vector<Aufräumzeile>& Liste)
+    Aufräummodell(const Katalog& Datensätze, const std::vector<Aufräumzeile>& Liste)
         : Index(Datensätze), Zeilen(Liste) {}
     // Around a change of the rows.
     void Beginnen() { beginResetModel(); }
@@ -63,7 +63,7 @@ frmIndexVerwaltung::frmIndexVerwaltung(Anwendung& Lauf, std::vector<Satznummer> 
       Person(Lauf.Dienst.Person),
       Menge(std::move(Arbeitsmenge)),
       Spielen(std::move(Abspielen)),
-      Modell(std::make_unique<Fundmodell>(Lauf.Index, Ergebnisse)) {
+      Modell(std::make_unique<Aufräummodell>(Lauf.Index, Ergebnisse)) {
     setObjectName(u"frmIndexVerwaltung"_s);
     setWindowTitle(u"Index aufräumen"_s);
     QVBoxLayout* const Spalte = Formspalte(*this);

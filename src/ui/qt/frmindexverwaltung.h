@@ -17,7 +17,7 @@
 
 namespace liedwerk {
 
-class Fundmodell;
+class Aufräummodell;
 
 class frmIndexVerwaltung final : public QDialog {
   public:
@@ -76,7 +76,7 @@ class frmIndexVerwaltung final : public QDialog {
     std::vector<Aufräumzeile> Ergebnisse;
     std::vector<Satznummer> Gewählte;
     bool Paarweise = true;
-    std::unique_ptr<Fundmodell> Modell;
+    std::unique_ptr<Aufräummodell> Modell;
     QComboBox* cboSuchmethode = nullptr;
     QPushButton* cmdSuchen = nullptr;
     QPushButton* cmdRücksetzen = nullptr;
