@@ -13,6 +13,21 @@ namespace {
 constexpr qsizetype LängsterText = 1000;
 constexpr double LängsterTitel = 1e7;  // seconds
 
+// True when every "%" begins an encoded byte.
+bool KannVerschlüsseltSein(std::string_view Adresse) {
+    const auto Hexziffer = [](char Zeichen) {
+        return (Zeichen >= '0' && Zeichen <= '9') || (Zeichen >= 'A' && Zeichen <= 'F') ||
+               (Zeichen >= 'a' && Zeichen <= 'f');
+    };
+    for (std::size_t Stelle = Adresse.find('%'); Stelle != std::string_view::npos;
+         Stelle = Adresse.find('%', Stelle + 1)) {
+        if (Stelle + 2 >= Adresse.size() || !Hexziffer(Adresse[Stelle + 1]) ||
+            !Hexziffer(Adresse[Stelle + 2]))
+            return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 QVariantMap Busverzeichnis(const QVariant& Wert) {
@@ -64,7 +79,7 @@ std::vector<std::string> PfadeZurAdresse(const QString& Adresse) {
     if (!Bytes.startsWith('/') || Bytes.contains('\0')) return {};
     const std::string Wörtlich = Bytes.toStdString();
     const std::string Entziffert = QByteArray::fromPercentEncoding(Bytes).toStdString();
-    if (!IstAdresse || Wörtlich == Entziffert) return {Wörtlich};
+    if (!IstAdresse || Wörtlich == Entziffert || !KannVerschlüsseltSein(Wörtlich)) return {Wörtlich};
     if (Entziffert.find('\0') != std::string::npos) return {Wörtlich};
     // An encoded address holds no blank and nothing but ASCII.
     const bool Verschlüsselt = std::all_of(Wörtlich.begin(), Wörtlich.end(),
