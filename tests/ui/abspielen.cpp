@@ -60,7 +60,8 @@ TEST_F(AbspielenFenster, FeldZeigtUndSteuertDenSpieler) {
     Kanal.Stand.Lautstärke = 51;
     Kanal.Stand.KannBalance = false;
     Laufen(1);
-    EXPECT_EQ(Titel.text(), u"Audio-Player - 'Anna Berg - Morgenlicht'"_s);
+    // A narrow window cuts the title, and the whole of it is the tool tip.
+    EXPECT_TRUE((Titel.toolTip() + Titel.text()).contains(u"Audio-Player - 'Anna Berg - Morgenlicht'"_s));
     EXPECT_EQ(Stelle.text(), u"Titelposition - 01:01/03:20"_s);
     EXPECT_EQ(Weg.maximum(), 200);
     EXPECT_EQ(Weg.value(), 61);
@@ -123,8 +124,8 @@ TEST_F(AbspielenFenster, GespielterTitelWirdErkanntGezeigtUndGezählt) {
     Laufen(1);
     Welt.Zeit.Punkt.Sekunde = 31;
     Laufen(1);
-    EXPECT_EQ(Teil<QLabel>(Eins.Fenster, u"lblTitel"_s).toolTip(), QString());
-    EXPECT_TRUE(Teil<QLabel>(Eins.Fenster, u"lblTitel"_s).text().endsWith(u"' - [Erkannt]"_s));
+    auto& Titel = Teil<QLabel>(Eins.Fenster, u"lblTitel"_s);
+    EXPECT_TRUE((Titel.toolTip() + Titel.text()).contains(u"Morgenlicht' - [Erkannt]"_s));
     EXPECT_EQ(Eins.Person.Status.back(), "Die derzeit abgespielte Datei wurde 1 Mal erkannt");
 }
 
@@ -159,6 +160,7 @@ TEST_F(AbspielenFenster, DoppelklickUndEingabeFolgenDerEinstellung) {
     QTest::mouseDClick(Eins.Songs().viewport(), Qt::LeftButton, Qt::ControlModifier, Ort);
     QTest::qWait(10);
     EXPECT_EQ(Kanal.Gesendet, (Sendungen{{1024, 0, 101}}));
+    QTest::mouseClick(Eins.Songs().viewport(), Qt::LeftButton, {}, Ort);  // lets the key go
 }
 
 TEST_F(AbspielenFenster, OhneEinstellungWirdEinInstallierterSpielerVorgeschlagen) {
@@ -166,7 +168,7 @@ TEST_F(AbspielenFenster, OhneEinstellungWirdEinInstallierterSpielerVorgeschlagen
     Programme.Installiert["vlc"] = Welt.Ordner() + "/audacious";
     Lauf Eins(Welt);
     Eins.OrdnerHinzufügen(Welt.Musikordner());
-    Eins.Songs().setCurrentIndex(Eins.Songs().model()->index(0, 1));
+    Eins.Songs().setCurrentIndex(Eins.Songs().model()->index(1, 1));
     Eins.Person.Antworten = {Antwort::Ja};
     Teil<QAction>(Eins.Fenster, u"mnuEintragAbspielen"_s).trigger();
     ASSERT_EQ(Programme.Starts.size(), 1u);

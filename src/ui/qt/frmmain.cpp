@@ -216,8 +216,11 @@ void frmMain::TeileAnlegen() {
     // First, since its double click on a folder goes ahead of playing.
     IndexaktionenAnlegen(*Platz);
     if (Programm->Dienst.Spieler != nullptr && Programm->Dienst.Programme != nullptr) {
-        Spielen =
-            std::make_unique<Wiedergabeaktionen>(*Platz, *fraPlayer, [this] { tmrScrollUpdate.start(0); });
+        Spielen = std::make_unique<Wiedergabeaktionen>(*Platz, *fraPlayer, [this] {
+            // A very coarse timer would wait for the next full second.
+            tmrScrollUpdate.setTimerType(Qt::CoarseTimer);
+            tmrScrollUpdate.start(0);
+        });
         Platz->Abspielen = [this](const std::vector<Satznummer>& Dateien) {
             Spielen->Abspielen(Dateien, false, false, false, {});
         };

@@ -78,9 +78,11 @@ Spielerleiste::Spielerleiste(QWidget* Eltern) : QWidget(Eltern) {
     lblTitelposition = new QLabel(this);
     lblTitelposition->setObjectName(u"lblTitelposition"_s);
     lblTitelposition->setAccessibleName(u"Titelposition"_s);
+    lblTitelposition->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     QSizePolicy Bleibt = lblTitelposition->sizePolicy();
     Bleibt.setRetainSizeWhenHidden(true);
     lblTitelposition->setSizePolicy(Bleibt);
+    PlatzFestlegen();
     Worte->addWidget(lblTitel, 1);
     Worte->addWidget(lblTitelposition);
     hscrlTrackPos = ReglerAnlegen(u"hscrlTrackPos"_s, u"Titelposition"_s, 0, 100);
@@ -119,6 +121,7 @@ Spielerleiste::Spielerleiste(QWidget* Eltern) : QWidget(Eltern) {
     cmdWinampEnde =
         KnopfAnlegen(u"cmdWinampEnde"_s, u"Audio-Player beenden"_s, "player-ende", SpielerSchließen);
 
+    tmrBlinken.setParent(this);
     tmrBlinken.setInterval(Blinktakt);
     connect(&tmrBlinken, &QTimer::timeout, this, [this] { tmrBlinken_Timer(); });
     tmrBlinken.setObjectName(u"tmrBlinken"_s);
@@ -216,6 +219,13 @@ void Spielerleiste::Zeigen(const Spielerstand& Stand, bool Erkannt, bool Blinken
     }
 }
 
+// A label of fixed size that changes every second does not make the whole window look for its layout anew.
+void Spielerleiste::PlatzFestlegen() {
+    const QFontMetrics Maße = lblTitelposition->fontMetrics();
+    lblTitelposition->setFixedSize(Maße.horizontalAdvance(u"Titelposition - 00:00:00/00:00:00"_s),
+                                   Maße.height());
+}
+
 void Spielerleiste::TitelKürzen() {
     lblTitel->setText(lblTitel->fontMetrics().elidedText(Titel, Qt::ElideRight, lblTitel->width()));
     lblTitel->setToolTip(lblTitel->text() == Titel ? QString() : Titel);
@@ -228,7 +238,9 @@ void Spielerleiste::resizeEvent(QResizeEvent* Ereignis) {
 
 void Spielerleiste::changeEvent(QEvent* Ereignis) {
     QWidget::changeEvent(Ereignis);
-    if (Ereignis->type() == QEvent::FontChange && lblTitel != nullptr) TitelKürzen();
+    if (Ereignis->type() != QEvent::FontChange || lblTitelposition == nullptr) return;
+    PlatzFestlegen();
+    TitelKürzen();
 }
 
 void Spielerleiste::tmrBlinken_Timer() {

@@ -54,12 +54,13 @@ class Spielerleiste final : public QWidget {
     Spielerregler* ReglerAnlegen(const QString& Name, const QString& Hörname, int Von, int Bis);
     void Freigeben(const Spielerstand& Stand);
     void TitelKürzen();
+    void PlatzFestlegen();
     void tmrBlinken_Timer();
     void BlinkenBeenden();
 
     QString Titel;
     QLabel* lblTitel = nullptr;
-    QLabel* lblTitelposition;
+    QLabel* lblTitelposition = nullptr;
     Spielerregler* hscrlTrackPos;
     Spielerregler* hscrlVolume;
     Spielerregler* hscrlBalance;
