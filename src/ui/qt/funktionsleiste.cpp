@@ -1,5 +1,6 @@
 #include "ui/qt/funktionsleiste.h"
 
+#include <QScrollArea>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -8,10 +9,23 @@ namespace liedwerk {
 
 Funktionsleiste::Funktionsleiste(QWidget* Eltern) : QWidget(Eltern) {
     setObjectName(u"fraFunktionen"_s);
-    Spalte = new QVBoxLayout(this);
+    // The groups roll where they need more height than the window has; the foot stays in sight.
+    auto* const Rollfeld = new QScrollArea(this);
+    Rollfeld->setFrameShape(QFrame::NoFrame);
+    Rollfeld->setWidgetResizable(true);
+    Rollfeld->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    Rollfeld->setFocusPolicy(Qt::NoFocus);
+    auto* const Gruppen = new QWidget(Rollfeld);
+    Spalte = new QVBoxLayout(Gruppen);
     Spalte->setContentsMargins(0, 0, 0, 0);
     Spalte->setSpacing(2);
     Spalte->addStretch(1);
+    Rollfeld->setWidget(Gruppen);
+    Rollfeld->viewport()->setAutoFillBackground(false);
+    Gruppen->setAutoFillBackground(false);
+    Ganz = new QVBoxLayout(this);
+    Ganz->setContentsMargins(0, 0, 0, 0);
+    Ganz->addWidget(Rollfeld, 1);
 }
 
 void Funktionsleiste::GruppeHinzufügen(const QString& Titel, const QList<QAction*>& Aktionen) {
@@ -53,7 +67,7 @@ void Funktionsleiste::GruppeHinzufügen(const QString& Titel, const QList<QActio
 }
 
 void Funktionsleiste::FußHinzufügen(QWidget* Fuß) {
-    Spalte->addWidget(Fuß);
+    Ganz->addWidget(Fuß);
 }
 
 }  // namespace liedwerk

@@ -19,7 +19,8 @@ class Funktionsleiste final : public QWidget {
     void FußHinzufügen(QWidget* Fuß);
 
   private:
-    QVBoxLayout* Spalte;
+    QVBoxLayout* Ganz;
+    QVBoxLayout* Spalte;  // of the groups
 };
 
 }  // namespace liedwerk
