@@ -246,7 +246,8 @@ int DemosammlungAnlegen(const std::string& Ordner) {
 }  // namespace liedwerk::werkzeuge
 
 int main(int Anzahl, char** Argumente) {
-    if (Anzahl != 2 || std::string_view(Argumente[1]).empty()) {
+    if (Anzahl != 2 || std::string_view(Argumente[1]).empty() ||
+        std::string_view(Argumente[1]).starts_with('-')) {
         std::cerr << "Aufruf: liedwerk-demosammlung ZIELORDNER\n";
         return 2;
     }

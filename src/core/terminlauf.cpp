@@ -20,7 +20,7 @@ bool Starterlaubnis(Anwendung& Programm, const Termin& Eintrag) {
     const Antwort Erlaubt = Programm.Dienst.Person.JaNein(
         Symbol::Frage,
         "Das Ereignis '" + Eintrag.Beschreibung + "' möchte das Programm '" + Eintrag.Anwendung +
-            "' starten.\nDiese Indexdatei wurde zuletzt nicht von Ihnen gespeichert.\n\n"
+            "' starten.\nSie haben noch nicht alle Programme dieser Indexdatei erlaubt.\n\n"
             "Möchten Sie das Programm starten?",
         Antwort::Nein);
     if (Erlaubt != Antwort::Ja) return false;

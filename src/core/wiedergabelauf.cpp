@@ -8,7 +8,7 @@
 namespace liedwerk {
 namespace {
 
-constexpr int Statistikspaltenbreite = 1800;  // twips
+constexpr int Statistikspaltenbreite = 2700;  // twips
 
 void SpalteZeigen(std::vector<Listenspalte>& Spalten, std::string_view Name) {
     for (int Nummer = 1; Nummer <= SpaltenAnzahl; ++Nummer) {

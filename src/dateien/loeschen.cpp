@@ -101,6 +101,7 @@ Löschergebnis DateienLöschen(const Dateiumgebung& Umgebung, std::span<const Sa
 
 std::string DurchLeereDateiErsetzen(std::string_view Pfad, std::string_view Neu) {
     const std::string Gescheitert = "Die Datei '" + std::string(Pfad) + "' konnte nicht gelöscht werden.";
+    if (Pfad == Neu && VerweiseAuflösen(Pfad) != Pfad) return Gescheitert + "\nSie ist eine Verknüpfung.";
     if (Pfad == Neu) {
         Dateiersatz Ersatz;
         if (Ersatz.Öffnen(std::string(Pfad), std::string(Pfad) + "~lwitmp") == Dateiersatz::Öffnung::Bereit &&

@@ -201,6 +201,8 @@ std::optional<std::string> Neuaufnahme::Umziehen(const std::string& Pfad, const 
     }
     const auto Ergebnis = KopierenInOrdner(Umgebung.Person, Pfad, Regel.Ordner, Ziel, true, ÜberschreibenNie);
     if (Ergebnis.Gelungen) {
+        // A file that stays because its target exists already keeps its own path.
+        if (!Ergebnis.Umgezogen) return Pfad;
         LeerenOrdnerAnbieten(Umgebung, PfadVon(Pfad));
         return Ergebnis.Ziel;
     }

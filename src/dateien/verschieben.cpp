@@ -1,5 +1,6 @@
 #include "dateien/verschieben.h"
 
+#include <filesystem>
 #include <optional>
 
 #include "basis/dateiname.h"
@@ -95,12 +96,32 @@ struct Begleitung {
     std::int64_t Position;
 };
 
+// True for a link whose relative content would lead elsewhere from the folder of Ziel, on the same file
+// system; across file systems it is what it leads to that is copied.
+bool VerweisBräche(std::string_view Quelle, std::string_view Ziel) {
+    std::error_code Fehler;
+    const std::filesystem::path Inhalt = std::filesystem::read_symlink(std::string(Quelle), Fehler);
+    if (Fehler || Inhalt.is_absolute()) return false;
+    const auto Von = DateistandLesen(PfadVon(Quelle));
+    const auto Nach = DateistandLesen(PfadVon(Ziel));
+    if (!Von || !Nach || Von->Gerät != Nach->Gerät) return false;
+    const auto Vorher = DateistandLesen(Quelle);
+    const auto Danach = DateistandLesen(PfadVerbinden(PfadVon(Ziel), Inhalt.string()));
+    return !Vorher || !Danach || Vorher->Gerät != Danach->Gerät || Vorher->Inode != Danach->Inode;
+}
+
 // The change of names, or the copy and then the removal of the source.
 void Ausführen(const Begleitung& Dabei, std::string_view Quelle, bool Verschieben, Vorhandenes Regel,
                Verschiebeergebnis& Ergebnis) {
     const std::string& Ziel = Ergebnis.Ziel;
     if (auto Fehler = OrdnerAnlegen(PfadVon(Ziel))) {
         Ergebnis.Fehlertext = Fehlersatz(Quelle, Ziel, Verschieben, Fehler.Text);
+        return;
+    }
+    if (Verschieben && VerweisBräche(Quelle, Ziel)) {
+        // Asked ahead: what a renamed link has replaced would not come back.
+        Ergebnis.Fehlertext =
+            Fehlersatz(Quelle, Ziel, true, "Sie ist eine Verknüpfung, die nur in ihrem Ordner gilt");
         return;
     }
     bool Umbenannt = false;
@@ -114,13 +135,6 @@ void Ausführen(const Begleitung& Dabei, std::string_view Quelle, bool Verschieb
             Ergebnis.Abgebrochen = !Dabei.Person.FortschrittZeigen({}, Dabei.Position);
             return !Ergebnis.Abgebrochen;
         });
-    }
-    if (Umbenannt && !DateiExistiert(Ziel)) {
-        // A link that leads somewhere only from its own folder: it goes back where it came from.
-        Fehler = DateiUmbenennen(Ziel, Quelle, Vorhandenes::Lassen);
-        if (!Fehler) Fehler.Text = "Sie ist eine Verknüpfung, die nur in ihrem Ordner gilt";
-        Ergebnis.Fehlertext = Fehlersatz(Quelle, Ziel, Verschieben, Fehler.Text);
-        return;
     }
     if (Fehler) {
         if (!Ergebnis.Abgebrochen) Ergebnis.Fehlertext = Fehlersatz(Quelle, Ziel, Verschieben, Fehler.Text);
@@ -142,7 +156,7 @@ std::optional<std::string> Hindernis(std::string_view Quelle, std::string_view Z
                (OrdnerExistiert(Quelle) ? "Sie ist ein Ordner." : "Diese existiert nicht.");
     }
     // Seen from here a path of another system would be a name in whatever folder the program stands.
-    if (IstPosixPfad(Quelle) != IstPosixPfad(Ziel) || !TeileEindeutig(Ziel))
+    if (IstPosixPfad(Quelle) != IstPosixPfad(Ziel) || !TeileEindeutig(Ziel) || HatZeilenende(Ziel))
         return Fehlersatz(Quelle, Ziel, true, "Das ist hier kein gültiger Dateiname");
     return std::nullopt;
 }

@@ -64,6 +64,20 @@ Kodierung Ausweichkodierung(Exportmodus Modus) {
     return Modus == Exportmodus::Playliste ? Kodierung::Utf8 : Kodierung::Utf8MitMarke;
 }
 
+// The text with broken bytes as the Windows-1252 characters that they may have been meant for: a table must
+// be valid for its readers. A play list keeps the bytes of its paths.
+std::string MitGültigenZeichen(std::string_view Text) {
+    constexpr char32_t BruchbyteAnfang = 0xDC80;
+    constexpr char32_t BruchbyteEnde = 0xDCFF;
+    std::string Gültig;
+    for (std::size_t Stelle = 0; Stelle < Text.size();) {
+        const char32_t Zeichen = ZeichenLesen(Text, Stelle);
+        const bool Bruch = Zeichen >= BruchbyteAnfang && Zeichen <= BruchbyteEnde;
+        ZeichenAnhängen(Gültig, Bruch ? AnsiZeichen(static_cast<unsigned char>(Zeichen & 0xFF)) : Zeichen);
+    }
+    return Gültig;
+}
+
 // Brings the pieces of a format into the file.
 class Exportdatei {
   public:
@@ -72,7 +86,9 @@ class Exportdatei {
     }
     // False when the code page lacks a character of it.
     bool Anhängen(std::string_view Text) {
-        if (Zeichensatz != Kodierung::Ansi || IstAscii(Text)) {
+        if (Zeichensatz == Kodierung::Utf8MitMarke && !IstUtf8(Text)) {
+            Block += MitGültigenZeichen(Text);
+        } else if (Zeichensatz != Kodierung::Ansi || IstAscii(Text)) {
             Block += Text;
         } else if (const auto Bytes = Utf8NachAnsi(Text)) {
             Block += *Bytes;

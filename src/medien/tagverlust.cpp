@@ -181,7 +181,12 @@ Verluste Id3v2VerlusteFinden(const Lesedatei& Datei, const Datensatz* Neu, const
         Prüfung.Prüfen(Ort);
     for (std::string& Text : std::move(Prüfung).Fertig())
         Ergebnis.push_back(std::move(Text));
-    if (Tag->Kopf.Körperlänge <= HöchsteTaggröße && HatFremdes(*Tag, Gliederung.Ende))
+    const auto Tagende = static_cast<std::int64_t>(Zustand.Id3v2Position) - 1 + Zustand.Id3v2Größe;
+    if (Gefunden && Tagende > static_cast<std::int64_t>(Datei.Größe())) {
+        Ergebnis.emplace_back(
+            "alles bis zum Ende der Datei, auch die Musik (der TAG ist beschädigt, er endet nicht in der "
+            "Datei)");
+    } else if (Tag->Kopf.Körperlänge <= HöchsteTaggröße && HatFremdes(*Tag, Gliederung.Ende))
         Ergebnis.emplace_back("Daten unbekannter Art hinter den Feldern");
     return Ergebnis;
 }
@@ -234,9 +239,15 @@ std::vector<std::string> SpeicherverlusteFinden(std::string_view Pfad, Tagblock 
 
 std::vector<std::string> EntfernverlusteFinden(std::string_view Pfad, Tagblock Block,
                                                const Tagoptionen& Optionen) {
-    if (Block != Tagblock::Id3v2) return {};
+    if (Block == Tagblock::Id3v1) return {};
     const Lesedatei Datei = Lesedatei::Öffnen(Pfad);
     if (!Datei.Offen()) return {};
+    if (Block == Tagblock::Lyrics) {
+        Datensatz Zustand;
+        LyricsLesen(Datei, DateiendeLesen(Datei), Zustand);
+        if (Zustand.LyricsWeitereFelder.empty()) return {};
+        return {"weitere Felder des Lyrics-TAGs, die hier nicht angezeigt werden"};
+    }
     return Id3v2VerlusteFinden(Datei, nullptr, Optionen);
 }
 

@@ -24,7 +24,9 @@ void ProgrammBedienen(const Termin& Eintrag, const Terminumgebung& Umgebung) {
 Terminmeldung MeldungBilden(const Termin& Eintrag, std::size_t Nummer, const std::string& Nächster) {
     Terminmeldung Meldung{Nummer, Eintrag.Meldungstext, {}, Eintrag.AnzeigeDauer};
     if (Meldung.Text.empty()) {
-        Meldung.Text = "Das Ereignis '" + Eintrag.Beschreibung + "' vom " + TerminZelle(Eintrag, "Termin") +
+        // An event without a date of its own is told by that of its notice.
+        const std::string Datum = TerminZelle(Eintrag, Eintrag.Datum.empty() ? "Erinnern" : "Termin");
+        Meldung.Text = "Das Ereignis '" + Eintrag.Beschreibung + "' vom " + Datum +
                        " wurde erreicht.\r\n\r\nBitte wählen Sie eine der unten stehenden Optionen, um "
                        "fortzufahren.";
     }

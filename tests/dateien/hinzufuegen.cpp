@@ -261,9 +261,9 @@ TEST_F(Hinzufügeprobe, VorherVerschobenesStehtMitNeuemOrtImIndexUndNichtsWirdEr
     Person.Antworten = {Antwort::Ja};
     const auto Ergebnis = EinfachOrdnerHinzufügen(Umgebung(), Auftrag);
     EXPECT_TRUE(Ergebnis.Gelungen);
-    // The one that had a namesake stays where it is, and the namesake is added for it: twice.
-    EXPECT_EQ(AlleNamen(), (Namen{"ein/fertig/a.mp3", "ein/fertig/tief/b.mp3", "ein/fertig/leer/d.mp3",
-                                  "ein/fertig/e.mp3"}));
+    // The one that had a namesake stays where it is, under its own name.
+    EXPECT_EQ(AlleNamen(), (Namen{"ein/a.mp3", "ein/fertig/a.mp3", "ein/fertig/tief/b.mp3",
+                                  "ein/fertig/leer/d.mp3", "ein/fertig/e.mp3"}));
     EXPECT_EQ(*DateiLesen(Ziel + "/a.mp3"), "alt");
     EXPECT_TRUE(DateiExistiert(Ordner.In("ein/a.mp3")));
     EXPECT_FALSE(DateiExistiert(Ordner.In("ein/tief/b.mp3")));

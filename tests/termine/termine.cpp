@@ -153,9 +153,10 @@ TEST_F(Prüfung, JederFälligeEinmalUndEinFehlerHältKeinenAuf) {
     Währenddessen = [&] { EXPECT_TRUE(Prüfen().empty()) << "a tick while a notice is open"; };
     const auto Gezeigte = Prüfen();
     ASSERT_EQ(Gezeigte.size(), 2U);
-    EXPECT_EQ(Gezeigte[0].Text,
-              "Das Ereignis 'E2' vom  wurde erreicht.\r\n\r\nBitte wählen Sie eine der unten "
-              "stehenden Optionen, um fortzufahren.");
+    EXPECT_EQ(
+        Gezeigte[0].Text,
+        "Das Ereignis 'E2' vom 21.11.2026 11:00:00 wurde erreicht.\r\n\r\nBitte wählen Sie eine der unten "
+        "stehenden Optionen, um fortzufahren.");
     EXPECT_EQ(Gezeigte[0].Nächster, "22.11.2026 11:00:00");
     EXPECT_EQ(Index.Termine[1].BenachrichtigenAm, "22.11.2026 11:00:00");
     EXPECT_EQ(Index.Termine[3].BenachrichtigenAm, "21.11.2026 13:00:00");

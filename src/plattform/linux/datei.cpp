@@ -225,6 +225,14 @@ Dateifehler DateiKopieren(std::string_view Quelle, std::string_view Ziel, Vorhan
     Dateifehler Fehler;
     const Lesedatei Von = Lesedatei::Öffnen(Quelle, &Fehler);
     if (!Von.Offen()) return Fehler;
+    struct stat Stand {};
+    if (::lstat(std::string(Ziel).c_str(), &Stand) == 0 && S_ISLNK(Stand.st_mode)) {
+        // The name is replaced, never the file that it leads to.
+        const std::string Daneben = std::string(Ziel) + "~lwiverweis";
+        if ((Fehler = DateiKopieren(Quelle, Daneben, Vorhandenes::Lassen, Weiter))) return Fehler;
+        if ((Fehler = DateiUmbenennen(Daneben, Ziel, Regel))) DateiLöschen(Daneben);
+        return Fehler;
+    }
     Dateiersatz Nach;
     switch (Nach.Öffnen(std::string(Ziel), Kopienname(Ziel), std::string(Quelle))) {
         case Dateiersatz::Öffnung::Gesperrt:

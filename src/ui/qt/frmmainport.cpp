@@ -265,7 +265,9 @@ Terminantwort frmMain::TerminMelden(const Terminmeldung& Meldung) {
 }
 
 void frmMain::VerpassteTermineZeigen(const std::vector<Termin>& Verpasste) {
-    frmTerminÜberwachungTerminVerpasst(Verpasste, isVisible() ? this : nullptr).exec();
+    QWidget* const Vorn = QApplication::activeModalWidget();
+    frmTerminÜberwachungTerminVerpasst(Verpasste, Vorn != nullptr ? Vorn : (isVisible() ? this : nullptr))
+        .exec();
 }
 
 void frmMain::SuchfeldFokussieren() {

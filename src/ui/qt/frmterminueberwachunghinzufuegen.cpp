@@ -74,7 +74,9 @@ frmTerminÜberwachungHinzufügen::frmTerminÜberwachungHinzufügen(const Termin*
                      {{u"cmdOk"_s, u"&OK"_s, Accepted}, {u"cmdAbbrechen"_s, u"Abb&rechen"_s, Rejected}})[0]
         ->setDefault(true);
     Füllen(Vorhandener == nullptr ? Termineingabe{} : TermineingabeVon(*Vorhandener), Jetzt);
-    chkZurücksetzen->setVisible(Vorhandener != nullptr && !Vorhandener->Einheit.empty());
+    chkZurücksetzen->setVisible(Vorhandener != nullptr && chkWiederkehrend->isChecked());
+    if (Vorhandener != nullptr)
+        connect(chkWiederkehrend, &QCheckBox::toggled, chkZurücksetzen, &QWidget::setVisible);
     chkZurücksetzen->setChecked(Vorhandener == nullptr || Vorhandener->Erledigt.empty());
     txtBeschreibung->setFocus();
 }
@@ -121,7 +123,7 @@ QGroupBox* frmTerminÜberwachungHinzufügen::BenachrichtigungAnlegen() {
     for (QWidget* const Feld : std::initializer_list<QWidget*>{cboWiederkehrend, txtIntervall})
         connect(chkWiederkehrend, &QCheckBox::toggled, Feld, &QWidget::setEnabled);
     Zeilen->addRow(chkWiederkehrend, Nebeneinander(cboWiederkehrend, txtIntervall));
-    chkZurücksetzen = new QCheckBox(u"&Erneut benachrichtigen, auch wenn der Zeitpunkt vergangen ist"_s,
+    chkZurücksetzen = new QCheckBox(u"Erneut benachr&ichtigen, auch wenn der Zeitpunkt vergangen ist"_s,
                                     fraBenachrichtigen);
     chkZurücksetzen->setObjectName(u"chkZurücksetzen"_s);
     Zeilen->addRow(QString(), chkZurücksetzen);

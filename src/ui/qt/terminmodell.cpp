@@ -48,10 +48,12 @@ QTreeView* TerminansichtAnlegen(QWidget* Eltern, const std::vector<Termin>& Erei
     Ansicht->setSelectionMode(QAbstractItemView::ExtendedSelection);
     Ansicht->header()->setObjectName(u"lstEreignisseSpalten"_s);
     const int Zeichen = Ansicht->fontMetrics().averageCharWidth();
-    Ansicht->setColumnWidth(0, Zeichen * 34);
+    const int Datumsbreite = Ansicht->fontMetrics().horizontalAdvance(u"00.00.0000 00:00:00"_s) + 2 * Zeichen;
+    Ansicht->setColumnWidth(0, Zeichen * 30);
     for (int Spalte = 1; Spalte < static_cast<int>(Spaltenzahl); ++Spalte)
-        Ansicht->setColumnWidth(Spalte, Zeichen * 22);
-    Ansicht->setMinimumSize(Zeichen * 100, Ansicht->fontMetrics().height() * 14);
+        Ansicht->setColumnWidth(Spalte, Datumsbreite);
+    Ansicht->setMinimumSize(std::min(Ansicht->header()->length() + 3 * Zeichen, Zeichen * 140),
+                            Ansicht->fontMetrics().height() * 14);
     return Ansicht;
 }
 

@@ -32,6 +32,22 @@ struct Sanduhr {
     ~Sanduhr() { QGuiApplication::restoreOverrideCursor(); }
 };
 
+// A form within a run waits for the person: the timers go on meanwhile, and the pointer is the usual one.
+struct Formpause {
+    explicit Formpause(bool& Lauf) : Aktiv(Lauf), Vorher(Lauf) {
+        Aktiv = false;
+        QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    Formpause(const Formpause&) = delete;
+    Formpause& operator=(const Formpause&) = delete;
+    ~Formpause() {
+        QGuiApplication::restoreOverrideCursor();
+        Aktiv = Vorher;
+    }
+    bool& Aktiv;
+    bool Vorher;
+};
+
 // The form from which something is played, else the window.
 QWidget* Besitzer(QWidget& Fenster) {
     QWidget* const Form = QApplication::activeModalWidget();
@@ -120,7 +136,8 @@ int Wiedergabeaktionen::TaktAusführen() {
     const bool Vorher = Lauf.Erkennung.TitelVerarbeitet;
     const Spielerstand Stand = SpielerTakt(Lauf);
     if (!Vorher && Lauf.Erkennung.TitelErkannt) ListeAuffrischen(Fenster);
-    fraPlayer.Zeigen(Stand, Lauf.Erkennung.TitelErkannt, Programm.Werte.AudioPlayerBlinken == 1);
+    const bool Erkannt = Programm.Werte.AbspielStatistikSpeichern == 1 && Lauf.Erkennung.TitelErkannt;
+    fraPlayer.Zeigen(Stand, Erkannt, Programm.Werte.AudioPlayerBlinken == 1);
     fraPlayer.setVisible(!(Stand.Gefunden && Stand.Zustand == PlayerZustand::Stopped &&
                            Programm.Werte.PlayerAusblendenBeiStopp == 1));
     return SpielerBrauchtTakt(Lauf, Stand) ? Spieltakt : 0;
@@ -128,9 +145,13 @@ int Wiedergabeaktionen::TaktAusführen() {
 
 Abspielumgebung Wiedergabeaktionen::UmgebungMitFormen() {
     Abspielumgebung Umgebung = AbspielumgebungVon(Lauf);
-    Umgebung.BildAnzeigen = [this](std::string_view Pfad) { frmBildAnzeige(Pfad, Besitzer(Fenster)).exec(); };
+    Umgebung.BildAnzeigen = [this](std::string_view Pfad) {
+        const Formpause Pause(Programm.LaufAktiv);
+        frmBildAnzeige(Pfad, Besitzer(Fenster)).exec();
+    };
     Umgebung.NachrichtZeigen = [this] {
         frmAudioplayerNachricht Form(QtText(DateinameVon(Programm.Werte.WinampPfad)), Besitzer(Fenster));
+        const Formpause Pause(Programm.LaufAktiv);
         Form.exec();
         if (Form.NichtMehrZeigen()) Programm.Werte.AudioplayerNachrichtZeigen = 0;
     };

@@ -9,6 +9,7 @@
 #include "basis/zahl.h"
 #include "core/anwendung.h"
 #include "index/genres.h"
+#include "medien/id3v1.h"
 #include "medien/tagspeichern.h"
 #include "ui/text/befehle.h"
 #include "ui/text/lauf.h"
@@ -62,7 +63,8 @@ std::string FeldSetzen(Tagblock Block, std::string_view Angabe, Datensatz& Satz)
     const bool Eins = Block == Tagblock::Id3v1;
     if (Eins && Name == "Genre") {
         std::uint8_t Genre = KeinGenre;
-        if (!BytefeldLesen(Wert, GenreNummer(Wert), KeinGenre, Genre))
+        if (!BytefeldLesen(Wert, GenreNummer(Wert), KeinGenre, Genre) ||
+            (Genre >= Id3v1GenreEnde && Genre != KeinGenre))
             return "'" + Wert + "' ist kein Genre des ID3v1-TAGs.";
         Satz.Genre = Genre;
         return {};
