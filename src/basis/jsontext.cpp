@@ -6,10 +6,6 @@
 namespace liedwerk {
 namespace {
 
-// Codes of ZeichenLesen for bytes that belong to no valid character.
-constexpr char32_t BruchbyteAnfang = 0xDC80;
-constexpr char32_t BruchbyteEnde = 0xDCFF;
-
 void ZeichenSchreiben(std::string& Ziel, char32_t Zeichen) {
     switch (Zeichen) {
         case '"':
@@ -35,7 +31,7 @@ void ZeichenSchreiben(std::string& Ziel, char32_t Zeichen) {
         Ziel += "\\u00";
         Ziel += Hex[Zeichen >> 4];
         Ziel += Hex[Zeichen & 15];
-    } else if (Zeichen >= BruchbyteAnfang && Zeichen <= BruchbyteEnde) {
+    } else if (IstBruchbyte(Zeichen)) {
         ZeichenAnhängen(Ziel, AnsiZeichen(static_cast<unsigned char>(Zeichen & 0xFF)));
     } else {
         ZeichenAnhängen(Ziel, Zeichen);

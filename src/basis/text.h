@@ -16,6 +16,11 @@ namespace liedwerk {
 // valid UTF-8 sequence gives 0xDC00 + byte, which no valid text can hold.
 char32_t ZeichenLesen(std::string_view Text, std::size_t& Stelle);
 
+// True for a code of ZeichenLesen that stands for a byte of no valid character (0xDC80 to 0xDCFF).
+constexpr bool IstBruchbyte(char32_t Zeichen) {
+    return Zeichen >= 0xDC80 && Zeichen <= 0xDCFF;
+}
+
 // Appends a code point as UTF-8; 0xDC80 to 0xDCFF, the broken bytes of ZeichenLesen, come back as that byte.
 void ZeichenAnhängen(std::string& Text, char32_t Zeichen);
 

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace liedwerk {
 
@@ -45,7 +46,7 @@ std::optional<Ganzzahl> GanzzahlLesen(std::string_view Text) {
             Wert = Wert * 10 + (Ziffer - '0');
         }
         if (NurZiffern) {
-            if (Wert > static_cast<std::int64_t>(std::numeric_limits<Ganzzahl>::max())) return std::nullopt;
+            if (std::cmp_greater(Wert, std::numeric_limits<Ganzzahl>::max())) return std::nullopt;
             return static_cast<Ganzzahl>(Wert);
         }
     }

@@ -28,9 +28,6 @@ struct TagEditor {
     Satznummer Nummer() const { return Dateien[Platz]; }
 };
 
-// The blocks of a file: ID3v1, ID3v2, Lyrics.
-inline constexpr std::array Tagblöcke = {Tagblock::Id3v1, Tagblock::Id3v2, Tagblock::Lyrics};
-
 // The setting behind the box of automatic saving of a block.
 std::int16_t& AutomatikVon(Einstellungen& Werte, Tagblock Block);
 

@@ -216,6 +216,13 @@ std::optional<std::string> Neuaufnahme::Umziehen(const std::string& Pfad, const 
     return Fortfahren ? std::optional(Pfad) : std::nullopt;
 }
 
+void Neuaufnahme::SatzMitnehmen(Satznummer Nummer, const std::string& Ort) {
+    Datensatz Satz = Umgebung.Index.Sätze.Lesen(Nummer);
+    Satz.Wechselmedium = MediumDesPfades(Ort);
+    Umgebung.Index.Sätze.Setzen(Nummer, Ort, Satz);
+    Umgebung.Index.IndexGeändert = true;
+}
+
 bool Neuaufnahme::UmziehenUndAufnehmen(std::span<const std::string> Pfade, const Aufnahmeregel& Regel) {
     Vorleser Leser(Umgebung.Leser, 1);
     Aufnahmeregel Danach = Regel;
@@ -227,8 +234,13 @@ bool Neuaufnahme::UmziehenUndAufnehmen(std::span<const std::string> Pfade, const
         if (!Umgebung.Person.FortschrittZeigen(Pfad, Position)) return false;
         if (ZeilenendeMelden(Pfad)) continue;
         bool Abbruch = false;
+        const Satznummer Bisheriger = DoppelterSatz(Pfad);
         const auto Ort = Umziehen(Pfad, Regel, Abbruch);
         if (!Ort) return !Abbruch;
+        if (Bisheriger != 0 && *Ort != Pfad) {
+            SatzMitnehmen(Bisheriger, *Ort);
+            continue;
+        }
         const Plan Was = Planen(*Ort, Danach, Leser);
         Leser.Losschicken();
         if (!Ausführen(*Ort, Was, Danach, Leser, Position)) return false;

@@ -63,6 +63,8 @@ class Neuaufnahme {
 
     bool Gesucht(const std::string& Pfad, const Aufnahmeregel& Regel, bool IstOrdner) const;
     std::optional<std::string> Umziehen(const std::string& Pfad, const Aufnahmeregel& Regel, bool& Abbruch);
+    // The record of a file that was moved to Ort goes with it, with all that the person has put into it.
+    void SatzMitnehmen(Satznummer Nummer, const std::string& Ort);
     Plan Planen(const std::string& Pfad, const Aufnahmeregel& Regel, Vorleser& Leser);
     bool Ausführen(const std::string& Pfad, const Plan& Was, const Aufnahmeregel& Regel, Vorleser& Leser,
                    std::int64_t Position);

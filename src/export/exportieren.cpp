@@ -67,13 +67,12 @@ Kodierung Ausweichkodierung(Exportmodus Modus) {
 // The text with broken bytes as the Windows-1252 characters that they may have been meant for: a table must
 // be valid for its readers. A play list keeps the bytes of its paths.
 std::string MitGültigenZeichen(std::string_view Text) {
-    constexpr char32_t BruchbyteAnfang = 0xDC80;
-    constexpr char32_t BruchbyteEnde = 0xDCFF;
     std::string Gültig;
     for (std::size_t Stelle = 0; Stelle < Text.size();) {
         const char32_t Zeichen = ZeichenLesen(Text, Stelle);
-        const bool Bruch = Zeichen >= BruchbyteAnfang && Zeichen <= BruchbyteEnde;
-        ZeichenAnhängen(Gültig, Bruch ? AnsiZeichen(static_cast<unsigned char>(Zeichen & 0xFF)) : Zeichen);
+        ZeichenAnhängen(Gültig, IstBruchbyte(Zeichen)
+                                    ? AnsiZeichen(static_cast<unsigned char>(Zeichen & 0xFF))
+                                    : Zeichen);
     }
     return Gültig;
 }

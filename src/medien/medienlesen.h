@@ -6,6 +6,7 @@
 // it is pure: file and options in, record out, so that many files can be read at once.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -39,6 +40,8 @@ Datensatz MedienDatenLesen(const Medienumgebung& Umgebung, std::string_view Pfad
                            const Leseauftrag& Auftrag);
 
 enum class Tagblock { Id3v1 = 1, Id3v2 = 2, Lyrics = 3 };
+// In the order in which they are read and saved.
+inline constexpr std::array Tagblöcke = {Tagblock::Id3v1, Tagblock::Id3v2, Tagblock::Lyrics};
 // Empties one tag block of a record and sets its mark to "absent".
 void TagBlockLeeren(Datensatz& Satz, Tagblock Block);
 

@@ -15,7 +15,6 @@
 namespace liedwerk {
 namespace {
 
-constexpr std::array<Tagblock, 3> Tagblöcke = {Tagblock::Id3v1, Tagblock::Id3v2, Tagblock::Lyrics};
 // What stands behind the program's name in the field of the software.
 constexpr std::string_view Herstelleradresse = "www.liedwerk.invalid";
 

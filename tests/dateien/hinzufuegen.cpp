@@ -255,6 +255,10 @@ TEST_F(Hinzufügeprobe, VorherVerschobenesStehtMitNeuemOrtImIndexUndNichtsWirdEr
          {"ein/a.mp3", "ein/tief/b.mp3", "ein/tief/c.txt", "ein/leer/d.mp3", "ein/fertig/e.mp3"})
         Ordner.Datei(Name, Name);
     Ordner.Datei("ein/fertig/a.mp3", "alt");
+    // Known before, and played: its record goes along.
+    Datensatz Bekannter;
+    Bekannter.AbspielHäufigkeit = 3;
+    SatzAnhängen(Index, Ordner.In("ein/tief/b.mp3"), Bekannter);
     Ordnerauftrag Auftrag;
     Auftrag.Ordner = Ordner.In("ein");
     Auftrag.KopierenInOrdner = Ziel;
@@ -264,6 +268,9 @@ TEST_F(Hinzufügeprobe, VorherVerschobenesStehtMitNeuemOrtImIndexUndNichtsWirdEr
     // The one that had a namesake stays where it is, under its own name.
     EXPECT_EQ(AlleNamen(), (Namen{"ein/a.mp3", "ein/fertig/a.mp3", "ein/fertig/tief/b.mp3",
                                   "ein/fertig/leer/d.mp3", "ein/fertig/e.mp3"}));
+    EXPECT_EQ(Index.IndexAnzahl(), 5);
+    EXPECT_EQ(Index.Sätze.Pfad(1), Ziel + "/tief/b.mp3");
+    EXPECT_EQ(Index.Sätze.Lesen(1).AbspielHäufigkeit, 3);
     EXPECT_EQ(*DateiLesen(Ziel + "/a.mp3"), "alt");
     EXPECT_TRUE(DateiExistiert(Ordner.In("ein/a.mp3")));
     EXPECT_FALSE(DateiExistiert(Ordner.In("ein/tief/b.mp3")));

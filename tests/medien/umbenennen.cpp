@@ -6,9 +6,9 @@
 #include <gtest/gtest.h>
 
 #include "dateien/hinzufuegen.h"
-#include "tests/medien/umgebung.h"
 #include "plattform/linux/ordner.h"
 #include "plattform/speicher/person.h"
+#include "tests/medien/umgebung.h"
 
 namespace liedwerk {
 namespace {

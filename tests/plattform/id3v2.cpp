@@ -17,9 +17,9 @@
 namespace liedwerk {
 namespace {
 
-using test::Probeordner;
 using TagLib::ByteVector;
 using TagLib::String;
+using test::Probeordner;
 namespace v2 = TagLib::ID3v2;
 
 const Tagoptionen Optionen = {102400, 25, true};

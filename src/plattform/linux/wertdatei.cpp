@@ -43,7 +43,7 @@ std::string TextSchreiben(std::string_view Text) {
         const std::size_t Anfang = Stelle;
         const char32_t Zeichen = ZeichenLesen(Text, Stelle);
         const char Byte = Text[Anfang];
-        const bool Gebrochen = Zeichen >= 0xDC80 && Zeichen <= 0xDCFF;
+        const bool Gebrochen = IstBruchbyte(Zeichen);
         if (Byte == '\\' || Byte == '"') {
             Ziel += '\\';
             Ziel += Byte;

@@ -316,12 +316,17 @@ void Mprisarbeiter::Befehl(QDBusMessage Nachricht) {
 
 void Mprisarbeiter::Springen(std::int64_t Millisekunden) {
     std::int64_t Jetzt = 0;
+    bool Kann = false;
     {
         const std::lock_guard Halten(Bild->Riegel);
+        Kann = Bild->Lage.KannSpringen;
         Jetzt = std::max<std::int64_t>(0, Bild->PositionJetzt());
-        Bild->Position = Millisekunden;
-        Bild->Gemessen = std::chrono::steady_clock::now();
+        if (Kann) {
+            Bild->Position = Millisekunden;
+            Bild->Gemessen = std::chrono::steady_clock::now();
+        }
     }
+    if (!Kann) return Erledigt();
     // Some players give the track's name as a text; it is an object path all the same.
     if (const QDBusObjectPath Kennung(Titel.Kennung); Titel.Kennung.startsWith(u'/')) {
         auto Setzen = Frage(Player, "SetPosition");

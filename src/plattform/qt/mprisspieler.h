@@ -1,5 +1,5 @@
-// Audio players of the desktop: MPRIS, the Media Player Remote Interfacing Specification 2.2, over the
-// session bus.
+// Audio players of the desktop: MPRIS 2.2 (the desktop standard for remote control of media players), over
+// the session bus.
 #pragma once
 
 #include <QObject>

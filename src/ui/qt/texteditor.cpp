@@ -22,7 +22,7 @@ QString Editoreintrag() {
     return Name.isEmpty() ? Name : QStandardPaths::locate(QStandardPaths::ApplicationsLocation, Name);
 }
 
-// The words of the entry's command (key Exec of the Desktop Entry Specification); "%" codes of files become
+// The words of the entry's command (key Exec of a desktop entry, freedesktop.org); "%" codes of files become
 // the file, all others go.
 QStringList BefehlLesen(const QString& Eintrag, const QString& Datei) {
     QFile Quelle(Eintrag);

@@ -60,7 +60,7 @@ void SichtbarAnhängen(std::string& Ziel, char32_t Zeichen) {
         ZeichenAnhängen(Ziel, 0x2400 + Zeichen);  // the pictures of the control characters
     } else if (Zeichen == 0x7F) {
         ZeichenAnhängen(Ziel, 0x2421);
-    } else if ((Zeichen >= 0x80 && Zeichen < 0xA0) || (Zeichen >= 0xDC80 && Zeichen <= 0xDCFF)) {
+    } else if ((Zeichen >= 0x80 && Zeichen < 0xA0) || IstBruchbyte(Zeichen)) {
         Ziel += "\\x" + Hexzahl(Zeichen & 0xFF, 2);
     } else if (Zeichen == 0x2028 || Zeichen == 0x2029 || Enthält(Richtung, Zeichen)) {
         Ziel += "\\u" + Hexzahl(Zeichen, 4);
