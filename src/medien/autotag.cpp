@@ -60,12 +60,13 @@ class Lauf {
     void VariableSetzen(std::string_view Name, std::string_view Wert);
     bool IstDieseDatei(Satznummer Nummer) const;
     bool ImIndex(Tagtext Art, std::string_view Text, std::string_view Interpret);
+    std::vector<std::string> InterpretenBestimmen() const;
     template <class Bedingung>
-    Satznummer LetzterVom(std::string_view Interpret, Bedingung&& Gilt);
-    void GenreErgänzen(std::string_view Interpret);
-    void JahrErgänzen(std::string_view Interpret);
-    // True when it is the record's ID3v1 that names this artist.
-    bool DurchV1(Satznummer Nummer, std::string_view Interpret) const;
+    Satznummer LetzterDerInterpreten(Bedingung&& Gilt);
+    void GenreErgänzen();
+    void JahrErgänzen();
+    // True when this field of the record names one of the artists.
+    bool NenntInterpreten(Satznummer Nummer, int Feld) const;
 
     static inline const std::vector<std::string> Nichts;
     const AutoTagUmgebung& Welt;
@@ -74,6 +75,7 @@ class Lauf {
     bool MitV1;
     bool MitV2;
     const std::vector<std::string>* Ausschluss = &Nichts;
+    std::vector<std::string> Interpreten;  // whose genre and year complete the result
 };
 
 // Empties the entries of the tags to fill. What tells where a tag stands in the file, and frames that no
@@ -191,31 +193,44 @@ std::string Lauf::Automatisch(std::string_view Text) {
     return {};
 }
 
-bool Lauf::DurchV1(Satznummer Nummer, std::string_view Interpret) const {
-    return GleichOhneGroß(Welt.Index.Sätze.Text(Nummer, FeldInterpret), Interpret);
+// The artists of the tags to fill; these may differ where the format names none.
+std::vector<std::string> Lauf::InterpretenBestimmen() const {
+    std::vector<std::string> Namen;
+    if (MitV1 && !Ergebnis.Interpret.empty()) Namen.push_back(Ergebnis.Interpret);
+    if (MitV2 && !Ergebnis.V2Interpret.empty() && !InListe(Namen, Ergebnis.V2Interpret))
+        Namen.push_back(Ergebnis.V2Interpret);
+    return Namen;
 }
 
-// The last other file of this artist for which the condition holds; 0 when there is none.
+bool Lauf::NenntInterpreten(Satznummer Nummer, int Feld) const {
+    return InListe(Interpreten, Welt.Index.Sätze.Text(Nummer, Feld));
+}
+
+// The last other file of these artists for which the condition holds; 0 when there is none.
 template <class Bedingung>
-Satznummer Lauf::LetzterVom(std::string_view Interpret, Bedingung&& Gilt) {
+Satznummer Lauf::LetzterDerInterpreten(Bedingung&& Gilt) {
     const Satzspeicher& Sätze = Welt.Index.Sätze;
-    Satznummer Nummer = Sätze.Anzahl() + 1;
-    while ((Nummer = Welt.Verzeichnis.Voriger(Sätze, Tagtext::Interpret, Interpret, Nummer - 1)) != 0) {
-        if (Gilt(Nummer) && !IstDieseDatei(Nummer)) return Nummer;
+    Satznummer Letzter = 0;
+    for (const std::string& Interpret : Interpreten) {
+        Satznummer Nummer = Sätze.Anzahl() + 1;
+        while ((Nummer = Welt.Verzeichnis.Voriger(Sätze, Tagtext::Interpret, Interpret, Nummer - 1)) >
+               Letzter) {
+            if (Gilt(Nummer) && !IstDieseDatei(Nummer)) Letzter = Nummer;
+        }
     }
-    return 0;
+    return Letzter;
 }
 
-void Lauf::GenreErgänzen(std::string_view Interpret) {
+void Lauf::GenreErgänzen() {
     const bool V1Leer = MitV1 && Ergebnis.Genre.value_or(KeinGenre) == KeinGenre;
     const bool V2Leer = MitV2 && Ergebnis.V2Genre.empty();
     if (!V1Leer && !V2Leer) return;
     const Satzspeicher& Sätze = Welt.Index.Sätze;
-    const Satznummer Nummer = LetzterVom(Interpret, [](Satznummer) { return true; });
+    const Satznummer Nummer = LetzterDerInterpreten([](Satznummer) { return true; });
     if (Nummer == 0) return;
     std::uint8_t Zahlwert = KeinGenre;
     std::string Name;
-    if (DurchV1(Nummer, Interpret)) {
+    if (NenntInterpreten(Nummer, FeldInterpret)) {
         Zahlwert = static_cast<std::uint8_t>(Sätze.Zahl(Nummer, FeldGenre));
         if (Zahlwert < GenreListe.size()) Name = GenreListe[Zahlwert];
     } else {
@@ -226,20 +241,19 @@ void Lauf::GenreErgänzen(std::string_view Interpret) {
     if (V2Leer) Ergebnis.V2Genre = Name;
 }
 
-void Lauf::JahrErgänzen(std::string_view Interpret) {
+void Lauf::JahrErgänzen() {
     const bool V1Leer = MitV1 && Ergebnis.Jahr.empty();
     const bool V2Leer = MitV2 && Ergebnis.V2Jahr.empty();
     if (!V1Leer && !V2Leer) return;
     const Satzspeicher& Sätze = Welt.Index.Sätze;
     const auto JahrVon = [&](Satznummer Nummer) {
-        if (DurchV1(Nummer, Interpret)) {
+        if (NenntInterpreten(Nummer, FeldInterpret)) {
             if (std::string Jahr = Sätze.Text(Nummer, FeldJahr); !Jahr.empty()) return Jahr;
         }
-        if (!GleichOhneGroß(Sätze.Text(Nummer, FeldV2Interpret), Interpret)) return std::string();
-        return Sätze.Text(Nummer, FeldV2Jahr);
+        return NenntInterpreten(Nummer, FeldV2Interpret) ? Sätze.Text(Nummer, FeldV2Jahr) : std::string();
     };
     const Satznummer Nummer =
-        LetzterVom(Interpret, [&](Satznummer Einer) { return !JahrVon(Einer).empty(); });
+        LetzterDerInterpreten([&](Satznummer Einer) { return !JahrVon(Einer).empty(); });
     if (Nummer == 0) return;
     if (V1Leer) Ergebnis.Jahr = JahrVon(Nummer);
     if (V2Leer) Ergebnis.V2Jahr = JahrVon(Nummer);
@@ -247,11 +261,10 @@ void Lauf::JahrErgänzen(std::string_view Interpret) {
 
 void Lauf::Ergänzen() {
     // Of an unknown artist nothing can be told.
-    const std::string Interpret =
-        MitV1 && !Ergebnis.Interpret.empty() ? Ergebnis.Interpret : (MitV2 ? Ergebnis.V2Interpret : "");
-    if (Interpret.empty()) return;
-    GenreErgänzen(Interpret);
-    JahrErgänzen(Interpret);
+    Interpreten = InterpretenBestimmen();
+    if (Interpreten.empty()) return;
+    GenreErgänzen();
+    JahrErgänzen();
 }
 
 constexpr std::array<std::string_view, 6> EigeneFormate = {

@@ -61,6 +61,10 @@ bool LiegtAmZugriff(const Dateifehler& Fehler) {
            Fehler.Nummer == ETXTBSY;
 }
 
+Dateifehler KeineSchreibrechte() {
+    return {EACCES, "Auf die Datei kann nicht geschrieben werden"};
+}
+
 Ausgang AmOrtSchreiben(std::string_view Pfad, const Lesedatei& Quelle, std::uint64_t Stelle,
                        std::string_view Bytes) {
     auto Fehler = DateiÜberschreiben(Pfad, Quelle.Stand(), Stelle, Bytes);
@@ -86,8 +90,7 @@ Dateifehler GesichertesÜbertragen(std::string_view Pfad, const Dateistand& Stan
 
 // Prepares the new content for the name that it shall have.
 Ausgang Vorbereiten(Dateiersatz& Ersatz, std::string_view Pfad, bool MehrereNamen) {
-    if (!DateiBeschreibbar(Pfad))
-        return {Schritt::Zugriff, {EACCES, "Auf die Datei kann nicht geschrieben werden"}};
+    if (!DateiBeschreibbar(Pfad)) return {Schritt::Zugriff, KeineSchreibrechte()};
     const std::string Gesichert = TagGesichertname(Pfad);
     if (DateiExistiert(Gesichert)) {
         return {Schritt::Vorläufig,
@@ -150,6 +153,10 @@ const Tagname& NameVon(Tagblock Block) {
 std::string MitHinweis(std::string Text) {
     return Text.append("\n\n").append(ZugriffsHinweis);
 }
+// What the system said, behind a text that tells only what did not work.
+std::string MitUrsache(std::string Text, const Dateifehler& Fehler) {
+    return Fehler.Text.empty() ? Text : Text.append("\n\nUrsache: ").append(Fehler.Text).append(".");
+}
 std::string Speichertext(Tagblock Block, std::string_view Grund) {
     return "Der " + std::string(NameVon(Block).Name) +
            "-TAG konnte nicht gespeichert werden.\nGrund: " + std::string(Grund);
@@ -173,24 +180,23 @@ class Tagdatei {
                       "' konnte nicht gespeichert werden.\nDie Datei existiert nicht.";
             return;
         }
-        if (const auto Fehler = Öffnen()) Meldung = Systemtext(Block, Pfad, Fehler);
+        Öffnen();
+        if (Hindernis) Meldung = Systemtext(Block, Pfad, Hindernis);
     }
     explicit Tagdatei(std::string_view Name) : Pfad(Name) { Öffnen(); }
-    bool Offen() const { return Bereit; }
+    bool Offen() const { return Datei.Offen() && !Hindernis; }
+    const Dateifehler& Fehler() const { return Hindernis; }
     const Lesedatei& Quelle() const { return Datei; }
     std::uint64_t Größe() const { return Datei.Größe(); }
 
   private:
-    Dateifehler Öffnen() {
-        Dateifehler Fehler;
-        Datei = Lesedatei::Öffnen(Pfad, &Fehler);
-        if (!Fehler) Fehler = Datei.Sperren(Pfad);
-        Bereit = !Fehler;
-        return Fehler;
+    void Öffnen() {
+        Datei = Lesedatei::Öffnen(Pfad, &Hindernis);
+        if (!Hindernis) Hindernis = Datei.Sperren(Pfad);
     }
     std::string_view Pfad;
     Lesedatei Datei;
-    bool Bereit = false;
+    Dateifehler Hindernis;
 };
 
 Datensatz Id3v2Zustand(const Lesedatei& Datei, const Tagoptionen& Optionen) {
@@ -232,18 +238,17 @@ Ausgang Id3v2Umbauen(std::string_view Pfad, const Lesedatei& Quelle, const Id3v2
 std::string Umschreibtext(Tagblock Block, std::string_view Pfad, bool MitAltem, const Ausgang& Ende) {
     const std::string Name(NameVon(Block).Name);
     const bool Vorläufig = Ende.Stand == Schritt::Vorläufig;
-    if (Block == Tagblock::Lyrics && Vorläufig) {
-        return MitHinweis(Speichertext(Block, "Die temporäre Datei '" + std::string(Pfad) +
-                                                  std::string(TagTemporärEndung) +
-                                                  "' konnte nicht gelöscht werden."));
-    }
-    if (Ende.Stand == Schritt::Schreiben || (Vorläufig && !LiegtAmZugriff(Ende.Fehler)))
+    if (Ende.Stand == Schritt::Schreiben ||
+        (Vorläufig && Block != Tagblock::Lyrics && !LiegtAmZugriff(Ende.Fehler)))
         return Systemtext(Block, Pfad, Ende.Fehler);
-    if (MitAltem && Ende.Stand != Schritt::Ersetzen) {
-        return MitHinweis(Speichertext(Block, "Der " + Name + "-TAG der Datei '" + std::string(Pfad) +
-                                                  "' konnte nicht entfernt werden."));
+    std::string Grund = DateiGrund(Pfad, "konnte nicht gelöscht werden.");
+    if (Block == Tagblock::Lyrics && Vorläufig) {
+        Grund = "Die temporäre Datei '" + std::string(Pfad) + std::string(TagTemporärEndung) +
+                "' konnte nicht gelöscht werden.";
+    } else if (MitAltem && Ende.Stand != Schritt::Ersetzen) {
+        Grund = "Der " + Name + "-TAG der Datei '" + std::string(Pfad) + "' konnte nicht entfernt werden.";
     }
-    return MitHinweis(Speichertext(Block, DateiGrund(Pfad, "konnte nicht gelöscht werden.")));
+    return MitUrsache(MitHinweis(Speichertext(Block, Grund)), Ende.Fehler);
 }
 
 // The range of a file that a removal takes out; nothing when the file has no such tag.
@@ -277,9 +282,12 @@ std::string Entferntext(std::string_view Pfad, Tagblock Block, const Ausgang& En
     const std::string Kopf = "Der " + std::string(Name.Name) + "-TAG konnte nicht entfernt werden.\n\n";
     switch (Ende.Stand) {
         case Schritt::Vorläufig:
-            return Kopf + std::string(Name.Endung) + std::string(Pfad) + std::string(Name.Vorläufig);
+            return MitUrsache(
+                Kopf + std::string(Name.Endung) + std::string(Pfad) + std::string(Name.Vorläufig),
+                Ende.Fehler);
         case Schritt::Ersetzen:
-            return MitHinweis(Kopf + DateiGrund(Pfad, "konnte nicht ersetzt werden."));
+            return MitUrsache(MitHinweis(Kopf + DateiGrund(Pfad, "konnte nicht ersetzt werden.")),
+                              Ende.Fehler);
         default:
             return MitHinweis(Kopf +
                               DateiGrund(Pfad, "kann nicht geschrieben werden: " + Ende.Fehler.Text + "."));
@@ -372,7 +380,8 @@ bool TagAusDateiEntfernen(std::string_view Pfad, Tagblock Block, const Tagoption
     }
     const Tagdatei Datei(Pfad);
     if (!Datei.Offen() || !DateiBeschreibbar(Pfad)) {
-        Meldung = MitHinweis(Kopf + "Auf die Datei kann nicht zugegriffen werden.");
+        Meldung = MitUrsache(MitHinweis(Kopf + "Auf die Datei kann nicht zugegriffen werden."),
+                             Datei.Offen() ? KeineSchreibrechte() : Datei.Fehler());
         return false;
     }
     const auto Tag = TagFinden(Datei.Quelle(), Block, Optionen);

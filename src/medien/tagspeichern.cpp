@@ -150,8 +150,10 @@ void NeuLesen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, std::string_view C
     if (Arbeit.Nummer == 0) return;
     Satzspeicher& Sätze = Umgebung.Index.Sätze;
     const Leseauftrag FürIndex{Lesecode::Lesen(Code), true, true, false};
-    Sätze.Setzen(Arbeit.Nummer, Arbeit.Pfad,
-                 Umgebung.Leser(Arbeit.Pfad, Sätze.Lesen(Arbeit.Nummer), FürIndex));
+    const Datensatz Bisher = Sätze.Lesen(Arbeit.Nummer);
+    Sätze.Setzen(Arbeit.Nummer, Arbeit.Pfad, Umgebung.Leser(Arbeit.Pfad, Bisher, FürIndex));
+    // The file may tell what the index did not know, also where nothing was written.
+    if (Sätze.Lesen(Arbeit.Nummer) != Bisher) Umgebung.Index.IndexGeändert = true;
 }
 
 }  // namespace
@@ -218,19 +220,23 @@ bool TagEntfernen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block
                   std::string* Meldung) {
     DateiZurückholen(Arbeit.Pfad, Umgebung.Person);
     std::string Text;
+    bool Entfernt = false;
     if (!EntfernenErlaubt(Umgebung, Arbeit, Block)) {
-        if (Meldung != nullptr) *Meldung = "Der " + TagName(Block) + " wurde nicht entfernt.";
-        return false;
+        Text = "Der " + TagName(Block) + " wurde nicht entfernt.";
+    } else {
+        Entfernt = DateiÄndern(Umgebung, [&] {
+            return TagAusDateiEntfernen(Arbeit.Pfad, Block, OptionenVon(Umgebung.Werte), Text);
+        });
+        if (!Entfernt && !Still) Umgebung.Person.Melden(Symbol::Ausrufezeichen, Text);
     }
-    const bool Entfernt = DateiÄndern(Umgebung, [&] {
-        return TagAusDateiEntfernen(Arbeit.Pfad, Block, OptionenVon(Umgebung.Werte), Text);
-    });
+    // The duration depends on the tags, so the stream is read with every one of them. Where one of these two
+    // stays, the record shall know what the file holds all the same.
+    const bool IstV1 = Block == Tagblock::Id3v1;
     if (Entfernt) {
-        // The duration depends on the tags, so the stream is read with every one of them.
-        NeuLesen(Umgebung, Arbeit, Block == Tagblock::Id3v1 ? "1010" : "0111");
+        NeuLesen(Umgebung, Arbeit, IstV1 ? "1010" : "0111");
         if (Arbeit.Nummer > 0) Umgebung.Index.IndexGeändert = true;
-    } else if (!Still) {
-        Umgebung.Person.Melden(Symbol::Ausrufezeichen, Text);
+    } else if (!IstV1) {
+        NeuLesen(Umgebung, Arbeit, "1111");
     }
     if (Meldung != nullptr) *Meldung = std::move(Text);
     return Entfernt;

@@ -59,8 +59,8 @@ Tagsergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagau
                            bool NurMitInhalt);
 
 // Id3v1Entfernen, Id3v2Entfernen and LyricsEntfernen: removes a tag from the file, reads the file again into
-// Arbeit.Satz and the record. False on failure or refusal; Meldung, where wanted, receives the text, which is
-// shown unless Still is set.
+// Arbeit.Satz and the record. False on failure or refusal; then an ID3v1 is not read again. Meldung, where
+// wanted, receives the text of a failure, which is shown unless Still is set.
 bool TagEntfernen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block, bool Still,
                   std::string* Meldung = nullptr);
 

@@ -6,11 +6,13 @@
 #include "basis/ansi.h"
 #include "basis/text.h"
 #include "basis/zahl.h"
+#include "medien/id3v1.h"
 #include "medien/id3v2.h"
 #include "medien/id3v2modern.h"
 #include "medien/id3v2modernrahmen.h"
 #include "medien/id3v2modernwerte.h"
 #include "medien/lyrics.h"
+#include "medien/tagtext.h"
 
 namespace liedwerk {
 namespace {
@@ -29,6 +31,30 @@ void TextPrüfen(const std::string& Text, Verluste& Ergebnis) {
     const std::string Anfang(LinkerTeil(Text, GezeigteLänge));
     Ergebnis.push_back("Schriftzeichen: '" + Anfang + "' wird zu '" +
                        AnsiNachUtf8(Utf8NachAnsiErsatz(Anfang)) + "'");
+}
+
+// What of an ID3v1 block no field shows. Neu is the record to be written; without it the block is to be
+// removed.
+Verluste Id3v1VerlusteFinden(const Lesedatei& Datei, const Datensatz* Neu) {
+    const std::string Dateiende = DateiendeLesen(Datei);
+    const std::string_view Block = Id3v1Lesen(Dateiende);
+    if (Block.empty()) return {};
+    Datensatz Zustand;
+    Id3v1Auswerten(Block, false, Zustand);
+    Verluste Ergebnis;
+    const auto Nummer = static_cast<std::uint8_t>(Id3v1Genre.Aus(Block)[0]);
+    const bool OhneGenre = Neu == nullptr || Neu->Genre.value_or(KeinGenre) == KeinGenre;
+    if (Nummer >= Id3v1GenreEnde && Nummer != KeinGenre && OhneGenre)
+        Ergebnis.push_back("das Genre mit der Nummer " + std::to_string(Nummer) +
+                           ", für die es hier keinen Namen gibt");
+    // Behind a comment that does not fill its field these two bytes are not read.
+    const std::string_view Bytes = Id3v1Titelnummer.Aus(Block);
+    const std::string Ende = TextBereinigen(Bytes, false);
+    const bool Ungelesen = Bytes[0] != '\0' && !Ende.empty() &&
+                           TextBereinigen(Id3v1Kommentar.Aus(Block), false).size() < Id3v1Kommentar.Länge;
+    if (Ungelesen && (Neu == nullptr || Neu->Kommentar == Zustand.Kommentar))
+        Ergebnis.push_back("das Ende des Kommentars: '" + AnsiNachUtf8(Ende) + "'");
+    return Ergebnis;
 }
 
 // An ID3v2 tag as its header describes it.
@@ -216,6 +242,7 @@ std::vector<std::string> SpeicherverlusteFinden(std::string_view Pfad, Tagblock 
     Verluste Ergebnis;
     switch (Block) {
         case Tagblock::Id3v1:
+            Ergebnis = Id3v1VerlusteFinden(Datei, &Satz);
             for (const auto Feld : {&Datensatz::Titel, &Datensatz::Interpret, &Datensatz::Album,
                                     &Datensatz::Jahr, &Datensatz::Kommentar})
                 TextPrüfen(Satz.*Feld, Ergebnis);
@@ -239,9 +266,9 @@ std::vector<std::string> SpeicherverlusteFinden(std::string_view Pfad, Tagblock 
 
 std::vector<std::string> EntfernverlusteFinden(std::string_view Pfad, Tagblock Block,
                                                const Tagoptionen& Optionen) {
-    if (Block == Tagblock::Id3v1) return {};
     const Lesedatei Datei = Lesedatei::Öffnen(Pfad);
     if (!Datei.Offen()) return {};
+    if (Block == Tagblock::Id3v1) return Id3v1VerlusteFinden(Datei, nullptr);
     if (Block == Tagblock::Lyrics) {
         Datensatz Zustand;
         LyricsLesen(Datei, DateiendeLesen(Datei), Zustand);

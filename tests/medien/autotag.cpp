@@ -194,6 +194,14 @@ TEST(AutoTag, ErgänztGenreUndJahrVomLetztenSatzDesInterpreten) {
     EXPECT_EQ(w.Ergebnis.V2Genre, "Eigenes");
     EXPECT_FALSE(w.Ergebnis.Genre.has_value());
     EXPECT_EQ(w.Ergebnis.Jahr, "");
+    // The tags name two artists and the format none: the last file of either counts.
+    for (const auto& [V1, V2] : {std::pair("Niemand", "band"), std::pair("BAND", "Niemand")}) {
+        Datensatz Beide = Satz(V1);
+        Beide.V2Interpret = V2;
+        ASSERT_EQ(w.Lauf("/m/lied.mp3", "%Titel%", Beide), "");
+        EXPECT_EQ(w.Ergebnis.V2Genre + w.Ergebnis.Jahr + w.Ergebnis.V2Jahr, "(17)Rock19901990");
+        EXPECT_EQ(w.Ergebnis.Genre, 17);
+    }
     // The file itself is left out.
     ASSERT_EQ(w.Lauf("/i/2.mp3", "%Titel%", Zweiter, AutoTagZiel::Id3v1), "");
     EXPECT_FALSE(w.Ergebnis.Genre.has_value());

@@ -1,9 +1,7 @@
 // TagsSpeichern and TagEntfernen: what is written at all, the questions, and the record of the index.
 #include "basis/text.h"
 #include "index/felder.h"
-#include "medien/tagspeichern.h"
-#include "plattform/speicher/person.h"
-#include "tests/medien/umgebung.h"
+#include "tests/medien/tagwelt.h"
 #include "werkzeuge/tagbau.h"
 
 namespace liedwerk {
@@ -11,18 +9,12 @@ namespace {
 
 using namespace tagbau;
 
-class Tagslauf : public Medien {
+class Tagslauf : public Tagwelt {
   protected:
-    Tagslauf() { Index.Optionen.Dateitypen = DateitypenVorgabe(); }
-    Tagarbeit Beginnen(std::string_view Inhalt, std::string_view Name = "t.mp3", bool ImIndex = true) {
-        const std::string Pfad = Anlegen(Name, Inhalt);
-        Satznummer Nummer = 0;
-        if (ImIndex) {
-            const Leseauftrag Auftrag{Lesecode::Lesen("1111"), true, true, false};
-            Nummer = SatzAnhängen(Index, Pfad, MedienDatenLesen(Umgebung, Pfad, {}, Auftrag));
-        }
+    Tagarbeit Beginnen(std::string_view Inhalt, std::string_view Name = "t.mp3") {
+        const Satznummer Nummer = Aufnehmen(Name, Inhalt);
         Index.IndexGeändert = false;
-        return TagarbeitBeginnen(Welt, Pfad, Nummer);
+        return TagarbeitBeginnen(Welt, Index.Sätze.Pfad(Nummer), Nummer);
     }
     static std::string Inhalt(const Tagarbeit& Arbeit) { return DateiLesen(Arbeit.Pfad).value_or("(fehlt)"); }
     // The question that was asked last; empty when none was.
@@ -31,24 +23,6 @@ class Tagslauf : public Medien {
         Person.Gefragt.clear();
         return Letzte;
     }
-
-    Katalog Index;
-    Einstellungen Werte;
-    Mediumspeicher Medium;
-    speicher::Laufwerksliste Drives;
-    speicher::Protokollliste Log;
-    speicher::Person Person;
-    const Tagumgebung Welt{Index,
-                           Werte,
-                           [this](std::string_view Pfad, const Datensatz& Satz, const Leseauftrag& Was) {
-                               Medienumgebung Jetzige = Umgebung;
-                               Jetzige.TAGsModern = Werte.TAGsModern == 1;
-                               return MedienDatenLesen(Jetzige, Pfad, Satz, Was);
-                           },
-                           Medium,
-                           {Drives, Werte, Log, {}},
-                           Person,
-                           "Liedwerk 1.00"};
 };
 
 TEST_F(Tagslauf, LeereBlöckeWerdenNurMitInhaltÜbergangen) {
@@ -87,8 +61,13 @@ TEST_F(Tagslauf, SatzDesIndexFolgtDerDateiUndNichtDenEingaben) {
     Satz = Index.Sätze.Lesen(Arbeit.Nummer);
     EXPECT_EQ(Satz.Titel + Arbeit.Satz.Titel, "");
     EXPECT_EQ(Satz.HatId3v1, TagFehlt);
+    // A tag that is not there any more: the record learns what the file holds.
     std::string Meldung;
+    Index.IndexGeändert = false;
+    Anlegen("t.mp3", "Ton" + Id3v1Block({.Titel = "fremd"}));
     EXPECT_FALSE(TagEntfernen(Welt, Arbeit, Tagblock::Lyrics, true, &Meldung));
+    EXPECT_EQ(Index.Sätze.Lesen(Arbeit.Nummer).Titel + Arbeit.Satz.Titel, "fremdfremd");
+    EXPECT_TRUE(Index.IndexGeändert);
     EXPECT_TRUE(Person.Meldungen.empty());
     EXPECT_FALSE(TagEntfernen(Welt, Arbeit, Tagblock::Lyrics, false));
     EXPECT_EQ(Person.Meldungen, std::vector<std::string>{Meldung});
@@ -200,6 +179,19 @@ TEST_F(Tagslauf, VerlustfrageGiltAuchDemEntfernenUndLässtSichAbschalten) {
         EXPECT_TRUE(TagEntfernen(Welt, Arbeit, Tagblock::Id3v2, true)) << Frage();
     }
     Werte.TAGsModern = 0;
+    // Of ID3v1: a genre without a name, and what follows a comment that does not fill its field.
+    std::string Block = Id3v1Block({.Titel = "t", .Kommentar = "k", .Genre = 147});
+    Block.replace(125, 2, "xy");
+    Arbeit = Beginnen("Ton" + Block);
+    EXPECT_TRUE(TagsSpeichern(Welt, Arbeit, Tagauswahl::Id3v1, false).Gescheitert);
+    EXPECT_NE(Person.Gefragt.back().find("Nummer 147"), std::string::npos);
+    EXPECT_NE(Frage().find("'xy'"), std::string::npos);
+    EXPECT_FALSE(TagEntfernen(Welt, Arbeit, Tagblock::Id3v1, true));
+    EXPECT_EQ(Inhalt(Arbeit), "Ton" + Block);
+    Person.Gefragt.clear();
+    Arbeit.Satz.Genre = 17;
+    Arbeit.Satz.Kommentar = "neu";
+    EXPECT_TRUE(TagsSpeichern(Welt, Arbeit, Tagauswahl::Id3v1, false).Gespeichert) << Frage();
     // A tag of version 1 is read without its first character.
     Arbeit = Beginnen("Ton" + LyricsV1("Text") + Id3v1Block({}));
     EXPECT_EQ(Arbeit.Satz.LyricsText, "ext");

@@ -7,9 +7,7 @@
 
 #include "medien/schreibweise.h"
 #include "medien/tagfunktionslauf.h"
-#include "plattform/speicher/person.h"
-#include "plattform/speicher/welt.h"
-#include "tests/medien/umgebung.h"
+#include "tests/medien/tagwelt.h"
 #include "werkzeuge/tagbau.h"
 
 namespace liedwerk {
@@ -147,7 +145,7 @@ TEST(Tagfunktionen, KopiertSiebenFelderInDenAnderenTag) {
 }
 
 // Runs over real files that stand in the index.
-class Funktionslauf : public Medien {
+class Funktionslauf : public Tagwelt {
   protected:
     static std::string Ton() { return MpegRahmen({}, 10); }
     static std::string V1(std::string_view Interpret, std::string_view Titel,
@@ -156,39 +154,18 @@ class Funktionslauf : public Medien {
                            .Interpret = std::string(Interpret),
                            .Kommentar = std::string(Kommentar)});
     }
-    Satznummer Aufnehmen(std::string_view Name, std::string_view Inhalt) {
-        const std::string Pfad = Anlegen(Name, Inhalt);
-        const Datensatz Satz =
-            MedienDatenLesen(Umgebung, Pfad, {}, {.Code = Lesecode::Lesen("1111"), .GrößeLesen = true});
-        return SatzAnhängen(Index, Pfad, Satz);
-    }
     Funktionsergebnis Laufen(Tagfunktion Funktion, std::size_t Auswahl,
                              std::optional<Datensatz> Eingaben = std::nullopt) {
         Funktionsauftrag Auftrag{Funktion, Funktionsauswahlen[Auswahl], {}, {}, std::move(Eingaben)};
         for (Satznummer Nummer = 1; Nummer <= Index.IndexAnzahl(); ++Nummer)
             Auftrag.Dateien.push_back({Index.Sätze.Pfad(Nummer), Nummer});
         Auftrag.Feld = Vorgabe;
-        const Tagumgebung Welt{Index,
-                               Werte,
-                               [this](std::string_view Pfad, const Datensatz& Satz, const Leseauftrag& Was) {
-                                   return MedienDatenLesen(Umgebung, Pfad, Satz, Was);
-                               },
-                               Medium,
-                               {Drives, Werte, Log, {}},
-                               Person,
-                               "Liedwerk"};
         return TagfunktionAusführen(Welt, Verzeichnis, Auftrag);
     }
     Datensatz Gelesen(Satznummer Nummer) {
         return MedienDatenLesen(Umgebung, Index.Sätze.Pfad(Nummer), {}, {.Code = Lesecode::Lesen("1111")});
     }
 
-    Katalog Index;
-    Einstellungen Werte;
-    Mediumspeicher Medium;
-    speicher::Laufwerksliste Drives;
-    speicher::Protokollliste Log;
-    speicher::Person Person;
     Tagverzeichnis Verzeichnis;
     Feldvorgabe Vorgabe;
 };
