@@ -28,6 +28,7 @@
 #include "medien/medienlesen.h"
 #include "medien/tagspeichern.h"
 #include "medien/tagverzeichnis.h"
+#include "plattform/http.h"
 #include "plattform/laufwerke.h"
 #include "plattform/medienauskunft.h"
 #include "plattform/ordnerleser.h"
@@ -60,6 +61,7 @@ struct Dienste {
     Spielerkanal* Spieler = nullptr;
     std::string Laufzeitordner{};  // for play lists that are handed over; empty: the program folder
     Papierkorb* Eimer = nullptr;   // the desktop's recycle bin; may be missing
+    Http* Netz = nullptr;          // without it no CD database is asked
     // plattform/pruefsumme.h; missing: no file is known again.
     std::function<std::string(std::string_view Pfad)> DateiPrüfsumme{};
 };

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "plattform/http.h"
 #include "plattform/laufwerke.h"
 #include "plattform/medienauskunft.h"
 #include "plattform/papierkorb.h"
@@ -15,6 +16,7 @@ namespace liedwerk {
 std::unique_ptr<Laufwerke> SystemlaufwerkeÖffnen();
 std::unique_ptr<Medienauskunft> SystemauskunftÖffnen();
 std::unique_ptr<Papierkorb> SystempapierkorbÖffnen();
+std::unique_ptr<Http> SystemnetzÖffnen();
 // The running audio players, and other programs.
 std::unique_ptr<Spielerkanal> SystemspielerÖffnen();
 std::unique_ptr<Programmstart> SystemprogrammeÖffnen();

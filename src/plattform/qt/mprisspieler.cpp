@@ -1,8 +1,8 @@
 #include "plattform/qt/mprisspieler.h"
 
-#include <QCoreApplication>
 #include <atomic>
 
+#include "plattform/qt/anwendungsobjekt.h"
 #include "plattform/qt/mprisarbeiter.h"
 
 namespace liedwerk {
@@ -11,14 +11,6 @@ namespace {
 constexpr unsigned long Endedauer = 1500;  // milliseconds that the thread may take to end
 
 constexpr int OffenHöchstens = 32;
-
-// Qt's event loops want an application object; a program without windows has none of its own.
-void AnwendungSicherstellen() {
-    static int Anzahl = 1;
-    static char Name[] = "liedwerk";
-    static char* Worte[] = {Name, nullptr};
-    if (QCoreApplication::instance() == nullptr) new QCoreApplication(Anzahl, Worte);
-}
 
 }  // namespace
 

@@ -4,6 +4,7 @@
 #include <QSysInfo>
 
 #include "plattform/linux/programmstart.h"
+#include "plattform/qt/http.h"
 #include "plattform/qt/laufwerke.h"
 #include "plattform/qt/medienauskunft.h"
 #include "plattform/qt/mprisspieler.h"
@@ -21,6 +22,10 @@ std::unique_ptr<Medienauskunft> SystemauskunftÖffnen() {
 
 std::unique_ptr<Papierkorb> SystempapierkorbÖffnen() {
     return std::make_unique<Desktoppapierkorb>();
+}
+
+std::unique_ptr<Http> SystemnetzÖffnen() {
+    return std::make_unique<Qthttp>();
 }
 
 std::unique_ptr<Spielerkanal> SystemspielerÖffnen() {

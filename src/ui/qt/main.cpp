@@ -111,6 +111,7 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     const std::unique_ptr<Papierkorb> Eimer = SystempapierkorbÖffnen();
     const std::unique_ptr<Spielerkanal> Spieler = SystemspielerÖffnen();
     const std::unique_ptr<Programmstart> Programme = SystemprogrammeÖffnen();
+    const std::unique_ptr<Http> Netz = SystemnetzÖffnen();
     Wertdatei Nutzerwerte(Einstellungsdatei());
     Wertdatei Rechnerwerte(Rechnereinstellungsdatei());
     Fensteroberfläche Person;
@@ -122,6 +123,7 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     Programm.Dienst.Eimer = Eimer.get();
     Programm.Dienst.Spieler = Spieler.get();
     Programm.Dienst.Programme = Programme.get();
+    Programm.Dienst.Netz = Netz.get();
     Programm.Dienst.Laufzeitordner = Laufzeitordner();
     Programm.Dienst.DateiPrüfsumme = DateiPrüfsumme;
     Fenster.Anbinden(Programm);

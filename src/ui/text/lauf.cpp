@@ -54,6 +54,7 @@ struct Programmlauf::Welt {
         Programm.Dienst.DateiPrüfsumme = DateiPrüfsumme;
         Programm.Dienst.Spieler = Spieler.get();
         Programm.Dienst.Programme = Programme.get();
+        Programm.Dienst.Netz = Netz.get();
         Programm.Dienst.Laufzeitordner = Laufzeitordner();
     }
 
@@ -65,6 +66,7 @@ struct Programmlauf::Welt {
     std::unique_ptr<Medienauskunft> Auskunft = SystemauskunftÖffnen();
     std::unique_ptr<Spielerkanal> Spieler = SystemspielerÖffnen();
     std::unique_ptr<Programmstart> Programme = SystemprogrammeÖffnen();
+    std::unique_ptr<Http> Netz = SystemnetzÖffnen();
     Wertdatei Nutzerwerte;
     Wertdatei Rechnerwerte;
     Anwendung Programm;
