@@ -24,6 +24,8 @@ Httpantwort Holen(
 
 // Sends the beginning once and the rest over and over, as long as somebody listens.
 Server::Verhalten Endlos(std::string Anfang, std::string Rest, std::chrono::milliseconds Pause = 0ms) {
+    while (Pause == 0ms && Rest.size() < 30000)
+        Rest += Rest;
     return [=](const std::string&, Leitung& Weg) {
         Weg.Senden(Anfang);
         while (Weg.Senden(Rest) && Weg.Warten(Pause)) {
