@@ -40,6 +40,20 @@ std::string_view UriSchema(std::string_view Text) {
     return std::all_of(Schema.begin(), Schema.end(), IstSchemazeichen) ? Schema : std::string_view();
 }
 
+std::string ProzentKodieren(std::string_view Bytes) {
+    constexpr std::string_view Ziffern = "0123456789ABCDEF";
+    std::string Text;
+    for (const char Byte : Bytes) {
+        if (IstSchemazeichen(Byte) ? Byte != '+' : Byte == '_' || Byte == '~') {
+            Text += Byte;
+            continue;
+        }
+        const auto Wert = static_cast<unsigned char>(Byte);
+        Text += {'%', Ziffern[Wert / 16], Ziffern[Wert % 16]};
+    }
+    return Text;
+}
+
 std::string ProzentAuflösen(std::string_view Text) {
     std::string Ergebnis;
     for (std::size_t Stelle = 0; Stelle < Text.size(); ++Stelle) {

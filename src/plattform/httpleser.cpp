@@ -39,6 +39,8 @@ bool Httpleser::Aufnehmen(std::string_view Bytes) {
     if (Jetzt != Lage::Kopf && Jetzt != Lage::Fertig) {
         while (Nehmen()) {
         }
+        Rest.erase(0, Stelle);
+        Stelle = 0;
         // What is complete within the bound counts, whatever came behind it.
         if (Jetzt != Lage::Fertig && Inhaltsgröße > Grenzen.Inhalt) Scheitern(Httpfehler::Größe);
     }
@@ -57,7 +59,6 @@ void Httpleser::Enden() {
 void Httpleser::Scheitern(Httpfehler Fehler) {
     Antwort.Fehler = Fehler;
     Antwort.Inhalt.clear();
-    Rest.clear();
     Jetzt = Lage::Fertig;
 }
 
@@ -135,18 +136,19 @@ void Httpleser::InhaltBeginnen() {
 
 // One step of the body; false when more bytes are needed or nothing more is wanted.
 bool Httpleser::Nehmen() {
-    std::string Zeile;
+    std::string_view Zeile;
     switch (Jetzt) {
         case Lage::BisEnde:
-            Antwort.Inhalt += Rest;
-            Rest.clear();
+            Antwort.Inhalt += Offen();
+            Stelle = Rest.size();
             return false;
         case Lage::Länge:
         case Lage::Stück: {
-            const auto Anzahl = static_cast<std::size_t>(std::min<std::uint64_t>(Fehlend, Rest.size()));
-            Antwort.Inhalt.append(Rest, 0, Anzahl);
-            Rest.erase(0, Anzahl);
-            Fehlend -= Anzahl;
+            const std::string_view Teil =
+                Offen().substr(0, static_cast<std::size_t>(std::min<std::uint64_t>(Fehlend, Rest.size())));
+            Antwort.Inhalt += Teil;
+            Stelle += Teil.size();
+            Fehlend -= Teil.size();
             if (Fehlend > 0) return false;
             Jetzt = Jetzt == Lage::Länge ? Lage::Fertig : Lage::Stückende;
             return Jetzt != Lage::Fertig;
@@ -175,11 +177,11 @@ bool Httpleser::Nehmen() {
 }
 
 // A line of the framing without its end; false while it has not come whole.
-bool Httpleser::ZeileNehmen(std::string& Zeile) {
-    const auto Ende = Rest.find('\n');
-    if (Ende == std::string::npos) return false;
-    Zeile = OhneRand(std::string_view(Rest).substr(0, Ende));
-    Rest.erase(0, Ende + 1);
+bool Httpleser::ZeileNehmen(std::string_view& Zeile) {
+    const auto Ende = Offen().find('\n');
+    if (Ende == std::string_view::npos) return false;
+    Zeile = OhneRand(Offen().substr(0, Ende));
+    Stelle += Ende + 1;
     return true;
 }
 

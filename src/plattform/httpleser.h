@@ -31,13 +31,15 @@ class Httpleser {
     bool StatusLesen(std::string_view Zeile);
     bool FeldLesen(std::string_view Zeile);
     void InhaltBeginnen();
+    std::string_view Offen() const { return std::string_view(Rest).substr(Stelle); }
     bool Nehmen();
-    bool ZeileNehmen(std::string& Zeile);
+    bool ZeileNehmen(std::string_view& Zeile);
     void StückgrößeLesen(std::string_view Zeile);
 
     Httpgrenzen Grenzen;
     Lage Jetzt = Lage::Kopf;
-    std::string Rest;              // received, not yet judged
+    std::string Rest;  // received; judged up to Stelle
+    std::size_t Stelle = 0;
     std::size_t Kopfgröße = 0;     // bytes of all heads: interim replies have one of their own
     std::size_t Inhaltsgröße = 0;  // bytes behind the head
     std::uint64_t Fehlend = 0;     // bytes to come of the body or of the present chunk
