@@ -1,5 +1,6 @@
 #include "abspielen/abspielen.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "abspielen/statistik.h"
@@ -93,7 +94,7 @@ class Abspiellauf {
     void FürSpielerVermerken(Satznummer Nummer) {
         if (Beobachtet || Umgebung.Spieler.Werte.AbspielStatistikSpeichern != 1) return;
         Vermerken(Nummer);
-        Umgebung.Erkennung.VorabGezählt.push_back(Umgebung.Index.Sätze.Pfad(Nummer));
+        VorabVermerken(Umgebung.Erkennung.Vorab, Umgebung.Spieler.Werte, Umgebung.Index.Sätze.Pfad(Nummer));
     }
 
     void AnSpieler(Satznummer Nummer) {
@@ -119,6 +120,7 @@ class Abspiellauf {
     // The first file starts at once; the others follow by "add".
     void ErsteSpielen() {
         const bool AusDerTabelle = Art != Spielerart::Andere;
+        Umgebung.Erkennung.Vorab.Pfade.clear();  // what is played now takes the place of the list before
         if (!Übergeben(AusDerTabelle, AusDerTabelle || Dateien.size() > 1) || !AusDerTabelle) return;
         if (!PlayerSuchen(Umgebung.Spieler, false)) return;
         PlayerBefehl(Umgebung.Spieler, SpielerListenanfang, false);
@@ -266,6 +268,13 @@ void BildAnzeigen(const Abspielumgebung& Umgebung, std::string_view Pfad) {
     } else if (Umgebung.BildAnzeigen) {
         Umgebung.BildAnzeigen(Pfad);
     }
+}
+
+bool BrauchtAudioplayer(const Katalog& Index, const std::vector<Satznummer>& Dateien) {
+    return std::any_of(Dateien.begin(), Dateien.end(), [&](Satznummer Nummer) {
+        return DateiTypErlaubt(Index.Optionen.Dateitypen, Index.Sätze.Pfad(Nummer), false, false, true,
+                               false);
+    });
 }
 
 bool AudioplayerStarten(Abspielumgebung& Umgebung) {

@@ -44,6 +44,9 @@ Abspielergebnis AbspielenMediaPlayer(Abspielumgebung& Umgebung, const std::vecto
                                      bool Anhängen, bool Standardanwendung, bool PlaylisteLeeren,
                                      std::string_view Programm);
 
+// True when one of the records is of a type that belongs to the audio player.
+bool BrauchtAudioplayer(const Katalog& Index, const std::vector<Satznummer>& Dateien);
+
 // The steps of a play list. PlaylisteBeginnen: false, and the person knows why, without a player.
 // PlaylisteEintrag: false when the file is not at hand or its name cannot stand in a list. PlaylisteÜbergeben
 // writes the file and starts the player with it; Warten: until it has taken it, up to 5 seconds.

@@ -3,18 +3,22 @@
 #include <algorithm>
 #include <array>
 #include <random>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
 #include "basis/text.h"
 #include "basis/zahl.h"
 #include "index/genres.h"
+#include "index/wert.h"
 #include "suche/feldwert.h"
+#include "suche/suchpuffer.h"
 
 namespace liedwerk {
 namespace {
 
 constexpr std::array<std::string_view, 3> Einheiten = {"n", "h", "d"};
+constexpr std::size_t SätzeJeKern = 10000;
 
 // A record that may be taken, with its statistics.
 struct Kandidat {
@@ -40,36 +44,67 @@ std::int64_t AlterInMonaten(const Zeitpunkt& Von, const Zeitpunkt& Bis) {
     return (Bis.Jahr - Von.Jahr) * 12 + (Bis.Monat - Von.Monat);
 }
 
+// Whether a record is of a chosen genre. There are few genres and many records: each stored value is read and
+// compared once. Used by one thread.
 class Genreprüfung {
   public:
-    Genreprüfung(const Katalog& Durchsucht, const std::vector<std::string>& Genres) : Index(Durchsucht) {
-        for (const std::string& Genre : Genres)
-            Gewählt.insert(Genre == OhneGenre ? std::string() : Falten(Genre));
+    Genreprüfung(const Katalog& Durchsucht, const std::unordered_set<std::string>& Genres)
+        : Index(Durchsucht), Gewählt(Genres) {}
+    bool Besteht(Satznummer Nummer, const Satzsicht& Sicht) {
+        const Satzspeicher& Sätze = Index.Sätze;
+        return Enthält(V1, Nummer, Sätze.HatId3v1(Nummer), Sicht.Roh(FeldGenre)) ||
+               Enthält(V2, Nummer, Sätze.HatId3v2(Nummer), Sicht.Roh(FeldV2Genre));
     }
-    bool Besteht(Satznummer Nummer) { return Enthält(Nummer, V1) || Enthält(Nummer, V2); }
 
   private:
-    bool Enthält(Satznummer Nummer, const Feldwahl& Feld) {
+    struct Feld {
+        Feldwahl Wahl;
+        std::unordered_map<std::string, bool> Bekannte{};  // by the mark of the tag and the stored value
+    };
+    bool Enthält(Feld& Eines, Satznummer Nummer, std::uint8_t TagMarke, std::string_view Gespeichert) {
+        Schlüssel.assign(1, static_cast<char>(TagMarke));
+        Schlüssel += Gespeichert;
+        if (const auto Fund = Eines.Bekannte.find(Schlüssel); Fund != Eines.Bekannte.end())
+            return Fund->second;
         Feldtyp Typ{};
-        FeldWert(Index, Nummer, Feld, Wertform::Anzeigen, false, Wert, Typ);
-        return Gewählt.contains(Falten(Wert));
+        FeldWert(Index, Nummer, Eines.Wahl, Wertform::Anzeigen, false, Wert, Typ);
+        const bool Ja = Gewählt.contains(Falten(Wert));
+        if (Eines.Bekannte.size() < BekannteHöchstens) Eines.Bekannte.emplace(Schlüssel, Ja);
+        return Ja;
     }
+    static constexpr std::size_t BekannteHöchstens = 10000;
     const Katalog& Index;
-    const Feldwahl V1 = FeldFinden("Genre");
-    const Feldwahl V2 = FeldFinden("Genre-ID3v2");
-    std::unordered_set<std::string> Gewählt;  // folded
+    const std::unordered_set<std::string>& Gewählt;  // folded
+    Feld V1{FeldFinden("Genre")};
+    Feld V2{FeldFinden("Genre-ID3v2")};
+    std::string Schlüssel;
     std::string Wert;
 };
 
 // All records of the chosen genres that have been played, in record order.
 std::vector<Kandidat> GespielteSammeln(const Katalog& Index, const std::vector<std::string>& Genres) {
-    Genreprüfung Genre(Index, Genres);
+    std::unordered_set<std::string> Gewählt;
+    for (const std::string& Genre : Genres)
+        Gewählt.insert(Genre == OhneGenre ? std::string() : Falten(Genre));
+    std::vector<std::vector<Kandidat>> Teile(HöchsteTeilzahl());
+    const auto TeilSammeln = [&](std::size_t Teil, std::size_t Von, std::size_t Bis) {
+        Genreprüfung Genre(Index, Gewählt);
+        std::string Datum;
+        for (std::size_t i = Von; i < Bis; ++i) {
+            const auto Nummer = static_cast<Satznummer>(i + 1);
+            const std::int64_t Häufigkeit = Index.Sätze.Zahl(Nummer, FeldAbspielHäufigkeit);
+            if (Häufigkeit < 1) continue;
+            const Satzsicht Sicht = Index.Sätze.Sicht(Nummer);
+            if (!Genre.Besteht(Nummer, Sicht)) continue;
+            Datum.clear();
+            IndexwertLesenAnhängen(Datum, Sicht.Roh(FeldAbspielDatum));
+            Teile[Teil].push_back({Nummer, Häufigkeit, DatumLesen(Datum)});
+        }
+    };
+    AufKerneVerteilen(static_cast<std::size_t>(Index.IndexAnzahl()), SätzeJeKern, TeilSammeln);
     std::vector<Kandidat> Gespielte;
-    for (Satznummer Nummer = 1; Nummer <= Index.IndexAnzahl(); ++Nummer) {
-        const std::int64_t Häufigkeit = Index.Sätze.Zahl(Nummer, FeldAbspielHäufigkeit);
-        if (Häufigkeit < 1 || !Genre.Besteht(Nummer)) continue;
-        Gespielte.push_back({Nummer, Häufigkeit, DatumLesen(Index.Sätze.Text(Nummer, FeldAbspielDatum))});
-    }
+    for (const auto& Teil : Teile)
+        Gespielte.insert(Gespielte.end(), Teil.begin(), Teil.end());
     return Gespielte;
 }
 

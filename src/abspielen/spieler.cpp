@@ -97,7 +97,7 @@ void PlayerSpringen(const Spielersteuerung& Steuerung, std::int64_t Sekunden) {
 }
 
 void PlayerLautstärkeSetzen(const Spielersteuerung& Steuerung, int Lautstärke) {
-    if (Lautstärke < 0 || Lautstärke > 255) return;
+    if (Lautstärke < 0 || Lautstärke > HöchsteLautstärke) return;
     Senden(Steuerung, NachrichtBenutzer, Lautstärke, SpielerLautstärke);
 }
 

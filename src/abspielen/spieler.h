@@ -22,6 +22,8 @@ namespace liedwerk {
 
 enum class PlayerZustand { Stopped, Playing, Paused };
 
+inline constexpr int HöchsteLautstärke = 255;
+
 struct Spielersteuerung {
     Spielerkanal& Kanal;
     Programmstart& Programme;

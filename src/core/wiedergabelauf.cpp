@@ -43,6 +43,7 @@ Abspielumgebung AbspielumgebungVon(Wiedergabe& Lauf) {
 
 Spielerstand SpielerTakt(Wiedergabe& Lauf) {
     Spielerstand Stand = SpielerAblesen(Lauf.Steuerung);
+    VorabPrüfen(Lauf.Erkennung.Vorab, Stand.Gefunden);
     if (!Stand.Gefunden || Stand.Zustand == PlayerZustand::Stopped) return Stand;
     TitelErkennen(Lauf.Erkennung, Lauf.Programm.Index, Lauf.Programm.Werte, Lauf.Programm.Dienst.Person,
                   {Stand.Titel, Stand.Lage.Dateien, Stand.Lage.Durchgang}, Lauf.Programm.Dienst.Zeit.Jetzt());
@@ -72,7 +73,8 @@ void SpielerVorschlagen(Anwendung& Programm) {
 AutoDjEingabe AutoDjAusEinstellungen(const Einstellungen& Werte, AutoDjFunktion Funktion) {
     AutoDjEingabe Eingabe;
     Eingabe.Funktion = Funktion;
-    Eingabe.Genres = Werte.AutoDJGenre;
+    Eingabe.Genres = Werte.AutoDJGenre.empty() ? AlleAutoDjGenres() : Werte.AutoDJGenre;
+    std::erase(Eingabe.Genres, "");
     if (Funktion == AutoDjFunktion::Topliste) {
         // A number that is not above 0 stands for an empty field.
         if (Werte.AutoDJTopWieviel > 0) Eingabe.Maximum = std::to_string(Werte.AutoDJTopWieviel);
@@ -89,7 +91,8 @@ AutoDjEingabe AutoDjAusEinstellungen(const Einstellungen& Werte, AutoDjFunktion 
 }
 
 void AutoDjInEinstellungen(Einstellungen& Werte, const AutoDjEingabe& Eingabe) {
-    Werte.AutoDJGenre = Eingabe.Genres;
+    // An empty list means that nothing was ever chosen, which ticks all; one empty name ticks none.
+    Werte.AutoDJGenre = Eingabe.Genres.empty() ? std::vector<std::string>{""} : Eingabe.Genres;
     if (Eingabe.Funktion == AutoDjFunktion::Topliste) {
         Werte.AutoDJTopWieviel = GanzzahlLesen<std::int16_t>(Eingabe.Maximum).value_or(0);
         Werte.AutoDJTopZeitraum = GanzzahlLesen<std::int16_t>(Eingabe.Zeit).value_or(0);

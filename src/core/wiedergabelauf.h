@@ -30,7 +30,8 @@ bool SpielerBrauchtTakt(const Wiedergabe& Lauf, const Spielerstand& Stand);
 // the settings.
 void SpielerVorschlagen(Anwendung& Programm);
 
-// The AutoDJ's inputs as the settings remember them, and back.
+// The AutoDJ's inputs as the settings remember them, and back. While no choice was ever made every genre is
+// in.
 AutoDjEingabe AutoDjAusEinstellungen(const Einstellungen& Werte, AutoDjFunktion Funktion);
 void AutoDjInEinstellungen(Einstellungen& Werte, const AutoDjEingabe& Eingabe);
 // Shows exactly these records in their order, with date and count of playing among the columns.

@@ -197,6 +197,23 @@ TEST_F(Mpris, KommenGehenLesenUndBefehle) {
     EXPECT_TRUE(Warten([&] { return Finden() != 0; })) << "a player that comes back is found again";
 }
 
+TEST_F(Mpris, ZweiterSpielerDerArtVerdrängtDenErstenNicht) {
+    Kommen(u"org.mpris.MediaPlayer2.probe.instance7"_s);
+    ASSERT_TRUE(Warten([&] { return Finden() != 0; }));
+    const Spielerfenster Erster = Finden();
+    {
+        // Its name is the plain one, which is taken first where nobody is watched yet.
+        auto Zweiter = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"probe2"_s);
+        ASSERT_TRUE(Zweiter.registerService(u"org.mpris.MediaPlayer2.probe"_s));
+        QThread::msleep(300);
+        EXPECT_EQ(Finden(), Erster);
+        ASSERT_TRUE(Zweiter.unregisterService(u"org.mpris.MediaPlayer2.probe"_s));
+    }
+    QDBusConnection::disconnectFromBus(u"probe2"_s);
+    QThread::msleep(100);
+    EXPECT_EQ(Finden(), Erster) << "nor does its end";
+}
+
 TEST_F(Mpris, SchweigenderSpielerHältNichtsAufUndKommtWieder) {
     Kommen();
     ASSERT_TRUE(Warten([&] { return Finden() != 0; }));

@@ -84,6 +84,34 @@ TEST(Titelerkennung, GleichDemEinfachenGang) {
     EXPECT_GT(Treffer, 100u);
 }
 
+// Slices must find what one walk finds, also when records change, come and go between them.
+TEST(Titelerkennung, InAbschnittenSuchenFolgtDemIndex) {
+    Abspielwelt W;
+    for (int i = 1; i <= 40; ++i)
+        W.Anhängen("/m/" + std::to_string(i) + ".mp3", W.Lied(i % 10 == 0 ? "Foo" : "Goo", "Bar"));
+    Titelsuche Suche("Foo - Bar", {"/m/fehlt.mp3"});
+    const auto Bisher = [&](int Aufrufe) {
+        while (Aufrufe-- > 0)
+            EXPECT_FALSE(Suche.Weitersuchen(W.Index, 7));
+    };
+    Bisher(4);
+    W.Index.Sätze.Setzen(3, "/m/3.mp3", W.Lied("Foo", "Bar"));  // walked past already
+    Bisher(5);
+    W.Anhängen("/m/41.mp3", W.Lied("Foo", "Bar"));
+    EXPECT_TRUE(Suche.Weitersuchen(W.Index, 7));
+    EXPECT_EQ(Suche.Gefundene(), (Nummern{3, 10, 20, 30, 40, 41}));
+
+    // A path goes ahead of the tags, and the first of several that any record has ahead of the others.
+    Titelsuche Pfade("Foo - Bar", {"/m/fehlt.mp3", "/m/9.mp3", "/m/2.mp3"});
+    while (!Pfade.Weitersuchen(W.Index, 7)) {
+    }
+    EXPECT_EQ(Pfade.Gefundene(), (Nummern{9}));
+    W.Index.Sätze.Entfernen(Nummern{1, 9});
+    while (!Pfade.Weitersuchen(W.Index, 7)) {
+    }
+    EXPECT_EQ(Pfade.Gefundene(), (Nummern{1})) << "what moved up is found at its new place";
+}
+
 struct Gespielt : Abspielwelt {
     void Nach(int Sekunden, const GespielterTitel& Titel) {
         const Zeitpunkt Jetzt = AusKalendersekunden(Kalendersekunden(Zeit.Punkt) + Sekunden);
@@ -154,6 +182,32 @@ TEST(Titelerkennung, BeiDerÜbergabeGezähltesZähltNichtNocheinmal) {
     W.Nach(50, {"Foo - Bar", {}, 2});
     W.Nach(90, {"Foo - Bar", {}, 2});
     EXPECT_EQ(W.Häufigkeit(1), 2);
+}
+
+// What was handed over and never played must not swallow a later play.
+TEST(Titelerkennung, VorabGezähltesEndetMitSeinerListe) {
+    for (const auto& [Ende, Beschreibung, Erwartet] : {
+             std::tuple{+[](Gespielt&) {}, "nothing happens", 1},
+             std::tuple{+[](Gespielt& W) { W.Abspielen({2}); }, "a new list", 2},
+             std::tuple{+[](Gespielt& W) { W.Abspielen({2}, true); }, "one more in the same list", 1},
+             std::tuple{+[](Gespielt& W) { W.Werte.WinampPfad = W.Datei("anderer"); }, "another player", 2},
+             std::tuple{+[](Gespielt& W) { VorabPrüfen(W.Erkennung.Vorab, false); }, "not there yet", 1},
+             std::tuple{+[](Gespielt& W) {
+                            VorabPrüfen(W.Erkennung.Vorab, true);
+                            VorabPrüfen(W.Erkennung.Vorab, false);
+                        },
+                        "the player has ended", 2},
+         }) {
+        Gespielt W;
+        W.Werte.WinampPfad = W.Datei("spieler");
+        W.Anhängen(W.Datei("a.mp3"), W.Lied("Foo", "Bar"));
+        W.Anhängen(W.Datei("b.mp3"));
+        W.Abspielen({1});
+        Ende(W);
+        W.Nach(0, {"Foo - Bar"});
+        W.Nach(40, {"Foo - Bar"});
+        EXPECT_EQ(W.Häufigkeit(1), Erwartet) << Beschreibung;
+    }
 }
 
 }  // namespace

@@ -169,8 +169,27 @@ TEST_F(AbspielenFenster, OhneEinstellungWirdEinInstallierterSpielerVorgeschlagen
     Lauf Eins(Welt);
     Eins.OrdnerHinzufügen(Welt.Musikordner());
     Eins.Songs().setCurrentIndex(Eins.Songs().model()->index(1, 1));
+    auto& mnuEintragAbspielen = Teil<QAction>(Eins.Fenster, u"mnuEintragAbspielen"_s);
+
+    // A picture needs no player and is shown without a question.
+    const std::string Bild = Welt.Ordner() + "/bild.jpg";
+    QImage(40, 20, QImage::Format_RGB32).save(QtText(Bild));
+    const std::vector<Satznummer> Gewählte = Eins.Programm.Ansicht.Auswahl;
+    Eins.Programm.Ansicht.Auswahl = {SatzAnhängen(Eins.Programm.Index, Bild, {})};
+    QString Gezeigt;
+    QTimer::singleShot(0, qApp, [&] {
+        QWidget* const Form = QApplication::activeModalWidget();
+        ASSERT_NE(Form, nullptr);
+        Gezeigt = Form->windowTitle();
+        QTest::keyClick(Form, Qt::Key_Escape);
+    });
+    mnuEintragAbspielen.trigger();
+    EXPECT_EQ(Gezeigt, QtText(Bild) + u" - Bild-Anzeige"_s);
+    EXPECT_TRUE(Eins.Person.Meldungen.empty());
+    Eins.Programm.Ansicht.Auswahl = Gewählte;
+
     Eins.Person.Antworten = {Antwort::Ja};
-    Teil<QAction>(Eins.Fenster, u"mnuEintragAbspielen"_s).trigger();
+    mnuEintragAbspielen.trigger();
     ASSERT_EQ(Programme.Starts.size(), 1u);
     EXPECT_EQ(Programme.Starts[0].Argumente[0], "--one-instance");
     EXPECT_EQ(Eins.Programm.Werte.WinampParameterHinzufügen, "--one-instance --playlist-enqueue");
@@ -229,7 +248,8 @@ TEST_F(AbspielenFenster, AutoDjZeigtFundeInIhrerFolgeUndMerktDieEingaben) {
         QTest::keyClick(&Form, Qt::Key_Return);
         QTest::mouseClick(&Teil<QAbstractButton>(Form, u"cmdGenreUmkehren"_s), Qt::LeftButton);
     });
-    Teil<QAction>(Eins.Fenster, u"mnuAutoDJ"_s).trigger();
+    auto& mnuAutoDJ = Teil<QAction>(Eins.Fenster, u"mnuAutoDJ"_s);
+    mnuAutoDJ.trigger();
     EXPECT_EQ(
         Eins.Person.Meldungen,
         (std::vector<std::string>{"Bitte geben Sie eine Zahl in das Feld 'Zeige meine persönlichen Top...' "
@@ -242,6 +262,17 @@ TEST_F(AbspielenFenster, AutoDjZeigtFundeInIhrerFolgeUndMerktDieEingaben) {
     QTest::keyClicks(&Eins.Suchfeld(), u"anna"_s);
     QTest::keyClick(&Eins.Suchfeld(), Qt::Key_Return);
     EXPECT_EQ(Eins.Zeilen(), 2) << "the next search replaces the list";
+
+    // No genre at all is a choice, too.
+    ImDialogKlicken(u"cmdAbbrechen"_s,
+                    [](QWidget& Form) { Teil<QAbstractButton>(Form, u"cmdGenreKeine"_s).click(); });
+    mnuAutoDJ.trigger();
+    ImDialogKlicken(u"cmdAbbrechen"_s, [](QWidget& Form) {
+        auto& Genres = Teil<QListWidget>(Form, u"lstFelder"_s);
+        for (int Zeile = 0; Zeile < Genres.count(); ++Zeile)
+            EXPECT_EQ(Genres.item(Zeile)->checkState(), Qt::Unchecked);
+    });
+    mnuAutoDJ.trigger();
 }
 
 TEST(Bildanzeige, KaputtesBildSagtEsStattLeerZuBleiben) {

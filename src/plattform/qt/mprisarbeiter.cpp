@@ -113,22 +113,29 @@ void Mprisarbeiter::Beobachten(const std::string& Klasse, bool Zweitschnittstell
                                                     QDBusServiceWatcher::WatchForOwnerChange);
     connect(Wächter.get(), &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString& Name, const QString&, const QString& Neuer) {
-                if (Neuer.isEmpty() && Name != Dienst) return;
-                if (Neuer.isEmpty() || Name == Dienst) Verlieren();
-                Umsehen();
+                // Who is watched stays so while it is there and answers: a second player of its kind does
+                // not take its place.
+                const bool Anderer = Name != Dienst;
+                if (Anderer && (Neuer.isEmpty() || (!Dienst.isEmpty() && !Stumm()))) return;
+                const QString Bevorzugt = Dienst.isEmpty() ? QString() : Name;
+                Verlieren();
+                Umsehen(Bevorzugt);
             });
-    Umsehen();
+    Umsehen({});
 }
 
-void Mprisarbeiter::Umsehen() {
+void Mprisarbeiter::Umsehen(const QString& Bevorzugt) {
     Rufen(QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s, u"org.freedesktop.DBus"_s,
                                          u"ListNames"_s),
-          [this](const QDBusMessage& Namen) {
-              QString Gefunden;
-              for (const QString& Name : Namen.arguments().value(0).toStringList()) {
-                  if (Name == Grundname || (Gefunden.isEmpty() && Name.startsWith(Grundname + u'.')))
-                      Gefunden = Name;
-              }
+          [this, Bevorzugt](const QDBusMessage& Antwort) {
+              const QStringList Namen = Antwort.arguments().value(0).toStringList();
+              const auto Weiterer = std::find_if(Namen.begin(), Namen.end(), [this](const QString& Name) {
+                  return Name.startsWith(Grundname + u'.');
+              });
+              const QString Gefunden = Namen.contains(Bevorzugt)   ? Bevorzugt
+                                       : Namen.contains(Grundname) ? Grundname
+                                       : Weiterer != Namen.end()   ? *Weiterer
+                                                                   : QString();
               if (Gefunden.isEmpty()) {
                   const std::lock_guard Halten(Bild->Riegel);
                   Bild->Umgesehen = true;
@@ -223,7 +230,7 @@ void Mprisarbeiter::Nachlesen() {
 void Mprisarbeiter::PositionLesen() {
     if (Dienst.isEmpty()) return;
     // A player that does not answer is asked for all it has when it comes back.
-    if (Fehlschläge >= FehlschlägeHöchstens) return Nachlesen();
+    if (Stumm()) return Nachlesen();
     auto Wo = Frage(Eigenschaften, "Get");
     Wo << QString::fromLatin1(Player) << u"Position"_s;
     Rufen(Wo, [this](const QDBusMessage& Antwort) {
@@ -233,10 +240,13 @@ void Mprisarbeiter::PositionLesen() {
     });
 }
 
+bool Mprisarbeiter::Stumm() const {
+    return Fehlschläge >= FehlschlägeHöchstens;
+}
+
 // What an answer, or none, means for the player and for the next look.
 void Mprisarbeiter::Geantwortet(bool Gelungen) {
     Fehlschläge = Gelungen ? 0 : Fehlschläge + 1;
-    const bool Stumm = Fehlschläge >= FehlschlägeHöchstens;
     bool Spielt = false;
     bool Neu = false;
     {
@@ -244,11 +254,11 @@ void Mprisarbeiter::Geantwortet(bool Gelungen) {
         Bild->Umgesehen = true;
         const Spielerfenster Vorher = Bild->Fenster;
         if (Gelungen && Vorher == 0) Bild->Fenster = ++Bild->Erscheinungen;
-        if (Stumm) Bild->Fenster = 0;
+        if (Stumm()) Bild->Fenster = 0;
         Neu = Bild->Fenster != Vorher;
         Spielt = Bild->Zustand == 1;
     }
-    if (Stumm) {
+    if (Stumm()) {
         Takt->start(Ruhetakt);
     } else if (Spielt || !Gelungen) {
         Takt->start(Positionstakt);

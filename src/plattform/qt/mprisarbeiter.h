@@ -51,7 +51,8 @@ class Mprisarbeiter final : public QObject {
     bool Verbinden();
     void Rufen(QDBusMessage Frage, const Behandlung& Fertig);
     QDBusMessage Frage(const char* Schnittstelle, const char* Name) const;
-    void Umsehen();
+    // Looks who is there; of several players of a kind Bevorzugt is taken before all others.
+    void Umsehen(const QString& Bevorzugt);
     void Aufnehmen(const QString& Name);
     void Hören(const QString& Eigner, bool An);
     void Verlieren();
@@ -60,6 +61,7 @@ class Mprisarbeiter final : public QObject {
     void GanzLesen(const QVariantMap& Werte);
     void PositionMerken(const QVariant& Wert);
     void Geantwortet(bool Gelungen);
+    bool Stumm() const;  // it has not answered several times
     void Befehl(QDBusMessage Nachricht);
     void Benutzerbefehl(int wParam, int lParam);
     void Spielerbefehl(int Nummer);

@@ -160,13 +160,12 @@ QLayout* frmAutoDJ::GenresAnlegen() {
     return Spalte;
 }
 
-void frmAutoDJ::GenresFüllen() {
-    // While no choice was ever made every genre is in.
-    const std::unordered_set<std::string> Gemerkte(Werte.AutoDJGenre.begin(), Werte.AutoDJGenre.end());
+void frmAutoDJ::GenresFüllen(const std::vector<std::string>& Gewählte) {
+    const std::unordered_set<std::string> Angekreuzt(Gewählte.begin(), Gewählte.end());
     for (const std::string& Name : AlleAutoDjGenres()) {
         auto* const Eintrag = new QListWidgetItem(QtText(Name), lstFelder);
         Eintrag->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
-        Eintrag->setCheckState(Gemerkte.empty() || Gemerkte.contains(Name) ? Qt::Checked : Qt::Unchecked);
+        Eintrag->setCheckState(Angekreuzt.contains(Name) ? Qt::Checked : Qt::Unchecked);
     }
     lstFelder->setCurrentRow(0);
 }
@@ -191,7 +190,7 @@ void frmAutoDJ::Füllen() {
     txtTopWieviel->setText(QtText(Top.Maximum));
     txtTopZeitraum->setText(QtText(Top.Zeit));
     cboTopZeitraum->setCurrentIndex(static_cast<int>(Top.Einheit));
-    GenresFüllen();
+    GenresFüllen(Zufällig.Genres);
 }
 
 AutoDjEingabe frmAutoDJ::Lesen(AutoDjFunktion Funktion) const {

@@ -32,7 +32,7 @@ class frmAutoDJ final : public QDialog {
     QLineEdit* FeldAnlegen(const QString& Name, const QString& Hörname);
     QComboBox* EinheitAnlegen(const QString& Name, const QString& Hörname);
     QCheckBox* KästchenAnlegen(const QString& Name, const QString& Text, QLayout& Spalte);
-    void GenresFüllen();
+    void GenresFüllen(const std::vector<std::string>& Gewählte);
     void GenresSetzen(const std::function<bool(bool)>& Neu);
     void Füllen();
     AutoDjEingabe Lesen(AutoDjFunktion Funktion) const;

@@ -20,6 +20,7 @@ namespace liedwerk {
 namespace {
 
 constexpr int Spieltakt = 1000;  // milliseconds between two looks at a player that plays
+constexpr int Suchtakt = 1;      // the same while its title is looked for in the index
 
 // Values of BeiDoppelklick.
 enum Doppelklick : std::int16_t { Abspielen0 = 0, Abspielen1 = 1, Anhängen2 = 2, TagEditor3 = 3 };
@@ -140,7 +141,8 @@ int Wiedergabeaktionen::TaktAusführen() {
     fraPlayer.Zeigen(Stand, Erkannt, Programm.Werte.AudioPlayerBlinken == 1);
     fraPlayer.setVisible(!(Stand.Gefunden && Stand.Zustand == PlayerZustand::Stopped &&
                            Programm.Werte.PlayerAusblendenBeiStopp == 1));
-    return SpielerBrauchtTakt(Lauf, Stand) ? Spieltakt : 0;
+    if (!SpielerBrauchtTakt(Lauf, Stand)) return 0;
+    return Lauf.Erkennung.Suche ? Suchtakt : Spieltakt;
 }
 
 Abspielumgebung Wiedergabeaktionen::UmgebungMitFormen() {
@@ -161,7 +163,8 @@ Abspielumgebung Wiedergabeaktionen::UmgebungMitFormen() {
 void Wiedergabeaktionen::Abspielen(const std::vector<Satznummer>& Dateien, bool Anhängen,
                                    bool Standardanwendung, bool PlaylisteLeeren, std::string_view Befehl) {
     if (Dateien.empty()) return;
-    if (!Standardanwendung) SpielerVorschlagen(Programm);
+    // Pictures need no player.
+    if (!Standardanwendung && BrauchtAudioplayer(Programm.Index, Dateien)) SpielerVorschlagen(Programm);
     const std::vector<Satznummer> Feste = Dateien;  // the selection may change while events are looked at
     {
         const Laufsperre Sperre(Programm);

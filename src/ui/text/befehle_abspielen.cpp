@@ -73,6 +73,32 @@ void BefehlSenden(const Spielersteuerung& Steuerung, const Fernbefehl& Befehl, i
     if (Befehl.Name == "lautstaerke") PlayerLautstärkeSetzen(Steuerung, Wert);
 }
 
+// Why a player cannot do what it is told; empty when it can.
+std::string BefehlPrüfen(const Fernbefehl& Befehl, std::int64_t Wert, const Spielerstand& Stand) {
+    const auto Kann = [&](bool Fähig, std::string_view Was) {
+        return Fähig ? std::string() : "Der Audioplayer kann " + std::string(Was) + ".";
+    };
+    const auto ImBereich = [&](std::string_view Was, std::int64_t Höchstens, std::string_view Einheit) {
+        if (Wert >= 0 && Wert <= Höchstens) return std::string();
+        return std::string(Was) + " " + std::to_string(Wert) + " gibt es nicht: Möglich ist 0 bis " +
+               std::to_string(Höchstens) + std::string(Einheit) + ".";
+    };
+    if (Befehl.Name == "lautstaerke") {
+        const std::string Meldung = ImBereich("Die Lautstärke", HöchsteLautstärke, "");
+        return Meldung.empty() ? Kann(Stand.Lage.KannLautstärke, "seine Lautstärke nicht ändern") : Meldung;
+    }
+    if (Befehl.Name == "position") {
+        if (Stand.Zustand == PlayerZustand::Stopped || Stand.Länge < 0)
+            return "Der Audioplayer spielt keinen Titel, dessen Länge bekannt ist.";
+        const std::string Meldung = ImBereich("Die Position", Stand.Länge, " Sekunden");
+        return Meldung.empty() ? Kann(Stand.Lage.KannSpringen, "in diesem Titel nicht springen") : Meldung;
+    }
+    if (Befehl.Nummer == SpielerSchließen) return Kann(Stand.Lage.KannSchließen, "nicht beendet werden");
+    if (Befehl.Nummer == SpielerNächster || Befehl.Nummer == SpielerVorheriger)
+        return Kann(Stand.Lage.KannBlättern, "hier nicht blättern");
+    return {};
+}
+
 std::string_view Zustandstext(const Spielerstand& Stand) {
     if (!Stand.Gefunden) return "";
     switch (Stand.Zustand) {
@@ -138,6 +164,8 @@ Ausgang SpielerAusführen(const Globaloptionen& Global, const Befehlseingabe& Ei
         return Gescheitert("Es ist kein Audioplayer eingestellt (Einstellung WinampPfad).");
     Abwarten(Zeit, Suchzeit, [&] { return PlayerSuchen(Steuerung, false) || Steuerung.Kanal.Umgesehen(); });
     if (!PlayerSuchen(Steuerung, false)) return Gescheitert("Der Audioplayer läuft nicht.");
+    if (const std::string Meldung = BefehlPrüfen(*Befehl, *Wert, SpielerAblesen(Steuerung)); !Meldung.empty())
+        return Gescheitert(Meldung);
     BefehlSenden(Steuerung, *Befehl, *Wert);
     const bool Angenommen =
         Abwarten(Zeit, Antwortzeit, [&] { return Steuerung.Kanal.Lage(Steuerung.PlayerFenster).Offen == 0; });
@@ -170,10 +198,15 @@ Ausgang TitelErkennenAusführen(const Globaloptionen& Global, const Befehlseinga
     const GespielterTitel Gespielt{Eingabe.Argumente[0]};
     const Zeitpunkt Jetzt = Programm.Dienst.Zeit.Jetzt();
     Titelerkennung Erkennung;
-    // Seen first so many seconds ago, and once more now.
-    for (const std::int64_t Vorher : {std::int64_t{*Sekunden}, std::int64_t{0}})
+    const auto Sehen = [&](std::int64_t Vorher) {
         TitelErkennen(Erkennung, Programm.Index, Programm.Werte, Programm.Dienst.Person, Gespielt,
                       AusKalendersekunden(Kalendersekunden(Jetzt) - Vorher));
+    };
+    // Seen first so many seconds ago, and once more now, until the whole index has been looked through.
+    Sehen(*Sekunden);
+    do
+        Sehen(0);
+    while (Erkennung.Suche);
     const auto Nummern =
         Erkennung.TitelErkannt ? SätzeZumTitel(Programm.Index, Gespielt.Titel) : std::vector<Satznummer>();
     const bool Gesichert = ÄnderungSichern(Programm);
