@@ -40,7 +40,7 @@ class Mediumfrage {
 }  // namespace
 
 Mediumumgebung MediumumgebungVon(Anwendung& Programm) {
-    return {Programm.Dienst.Drives, Programm.Werte, Programm.Log, Programm.DiskId};
+    return {Programm.Dienst.Drives, Programm.Werte, Programm.Log, Programm.Dienst.CDs};
 }
 
 Medienumgebung MedienumgebungVon(Anwendung& Programm) {
@@ -81,9 +81,9 @@ Indexumgebung IndexumgebungVon(Anwendung& Programm) {
 }
 
 Hinzufügeumgebung HinzufügeumgebungVon(Anwendung& Programm) {
-    return {Programm.Index,           Programm.Werte,       Programm.Dienst.Person,      Programm.Log,
-            Programm.Dienst.Ordner,   Programm.Medium,      MediumumgebungVon(Programm), Programm.Pfade,
-            MedienleserVon(Programm), Programm.CdInfosLesen};
+    return {Programm.Index,           Programm.Werte,      Programm.Dienst.Person,      Programm.Log,
+            Programm.Dienst.Ordner,   Programm.Medium,     MediumumgebungVon(Programm), Programm.Pfade,
+            MedienleserVon(Programm), Programm.CDAssistent};
 }
 
 Tagumgebung TagumgebungVon(Anwendung& Programm) {

@@ -17,6 +17,7 @@
 #include "basis/einstellungen.h"
 #include "basis/oberflaeche.h"
 #include "basis/uhr.h"
+#include "cd/cdbereiten.h"
 #include "core/einstellungsspeicher.h"
 #include "core/hauptfenster.h"
 #include "core/protokolldatei.h"
@@ -28,6 +29,7 @@
 #include "medien/medienlesen.h"
 #include "medien/tagspeichern.h"
 #include "medien/tagverzeichnis.h"
+#include "plattform/cdlaufwerke.h"
 #include "plattform/http.h"
 #include "plattform/laufwerke.h"
 #include "plattform/medienauskunft.h"
@@ -59,9 +61,10 @@ struct Dienste {
     // Other programs and the running audio player; without them nothing is played.
     Programmstart* Programme = nullptr;
     Spielerkanal* Spieler = nullptr;
-    std::string Laufzeitordner{};  // for play lists that are handed over; empty: the program folder
-    Papierkorb* Eimer = nullptr;   // the desktop's recycle bin; may be missing
-    Http* Netz = nullptr;          // without it no CD database is asked
+    std::string Laufzeitordner{};      // for play lists that are handed over; empty: the program folder
+    Papierkorb* Eimer = nullptr;       // the desktop's recycle bin; may be missing
+    Http* Netz = nullptr;              // without it no CD database is asked
+    const CDLaufwerke* CDs = nullptr;  // drives with audio CDs; without them no disc can be read
     // plattform/pruefsumme.h; missing: no file is known again.
     std::function<std::string(std::string_view Pfad)> DateiPrüfsumme{};
 };
@@ -79,6 +82,7 @@ struct Anwendung {
     Mediumspeicher Medium;
     Pfadverzeichnis Pfade;
     Tagverzeichnis Tagtexte;
+    CDStand CD;
 
     std::string Kommandozeile;          // as it was given, for messages
     bool NameVonKommandozeile = false;  // IndexDateiname is not written back to the settings
@@ -100,10 +104,9 @@ struct Anwendung {
     // frmIndexHinzufügenZusammenfassung, modal: true when the rows, some of them corrected by now, shall be
     // added. Empty: nobody looks them over.
     std::function<bool(Namensfunde& Funde)> ZusammenfassungZeigen;
-    // What an audio CD is asked for when it is added or looked for: the assistant with its form (false: the
-    // person does not want the disc), and the disc's id. Empty: discs are taken without data and id.
-    std::function<bool(std::string_view Laufwerk)> CdInfosLesen;
-    std::function<std::string(std::string_view Laufwerk)> DiskId;
+    // The assistant for an audio CD that is added, with frmCDDaten; false: the person does not want the disc.
+    // It leaves the disc's data in CD. Empty: discs are taken with what the cache knows of them.
+    std::function<bool(std::string_view Laufwerk)> CDAssistent;
 };
 
 // Marks a long run for its lifetime, so that the timers leave it alone; runs may stand in one another.

@@ -36,8 +36,8 @@ Hinzufügeergebnis OrdnerFehlt(const Hinzufügeumgebung& Umgebung, const std::st
 
 // An audio CD's titles come from its assistant; false when the person refuses the disc.
 bool CdÜbernehmen(const Hinzufügeumgebung& Umgebung, const std::string& Ordner) {
-    if (!Umgebung.CdInfosLesen || !LaufwerkIstAudioCD(Umgebung.Laufwerk, Ordner)) return true;
-    if (Umgebung.CdInfosLesen(Ordner)) return true;
+    if (!Umgebung.CDAssistent || !LaufwerkIstAudioCD(Umgebung.Laufwerk, Ordner)) return true;
+    if (Umgebung.CDAssistent(Ordner)) return true;
     Umgebung.Person.FortschrittSchließen();
     AbbruchZeigen(Umgebung);
     return false;

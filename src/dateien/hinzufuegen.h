@@ -29,7 +29,7 @@ struct Hinzufügeumgebung {
     MedienLeser Leser;  // pure; called from several threads
     // The CD assistant for an audio CD, with its form: false when the person does not want the disc. Missing:
     // the tracks are added as they are.
-    std::function<bool(std::string_view Laufwerk)> CdInfosLesen{};
+    std::function<bool(std::string_view Laufwerk)> CDAssistent{};
 };
 
 struct Ordnerauftrag {

@@ -5,6 +5,7 @@
 #include "basis/datei.h"
 #include "basis/pfad.h"
 #include "basis/text.h"
+#include "cd/inhaltsverzeichnis.h"
 
 namespace liedwerk {
 namespace {
@@ -20,14 +21,12 @@ constexpr std::string_view ErsterTitelWindows = "track01.cda";
 constexpr std::string_view ErsterTitelPosix = "Track01.cda";
 
 std::string CdKennung(const Mediumumgebung& Umgebung, std::string_view Laufwerk) {
-    std::string Kennung = Umgebung.DiskId ? Umgebung.DiskId(Laufwerk) : std::string();
-    if (Kennung.empty()) {
-        Umgebung.Log.Schreiben(
-            "WechselmediumVergleichenStarten: Fehler bei CD-Initialisierung - CD-Rom Gerätefehler: Das "
-            "Inhaltsverzeichnis in '" +
-            std::string(Laufwerk) + "' ist nicht lesbar");
+    clsCcd Disc;
+    if (Umgebung.CDs != nullptr && !Disc.Init(*Umgebung.CDs, Laufwerk)) {
+        Umgebung.Log.Schreiben("WechselmediumVergleichenStarten: Fehler bei CD-Initialisierung - " +
+                               CDFehlertext(Disc));
     }
-    return Kennung;
+    return Disc.DiskID;
 }
 
 }  // namespace

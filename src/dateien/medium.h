@@ -7,7 +7,6 @@
 // plattform/ordnerleser.h.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -15,6 +14,7 @@
 #include "basis/oberflaeche.h"
 #include "basis/protokoll.h"
 #include "index/katalog.h"
+#include "plattform/cdlaufwerke.h"
 #include "plattform/laufwerke.h"
 
 namespace liedwerk {
@@ -34,8 +34,7 @@ struct Mediumumgebung {
     const Laufwerke& Drives;
     const Einstellungen& Werte;
     Protokoll& Log;
-    // Disc id of an audio CD; missing: no disc can be read.
-    std::function<std::string(std::string_view Laufwerk)> DiskId;
+    const CDLaufwerke* CDs = nullptr;  // missing: no audio CD can be read
 };
 
 // Forgets the medium and the drive asked last, so that the next question looks at the drive again.

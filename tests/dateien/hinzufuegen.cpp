@@ -14,6 +14,7 @@
 #include "dateien/ordnersuche.h"
 #include "dateien/probeordner.h"
 #include "plattform/linux/ordner.h"
+#include "plattform/speicher/cdlaufwerke.h"
 #include "plattform/speicher/person.h"
 #include "plattform/speicher/welt.h"
 
@@ -307,9 +308,11 @@ TEST_F(Hinzufügeprobe, EineAudioCDGehtÜberIhrenAssistenten) {
     Index.Optionen.Dateitypen.push_back({"cda=1", "010"});
     Drives.Liste[Ordner.In("cd/")] = {Laufwerksart::CdRom, "ALBUM", true};
     auto Welt = Umgebung();
-    Welt.Laufwerk.DiskId = [](std::string_view) { return "6a0aed08"; };
+    speicher::CDs CDs;
+    CDs.Liste[Ordner.In("cd")] = {0, {}, {{150}}, 7650};
+    Welt.Laufwerk.CDs = &CDs;
     bool Gewollt = false;
-    Welt.CdInfosLesen = [&](std::string_view Laufwerk) {
+    Welt.CDAssistent = [&](std::string_view Laufwerk) {
         EXPECT_EQ(Laufwerk, Ordner.In("cd"));
         return Gewollt;
     };
@@ -320,7 +323,7 @@ TEST_F(Hinzufügeprobe, EineAudioCDGehtÜberIhrenAssistenten) {
     EXPECT_EQ(Index.IndexAnzahl(), 0);
     Gewollt = true;
     EXPECT_EQ(EinfachOrdnerHinzufügen(Welt, Auftrag).Anzahl, 2);
-    EXPECT_EQ(Index.Sätze.Text(1, FeldWechselmedium), "ALBUM 6a0aed08");
+    EXPECT_EQ(Index.Sätze.Text(1, FeldWechselmedium), "ALBUM 02006401");
 }
 
 TEST(Leseauftrag, FolgtDenDreiZiffernDerEinstellung) {

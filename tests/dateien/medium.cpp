@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "dateien/probeordner.h"
+#include "plattform/speicher/cdlaufwerke.h"
 #include "plattform/speicher/person.h"
 #include "plattform/speicher/welt.h"
 
@@ -23,7 +24,8 @@ struct Mediumprobe : testing::Test {
     speicher::Person Person;
     Mediumspeicher Speicher;
     Katalog Index;
-    Mediumumgebung Umgebung{Drives, Werte, Log, {}};
+    speicher::CDs CDs;
+    Mediumumgebung Umgebung{Drives, Werte, Log, &CDs};
 
     void SetUp() override { Drives.Liste[Stick] = {Laufwerksart::Wechsel, "STICK", true}; }
     Verfügbarkeit Prüfen(const std::string& Pfad, const std::string& Medium, bool Überspringen) {
@@ -75,9 +77,9 @@ TEST_F(Mediumprobe, ZweiAudioCDsOhneNamenUnterscheidetDieKennung) {
     ASSERT_EQ(Log.Zeilen.size(), 1U);
     EXPECT_TRUE(
         Log.Zeilen[0].starts_with("WechselmediumVergleichenStarten: Fehler bei CD-Initialisierung - "));
-    Umgebung.DiskId = [](std::string_view) { return "6a0aed08"; };
+    CDs.Liste[Ordner.In("stick")] = {0, {}, {{150}}, 7650};
     WechselmediumVergleichenStarten(Speicher, Umgebung, Stick);
-    EXPECT_EQ(Speicher.AktuellesWechselmedium, " 6a0aed08");
+    EXPECT_EQ(Speicher.AktuellesWechselmedium, " 02006401");
 }
 
 TEST_F(Mediumprobe, OhneFrageGehtEsNachDerTabelleWeiter) {
