@@ -92,26 +92,27 @@ fenster_proben() {
     [ "$stand" -eq 124 ] || { cat "$ABLAGE/fenster" >&2; scheitern "liedwerk endete mit $stand statt auf das Signal hin."; }
     [ -s "$PROBE/home/anna/.local/share/liedwerk/lwStamm.lwi" ] || scheitern "Der erste Start hat keinen Index angelegt."
     sagen "  liedwerk: erster Start, Ende durch Signal, Index angelegt"
-    if ! command -v xvfb-run >/dev/null || ! command -v import >/dev/null; then
+    if ! command -v Xvfb >/dev/null || ! command -v import >/dev/null; then
         sagen "  Der Start vom Desktop-Eintrag braucht xvfb und imagemagick; er entfällt."
         return 0
     fi
-    export -f drinnen
-    export PROBE BAU
     # The screen is reached by its abstract socket, so nothing of this machine is bound into the trial system.
-    xvfb-run -a -s "-screen 0 1024x768x24 -nolisten unix -ac" bash -c '
-        drinnen sh -c "cd /tmp && gio launch /usr/share/applications/org.liedwerk.Liedwerk.desktop & sleep 9" &
-        lauf=$!
-        sleep 7
-        import -window root "$BAU/erster-start.png"
-        wait "$lauf"' >"$ABLAGE/start" 2>&1 || true
+    Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten unix -ac 3>"$ABLAGE/schirm" >"$ABLAGE/start" 2>&1 &
+    local schirm=$!
+    while [ ! -s "$ABLAGE/schirm" ] && kill -0 "$schirm"; do sleep 0.2; done
+    DISPLAY=":$(cat "$ABLAGE/schirm")" drinnen sh -c \
+        'cd /tmp && gio launch /usr/share/applications/org.liedwerk.Liedwerk.desktop & sleep 10' >>"$ABLAGE/start" 2>&1 &
+    sleep 8
+    DISPLAY=":$(cat "$ABLAGE/schirm")" import -window root "$BAU/erster-start.png"
+    wait "$!"
+    kill "$schirm"
     [ "$(identify -format %k "$BAU/erster-start.png")" -gt 50 ] ||
         { cat "$ABLAGE/start" >&2; scheitern "Vom Desktop-Eintrag aus erschien kein Fenster."; }
     sagen "  Start vom Desktop-Eintrag: $BAU/erster-start.png"
 }
 
 zuordnung_proben() {
-    local eintrag art
+    local eintrag art arten
     printf '#TAG:lw10\r\n' >"$PROBE/tmp/probe.lwi"
     cp "$PROBE/tmp/probe.lwi" "$PROBE/tmp/ohne-endung"
     for eintrag in probe.lwi ohne-endung; do
@@ -120,12 +121,14 @@ zuordnung_proben() {
     done
     drinnen gio mime application/x-liedwerk-index | grep -q org.liedwerk.Liedwerk.desktop ||
         scheitern "Indexdateien werden nicht mit Liedwerk geöffnet."
+    mapfile -t arten < <(sed -n 's/^MimeType=//p' "$PROBE"/usr/share/applications/zz-liedwerk-*.desktop | tr ';' '\n' | grep .)
     # Another program for folders and audio files stays the first one.
-    printf '[Desktop Entry]\nType=Application\nName=Anderes\nExec=true %%F\nMimeType=inode/directory;audio/mpeg;\n' \
+    printf '[Desktop Entry]\nType=Application\nName=Anderes\nExec=true %%F\nMimeType=%s\n' \
+        "$(tr ' ' ';' <<<"${arten[*]}")" \
         >"$PROBE/usr/share/applications/xanderes.desktop"
     drinnen update-desktop-database
-    for art in inode/directory audio/mpeg; do
-        drinnen gio mime "$art" >"$ABLAGE/mime"; cat "$ABLAGE/mime"
+    for art in "${arten[@]}"; do
+        drinnen gio mime "$art" >"$ABLAGE/mime"
         head -n 1 "$ABLAGE/mime" | grep -q xanderes || scheitern "$art wird ungefragt mit Liedwerk geöffnet."
         grep -q zz-liedwerk "$ABLAGE/mime" || scheitern "$art wird nicht mit Liedwerk angeboten."
     done

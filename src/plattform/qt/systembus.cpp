@@ -34,29 +34,6 @@ std::string Bussockel() {
     return std::string(Adresse.substr(Art.size(), Adresse.find_first_of(",;") - Art.size()));
 }
 
-// True when the bus answers the beginning of the handshake (authentication protocol of D-Bus)
-// within the time. Qt's own handshake knows no time-out: on a bus that hangs it would hold up even the end of
-// the program.
-bool BusAntwortet() {
-    const std::string Pfad = Bussockel();
-    sockaddr_un Adresse{};
-    if (Pfad.empty() || Pfad.size() >= sizeof(Adresse.sun_path)) return false;
-    Adresse.sun_family = AF_UNIX;
-    Pfad.copy(Adresse.sun_path, Pfad.size());
-    const Griffhalter Sockel(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-    if (!Sockel ||
-        ::connect(Sockel.Wert(), reinterpret_cast<const sockaddr*>(&Adresse), sizeof(Adresse)) != 0)
-        return false;
-    constexpr std::string_view Gruß("\0AUTH\r\n", 7);
-    if (::send(Sockel.Wert(), Gruß.data(), Gruß.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(Gruß.size()))
-        return false;
-    pollfd Frage{Sockel.Wert(), POLLIN, 0};
-    const auto Dauer = std::chrono::milliseconds(Geduld).count();
-    char Erstes = 0;
-    // The answer lists the ways to log on: "REJECTED ...".
-    return ::poll(&Frage, 1, static_cast<int>(Dauer)) > 0 && ::recv(Sockel.Wert(), &Erstes, 1, 0) == 1;
-}
-
 // The name of a device's object: letters and digits stay, every other byte becomes "_" and its number.
 QString Objektpfad(std::string_view Gerätename) {
     constexpr std::string_view Ziffern = "0123456789abcdef";
@@ -92,10 +69,33 @@ std::optional<Blockgerät> Fragen(const std::string& Gerätename) {
 
 }  // namespace
 
+// True when the bus answers the beginning of the handshake (authentication protocol of D-Bus)
+// within the time. Qt's own handshake knows no time-out: on a bus that hangs it would hold up even the end of
+// the program.
+bool SystembusAntwortet() {
+    const std::string Pfad = Bussockel();
+    sockaddr_un Adresse{};
+    if (Pfad.empty() || Pfad.size() >= sizeof(Adresse.sun_path)) return false;
+    Adresse.sun_family = AF_UNIX;
+    Pfad.copy(Adresse.sun_path, Pfad.size());
+    const Griffhalter Sockel(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    if (!Sockel ||
+        ::connect(Sockel.Wert(), reinterpret_cast<const sockaddr*>(&Adresse), sizeof(Adresse)) != 0)
+        return false;
+    constexpr std::string_view Gruß("\0AUTH\r\n", 7);
+    if (::send(Sockel.Wert(), Gruß.data(), Gruß.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(Gruß.size()))
+        return false;
+    pollfd Frage{Sockel.Wert(), POLLIN, 0};
+    const auto Dauer = std::chrono::milliseconds(Geduld).count();
+    char Erstes = 0;
+    // The answer lists the ways to log on: "REJECTED ...".
+    return ::poll(&Frage, 1, static_cast<int>(Dauer)) > 0 && ::recv(Sockel.Wert(), &Erstes, 1, 0) == 1;
+}
+
 std::optional<Blockgerät> BlockgerätFragen(std::string_view Quelle) {
     static std::atomic<bool> Verstummt = false;
     if (Verstummt || !Quelle.starts_with("/dev/")) return std::nullopt;
-    if (!BusAntwortet()) {
+    if (!SystembusAntwortet()) {
         Verstummt = true;
         return std::nullopt;
     }

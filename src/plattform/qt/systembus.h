@@ -1,4 +1,5 @@
-// Questions to the disk service of the desktop (UDisks2, org.freedesktop.UDisks2.Block) over the system bus.
+// The system bus, and questions to the disk service of the desktop on it (UDisks2,
+// org.freedesktop.UDisks2.Block).
 #pragma once
 
 #include <optional>
@@ -16,5 +17,8 @@ struct Blockgerät {
 // Asks for the device, as "/dev/sdb1". Nothing when there is no system bus or service, or when no answer has
 // come within a second. A bus that was silent once is not asked again. May be called from several threads.
 std::optional<Blockgerät> BlockgerätFragen(std::string_view Quelle);
+
+// True when the system bus answers within a second: Qt's own connecting knows no time-out.
+bool SystembusAntwortet();
 
 }  // namespace liedwerk

@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "core/start.h"
+#include "plattform/abschaltaufschub.h"
 #include "plattform/endesignal.h"
 #include "plattform/linux/ordner.h"
 #include "plattform/linux/orte.h"
@@ -133,6 +134,8 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     Fenster.Drängen = [&] { Person.Drängen(); };
     Fenster.Beendet = [] { QCoreApplication::exit(0); };
     SitzungsendeVerbinden(Qt, Fenster);
+    // Withdrawn at the end of this function, when all is saved: the signal at a shutdown may come too late.
+    const auto Aufschub = SystemaufschubFordern([&Fenster] { Fenster.SitzungBeenden(); });
     QTimer::singleShot(0, &Fenster, [&] {
         if (!Nutzerwerte.Lesefehler().empty()) {
             Person.Melden(Symbol::Ausrufezeichen, "Die Einstellungen in '" + Einstellungsdatei() +
