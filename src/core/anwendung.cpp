@@ -3,9 +3,11 @@
 #include <memory>
 #include <mutex>
 
+#include "basis/pfad.h"
 #include "basis/text.h"
 #include "basis/zahl.h"
 #include "core/terminlauf.h"
+#include "medien/cdtitel.h"
 
 namespace liedwerk {
 namespace {
@@ -20,7 +22,8 @@ class Mediumfrage {
         const std::lock_guard Halten(Sperre);
         const std::string Laufwerk = Drives.LaufwerkVon(Pfad);
         if (!Bekannt || Laufwerk != Zuletzt) {
-            Text = WechselmediumLesen(Speicher, Umgebung, Laufwerk, true);
+            WechselmediumVergleichenStarten(Speicher, Umgebung, Laufwerk);
+            Text = Speicher.AktuellesWechselmedium;
             Zuletzt = Laufwerk;
             Bekannt = true;
         }
@@ -37,7 +40,47 @@ class Mediumfrage {
     std::string Text;
 };
 
+// The data of the disc in a path's drive, for the same readers. The disc is looked at once in a run; the
+// record of the assistant counts when it is that disc's, else what the cache knows.
+class CDFrage {
+  public:
+    explicit CDFrage(Anwendung& Ganzes) : Programm(Ganzes), Umgebung(CDUmgebungVon(Ganzes)) {}
+    void operator()(std::string_view Pfad, Datensatz& Satz) {
+        const std::lock_guard Halten(Sperre);
+        const std::string Laufwerk = LaufwerkDesPfades(MediumumgebungVon(Programm), Pfad);
+        if (Laufwerk != Zuletzt) DiscLesen(Laufwerk);
+        Zuletzt = Laufwerk;
+        if (Gelesen)
+            CDInfosLesen(Pfad, Satz, Stand.Daten, Programm.Werte.CDDBVariousErsetzen == 1, &Programm.Log);
+    }
+
+  private:
+    void DiscLesen(const std::string& Laufwerk) {
+        clsCcd Disc;
+        Stand = {};
+        Gelesen = CDDBDatenBereiten(Stand, Umgebung, Laufwerk, Programm.Werte.CDDBServer, Disc) !=
+                  CDBereitung::Gescheitert;
+        if (Gelesen && Programm.CD.Daten.ID == Disc.DiskID) Stand.Daten = Programm.CD.Daten;
+    }
+
+    std::mutex Sperre;
+    Anwendung& Programm;
+    CDUmgebung Umgebung;
+    CDStand Stand;
+    bool Gelesen = false;
+    std::string Zuletzt;
+};
+
 }  // namespace
+
+CDUmgebung CDUmgebungVon(Anwendung& Programm) {
+    return {*Programm.Dienst.CDs,
+            {PfadVerbinden(Programm.Dienst.Programmordner, "CDDB"), Programm.Dienst.Ordner, Programm.Log,
+             ProgrammnameMitVersion()},
+            [&Programm](std::string_view Laufwerk) {
+                return LaufwerkIstAudioCD(MediumumgebungVon(Programm), Laufwerk);
+            }};
+}
 
 Mediumumgebung MediumumgebungVon(Anwendung& Programm) {
     return {Programm.Dienst.Drives, Programm.Werte, Programm.Log, Programm.Dienst.CDs};
@@ -54,6 +97,10 @@ Medienumgebung MedienumgebungVon(Anwendung& Programm) {
     Umgebung.Wechselmedium = [Frage = std::make_shared<Mediumfrage>(Programm)](std::string_view Pfad) {
         return (*Frage)(Pfad);
     };
+    if (Programm.Dienst.CDs != nullptr) {
+        Umgebung.CdInfosLesen = [Frage = std::make_shared<CDFrage>(Programm)](
+                                    std::string_view Pfad, Datensatz& Satz) { (*Frage)(Pfad, Satz); };
+    }
     return Umgebung;
 }
 

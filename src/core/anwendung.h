@@ -129,6 +129,8 @@ class Laufsperre {
 Medienumgebung MedienumgebungVon(Anwendung& Programm);
 MedienLeser MedienleserVon(Anwendung& Programm);
 Mediumumgebung MediumumgebungVon(Anwendung& Programm);
+// Needs the port to the CDs.
+CDUmgebung CDUmgebungVon(Anwendung& Programm);
 Indexumgebung IndexumgebungVon(Anwendung& Programm);
 Hinzufügeumgebung HinzufügeumgebungVon(Anwendung& Programm);
 Tagumgebung TagumgebungVon(Anwendung& Programm);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "basis/datei.h"
+#include "basis/pfad.h"
 #include "basis/text.h"
 #include "core/listenlauf.h"
 #include "core/suchlauf.h"
@@ -64,6 +65,10 @@ Satznummer Abschließen(Anwendung& Programm, const Hinzufügeergebnis& Ergebnis,
 
 }  // namespace
 
+bool AlsOrdnerHinzufügbar(std::string_view Pfad) {
+    return !Pfad.empty() && OrdnerExistiert(MitTrenner(Pfad));
+}
+
 void NeueSätzeZeigen(Anwendung& Programm, Satznummer Anzahl) {
     ListeNachführen(Programm, Programm.Index.IndexAnzahl() - Anzahl + 1);
     NeueMarkieren(Programm, Anzahl);
@@ -91,7 +96,7 @@ Satznummer DragDropVerarbeiten(Anwendung& Programm, const std::vector<std::strin
     for (const auto& Pfad : Objekte) {
         if (IstPlayliste(Pfad)) {
             PlaylistLesen(Programm, Pfad, Keine);
-        } else if (OrdnerExistiert(Pfad)) {
+        } else if (AlsOrdnerHinzufügbar(Pfad)) {
             Ordnerauftrag Auftrag;
             Auftrag.Ordner = Pfad;
             Auftrag.Unterordner = Programm.Werte.HinzufügenUnterordner == 1;

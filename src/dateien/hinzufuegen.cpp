@@ -3,6 +3,7 @@
 #include "basis/datei.h"
 #include "basis/pfad.h"
 #include "basis/text.h"
+#include "cd/inhaltsverzeichnis.h"
 #include "dateien/neuaufnahme.h"
 #include "dateien/ordnersuche.h"
 
@@ -34,10 +35,27 @@ Hinzufügeergebnis OrdnerFehlt(const Hinzufügeumgebung& Umgebung, const std::st
     return {};
 }
 
-// An audio CD's titles come from its assistant; false when the person refuses the disc.
+// True for a drive or an image of CDs: a folder only when a path goes through it.
+bool IstCDTräger(std::string_view Pfad) {
+    if (Pfad.size() > 1 && Pfad.ends_with('/')) Pfad.remove_suffix(1);
+    return !OrdnerExistiert(Pfad) && OrdnerExistiert(MitTrenner(Pfad));
+}
+
+void CdNichtLesbarMelden(const Hinzufügeumgebung& Umgebung, const std::string& Laufwerk) {
+    clsCcd Disc;
+    std::string Grund = "Sie enthält keinen Titel, der am Anfang steht und abgespielt werden kann.";
+    if (Umgebung.Laufwerk.CDs != nullptr && !Disc.Init(*Umgebung.Laufwerk.CDs, Laufwerk)) Grund = Disc.ErrMsg;
+    Umgebung.Person.Melden(Symbol::Ausrufezeichen,
+                           "Die Audio-CD in '" + Laufwerk + "' kann nicht hinzugefügt werden.\n" + Grund);
+}
+
+// An audio CD's titles come from its assistant; false when the person refuses the disc, or when there is none
+// in the drive or the image that was named.
 bool CdÜbernehmen(const Hinzufügeumgebung& Umgebung, const std::string& Ordner) {
-    if (!Umgebung.CDAssistent || !LaufwerkIstAudioCD(Umgebung.Laufwerk, Ordner)) return true;
-    if (Umgebung.CDAssistent(Ordner)) return true;
+    const bool AudioCD = LaufwerkIstAudioCD(Umgebung.Laufwerk, Ordner);
+    const bool Fehlt = !AudioCD && IstCDTräger(Ordner);
+    if (Fehlt) CdNichtLesbarMelden(Umgebung, Ordner);
+    if (!Fehlt && (!AudioCD || !Umgebung.CDAssistent || Umgebung.CDAssistent(Ordner))) return true;
     Umgebung.Person.FortschrittSchließen();
     AbbruchZeigen(Umgebung);
     return false;
@@ -74,11 +92,13 @@ Hinzufügeergebnis EinfachOrdnerHinzufügen(const Hinzufügeumgebung& Umgebung, 
     Regel.Ordner = Auftrag.Ordner;
     Regel.KopierenInOrdner = Auftrag.KopierenInOrdner;
     if (!CdÜbernehmen(Umgebung, Auftrag.Ordner)) return {};
+    // The tracks of a CD lie behind the separator.
+    const std::string Ordner = IstCDTräger(Auftrag.Ordner) ? MitTrenner(Auftrag.Ordner) : Auftrag.Ordner;
 
     FortschrittBeginnen(Umgebung, "Durchsuche Ordner", false, 0);
     // Shows the window; a cancel is seen by the walk.
     Person.FortschrittZeigen({}, 0);
-    if (!OrdnerExistiert(Auftrag.Ordner)) return OrdnerFehlt(Umgebung, Auftrag.Ordner);
+    if (!OrdnerExistiert(Ordner)) return OrdnerFehlt(Umgebung, Ordner);
 
     Neuaufnahme Lauf(Umgebung);
     const std::string Eltern = ElternEintrag(Umgebung, Auftrag.Ordner);
@@ -86,9 +106,8 @@ Hinzufügeergebnis EinfachOrdnerHinzufügen(const Hinzufügeumgebung& Umgebung, 
     const Satznummer ElternAnzahl = Lauf.Anzahl();
 
     std::vector<std::string> FundListe;
-    bool Gelungen =
-        DateienSuchenAPI(Umgebung.Ordner, Auftrag.Ordner,
-                         {{}, Auftrag.Unterordner, Auftrag.DateimanagerAnsicht}, &Person, FundListe);
+    bool Gelungen = DateienSuchenAPI(
+        Umgebung.Ordner, Ordner, {{}, Auftrag.Unterordner, Auftrag.DateimanagerAnsicht}, &Person, FundListe);
     const bool SucheAbgebrochen = !Gelungen;
     if (Gelungen && !FundListe.empty()) {
         FortschrittBeginnen(Umgebung, "Füge gefundene Dateien hinzu", true, FundListe.size());

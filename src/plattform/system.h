@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "plattform/cdlaufwerke.h"
 #include "plattform/http.h"
 #include "plattform/laufwerke.h"
 #include "plattform/medienauskunft.h"
@@ -14,6 +15,7 @@
 namespace liedwerk {
 
 std::unique_ptr<Laufwerke> SystemlaufwerkeÖffnen();
+std::unique_ptr<CDLaufwerke> SystemcdsÖffnen();
 std::unique_ptr<Medienauskunft> SystemauskunftÖffnen();
 std::unique_ptr<Papierkorb> SystempapierkorbÖffnen();
 std::unique_ptr<Http> SystemnetzÖffnen();

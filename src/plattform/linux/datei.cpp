@@ -13,6 +13,7 @@
 #include <unistd.h>
 #include <utility>
 
+#include "plattform/linux/audiocd.h"
 #include "plattform/linux/griff.h"
 #include "plattform/linux/systemfehler.h"
 
@@ -100,9 +101,8 @@ void OrdnerFestschreiben(const std::string& Ordner) {
 }
 
 std::optional<Dateistand> DateistandLesen(std::string_view Pfad) {
-    const auto Angaben = AngabenLesen(Pfad);
-    if (!Angaben) return std::nullopt;
-    return StandVon(*Angaben);
+    if (const auto Angaben = AngabenLesen(Pfad)) return StandVon(*Angaben);
+    return errno == ENOTDIR ? CDStandLesen(Pfad) : std::nullopt;
 }
 
 bool DateiExistiert(std::string_view Pfad) {

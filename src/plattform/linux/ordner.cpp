@@ -5,6 +5,7 @@
 #include <memory>
 #include <sys/stat.h>
 
+#include "plattform/linux/audiocd.h"
 #include "plattform/linux/griff.h"
 
 namespace liedwerk {
@@ -53,7 +54,7 @@ bool Systemordnerleser::Auflisten(std::string_view Ordner,
     const auto Name = Systempfad(Ordner);
     if (!Name) return false;
     const std::unique_ptr<DIR, Ordnerschließer> Offen(::opendir(Name->c_str()));
-    if (!Offen) return false;
+    if (!Offen) return errno == ENOTDIR && CDAuflisten(Ordner, Besuch);
     const int Griff = ::dirfd(Offen.get());
     while (const dirent* Roh = ::readdir(Offen.get())) {
         if (IstPunktname(Roh->d_name)) continue;

@@ -5,6 +5,7 @@
 
 #include "basis/datei.h"
 #include "basis/pfad.h"
+#include "plattform/linux/audiocd.h"
 #include "plattform/qt/systembus.h"
 
 namespace liedwerk {
@@ -72,12 +73,14 @@ std::string Systemlaufwerke::OrdnerlaufwerkVon(std::string_view Ordner) const {
 
 std::string Systemlaufwerke::LaufwerkVon(std::string_view Pfad) const {
     if (!IstPosixPfad(Pfad)) return std::string(HatLaufwerksbuchstaben(Pfad) ? Pfad.substr(0, 3) : "");
+    if (auto CD = CDDesPfades(Pfad)) return std::move(*CD);
     const std::lock_guard Gesperrt(Riegel);
     return OrdnerlaufwerkVon(LiegtBeimOrdner(Pfad) ? PfadVon(Pfad) : Pfad);
 }
 
 Laufwerksart Systemlaufwerke::Art(std::string_view Laufwerk) const {
     if (!IstPosixPfad(Laufwerk)) return Laufwerksart::Unbekannt;
+    if (CDDesPfades(Laufwerk) == Laufwerk) return Laufwerksart::CdRom;
     const std::lock_guard Gesperrt(Riegel);
     const auto* Eingehängt = EinhängungAn(Tabelle.Jetzt(), Laufwerk);
     if (Eingehängt == nullptr) {
@@ -111,6 +114,7 @@ std::string Systemlaufwerke::Datenträgername(std::string_view Laufwerk) const {
 
 bool Systemlaufwerke::Vorhanden(std::string_view Laufwerk) const {
     if (!IstPosixPfad(Laufwerk)) return false;
+    if (CDDesPfades(Laufwerk) == Laufwerk) return OrdnerExistiert(Laufwerk);
     const std::lock_guard Gesperrt(Riegel);
     if (EinhängungAn(Tabelle.Jetzt(), Laufwerk) != nullptr) return true;
     // A plain folder in a place for removable media stands for one.

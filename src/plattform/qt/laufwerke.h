@@ -14,7 +14,7 @@
 namespace liedwerk {
 
 // May be used from several threads. Drives of Windows paths ("D:\") are known by name only: their kind is
-// Unbekannt and they are never there.
+// Unbekannt and they are never there. An audio CD is a drive of its own (linux/audiocd.h); it has no label.
 class Systemlaufwerke final : public Laufwerke {
   public:
     Systemlaufwerke();

@@ -4,6 +4,7 @@
 #include <QSysInfo>
 
 #include "plattform/linux/programmstart.h"
+#include "plattform/linux/systemcds.h"
 #include "plattform/qt/http.h"
 #include "plattform/qt/laufwerke.h"
 #include "plattform/qt/medienauskunft.h"
@@ -14,6 +15,10 @@ namespace liedwerk {
 
 std::unique_ptr<Laufwerke> SystemlaufwerkeÖffnen() {
     return std::make_unique<Systemlaufwerke>();
+}
+
+std::unique_ptr<CDLaufwerke> SystemcdsÖffnen() {
+    return std::make_unique<Systemcds>();
 }
 
 std::unique_ptr<Medienauskunft> SystemauskunftÖffnen() {

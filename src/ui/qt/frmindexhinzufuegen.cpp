@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QGuiApplication>
+#include <QMenu>
 #include <QMimeData>
 
 #include "ui/qt/formkopf.h"
@@ -86,19 +87,20 @@ std::vector<std::string> DateienWählen(QWidget* Besitzer, const std::vector<Dat
 }
 
 frmIndexHinzufügen::frmIndexHinzufügen(const std::vector<Dateityp>& Dateitypen, Einstellungen& Optionen,
-                                       std::function<void(QWidget*)> KopierenEinstellen, QWidget* Eltern)
+                                       std::function<void(QWidget*)> KopierenEinstellen, QWidget* Eltern,
+                                       const std::vector<std::string>& CDs)
     : QDialog(Eltern), Typen(Dateitypen), Werte(Optionen), Einstellen(std::move(KopierenEinstellen)) {
     setObjectName(u"frmIndexHinzufügen"_s);
     setWindowTitle(u"Zum Index hinzufügen"_s);
     QVBoxLayout* const Spalte = Formspalte(*this);
     BannerHinzufügen(*Spalte, Symbolbild("sammlung"), u"Was möchten Sie hinzufügen?"_s,
                      u"Der Index merkt sich, was in den Dateien steht."_s);
-    WegeAnlegen(*Spalte);
+    WegeAnlegen(*Spalte, CDs);
     VerschiebenAnlegen(*Spalte);
     KnöpfeHinzufügen(*Spalte, *this, {{u"cmdOk"_s, u"&Schließen"_s, Rejected}})[0]->setAutoDefault(false);
 }
 
-void frmIndexHinzufügen::WegeAnlegen(QVBoxLayout& Spalte) {
+void frmIndexHinzufügen::WegeAnlegen(QVBoxLayout& Spalte, const std::vector<std::string>& CDs) {
     auto* const Wege = new QVBoxLayout;
     Wege->setSpacing(2);
     const auto Weg = [&](const QString& Name, const QString& Titel, const QString& Text, const char* Bild,
@@ -118,6 +120,10 @@ void frmIndexHinzufügen::WegeAnlegen(QVBoxLayout& Spalte) {
                              "ordner-hinzufuegen", &frmIndexHinzufügen::cmdOrdnerHinzufügen_Click);
     Weg(u"cmdDateienHinzufügen"_s, u"&Dateien..."_s, u"Einzelne Dateien, die Sie auswählen"_s,
         "dateien-hinzufuegen", &frmIndexHinzufügen::cmdDateienHinzufügen_Click);
+    QPushButton* const cmdCDHinzufügen = Weg(u"cmdCDHinzufügen"_s, u"&Audio-CD..."_s,
+                                             u"Die Titel einer CD im Laufwerk oder eines CD-Abbildes"_s, "cd",
+                                             &frmIndexHinzufügen::cmdCDHinzufügen_Click);
+    if (!CDs.empty()) CDMenüAnlegen(*cmdCDHinzufügen, CDs);
     Weg(u"cmdImportieren"_s, u"&Playliste..."_s, u"Die Dateien, die eine Playliste nennt"_s, "playliste",
         &frmIndexHinzufügen::cmdImportieren_Click);
     Weg(u"cmdDateinamen"_s, u"Datei mit Datei&namen..."_s, u"Die Dateien, deren Namen in einem Text stehen"_s,
@@ -128,6 +134,20 @@ void frmIndexHinzufügen::WegeAnlegen(QVBoxLayout& Spalte) {
     Spalte.addLayout(Wege);
     Erster->setDefault(true);
     Erster->setFocus();
+}
+
+// With drives in the system the button offers them, and an image besides.
+void frmIndexHinzufügen::CDMenüAnlegen(QPushButton& Knopf, const std::vector<std::string>& CDs) {
+    auto* const Menü = new QMenu(&Knopf);
+    for (const std::string& CD : CDs) {
+        connect(Menü->addAction(QtText(CD)), &QAction::triggered, this, [this, CD] {
+            Gewählt.Pfad = CD;
+            Abschließen(Hinzufügeweg::Ordner);
+        });
+    }
+    connect(Menü->addAction(u"CD-A&bbild (.cue, .toc)..."_s), &QAction::triggered, this,
+            [this] { cmdCDHinzufügen_Click(); });
+    Knopf.setMenu(Menü);
 }
 
 void frmIndexHinzufügen::VerschiebenAnlegen(QVBoxLayout& Spalte) {
@@ -168,6 +188,12 @@ void frmIndexHinzufügen::cmdDateienHinzufügen_Click() {
 
 void frmIndexHinzufügen::cmdOrdnerHinzufügen_Click() {
     Gewählt.Pfad = OrdnerWählen(this);
+    if (!Gewählt.Pfad.empty()) Abschließen(Hinzufügeweg::Ordner);
+}
+
+void frmIndexHinzufügen::cmdCDHinzufügen_Click() {
+    Gewählt.Pfad = ListeWählen(this, u"CD-Abbild hinzufügen"_s,
+                               {u"CD-Abbilder (*.cue *.toc *.CUE *.TOC)"_s, u"Alle Dateien (*)"_s});
     if (!Gewählt.Pfad.empty()) Abschließen(Hinzufügeweg::Ordner);
 }
 

@@ -32,19 +32,22 @@ std::vector<std::string> DateienWählen(QWidget* Besitzer, const std::vector<Dat
 
 class frmIndexHinzufügen final : public QDialog {
   public:
-    // KopierenEinstellen opens the settings of copying and moving.
+    // KopierenEinstellen opens the settings of copying and moving. CDs are the drives that can hold one.
     frmIndexHinzufügen(const std::vector<Dateityp>& Dateitypen, Einstellungen& Werte,
-                       std::function<void(QWidget*)> KopierenEinstellen, QWidget* Eltern);
+                       std::function<void(QWidget*)> KopierenEinstellen, QWidget* Eltern,
+                       const std::vector<std::string>& CDs = {});
     // After the form has closed.
     const Hinzufügewahl& Wahl() const { return Gewählt; }
     // However it closes, HinzufügenKopieren takes the chosen option.
     void done(int Ergebnis) override;
 
   private:
-    void WegeAnlegen(QVBoxLayout& Spalte);
+    void WegeAnlegen(QVBoxLayout& Spalte, const std::vector<std::string>& CDs);
+    void CDMenüAnlegen(QPushButton& Knopf, const std::vector<std::string>& CDs);
     void VerschiebenAnlegen(QVBoxLayout& Spalte);
     void cmdDateienHinzufügen_Click();
     void cmdOrdnerHinzufügen_Click();
+    void cmdCDHinzufügen_Click();
     void cmdImportieren_Click();
     void cmdDateinamen_Click();
     void cmdHinzufügenZwischenablage_Click();

@@ -62,7 +62,9 @@ void frmMain::mnuHinzufügen_Click() {
     const auto Einstellen = [this](QWidget* Form) {
         frmKopieren(Programm->Werte, Programm->Dienst.Person, Form).exec();
     };
-    frmIndexHinzufügen Form(Programm->Index.Optionen.Dateitypen, Programm->Werte, Einstellen, this);
+    const CDLaufwerke* const CDs = Programm->Dienst.CDs;
+    frmIndexHinzufügen Form(Programm->Index.Optionen.Dateitypen, Programm->Werte, Einstellen, this,
+                            CDs == nullptr ? std::vector<std::string>() : CDs->Auflisten());
     if (Form.exec() == QDialog::Accepted && Bereit()) HinzufügewahlAusführen(*Programm, Form.Wahl());
 }
 

@@ -110,6 +110,7 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     const Systemordnerleser Ordner;
     const std::unique_ptr<Medienauskunft> Auskunft = SystemauskunftÖffnen();
     const std::unique_ptr<Papierkorb> Eimer = SystempapierkorbÖffnen();
+    const std::unique_ptr<CDLaufwerke> CDs = SystemcdsÖffnen();
     const std::unique_ptr<Spielerkanal> Spieler = SystemspielerÖffnen();
     const std::unique_ptr<Programmstart> Programme = SystemprogrammeÖffnen();
     const std::unique_ptr<Http> Netz = SystemnetzÖffnen();
@@ -122,6 +123,7 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     Anwendung Programm(Dienste{Person, Fenster, Zeit, *Drives, Ordner, Auskunft.get(), Nutzerwerte,
                                &Rechnerwerte, Eigenordner, Temporär.Pfad()});
     Programm.Dienst.Eimer = Eimer.get();
+    Programm.Dienst.CDs = CDs.get();
     Programm.Dienst.Spieler = Spieler.get();
     Programm.Dienst.Programme = Programme.get();
     Programm.Dienst.Netz = Netz.get();

@@ -73,6 +73,21 @@ const std::vector<Befehl>& Befehlstabelle() {
          1,
          Beliebig,
          AutotagAusführen},
+        {"cd-cache",
+         "cd-cache",
+         "Zeigt die CDs, deren Daten im Ordner \"CDDB\" des Programm-Ordners liegen.",
+         {},
+         0,
+         0,
+         CdCacheAusführen},
+        {"cd-info",
+         "cd-info LAUFWERK",
+         "Zeigt das Inhaltsverzeichnis einer Audio-CD: eines Laufwerks (/dev/sr0) oder eines Abbildes (.cue, "
+         ".toc).",
+         {},
+         1,
+         1,
+         CdInfoAusführen},
         {"datei-info",
          "datei-info [--lesecode 1111] [--zeilen-entfernen] DATEI...",
          "Liest Mediendateien und zeigt alles, was gefunden wurde. Ein Index wird nicht gebraucht.\n"
@@ -317,6 +332,14 @@ const std::vector<Befehl>& Befehlstabelle() {
          2,
          2,
          VorschlägeAusführen},
+        {"xmcd",
+         "xmcd DATEI",
+         "Zeigt die Daten einer CD aus einer xmcd-Datei oder einer Datei des Ordners \"CDDB\" (\"-\" liest "
+         "die Standardeingabe).",
+         {},
+         1,
+         1,
+         XmcdAusführen},
     };
     return Alle;
 }

@@ -1,5 +1,6 @@
 // Commands on media files, and bringing them into the index.
 #include "basis/datei.h"
+#include "core/hinzufuegelauf.h"
 #include "core/listenlauf.h"
 #include "core/suchlauf.h"
 #include "core/synchronisierlauf.h"
@@ -29,7 +30,7 @@ Zugang SammlungenHinzufügen(Programmlauf& Lauf, const std::vector<std::string>&
                             const Befehlseingabe& Eingabe) {
     Zugang Ergebnis;
     for (const auto& Pfad : Pfade) {
-        if (OrdnerExistiert(Pfad)) {
+        if (AlsOrdnerHinzufügbar(Pfad)) {
             Ordnerauftrag Auftrag;
             Auftrag.Ordner = Pfad;
             Auftrag.Unterordner = !Eingabe.Hat("--ohne-unterordner");

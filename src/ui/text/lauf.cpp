@@ -52,6 +52,7 @@ struct Programmlauf::Welt {
           Programm(Dienste{Person, Fenster, *Zeit, *Drives, Ordner, Auskunft.get(), Nutzerwerte,
                            &Rechnerwerte, OrdnerDesLaufs(Global), "", Systemtext()}) {
         Programm.Dienst.DateiPrüfsumme = DateiPrüfsumme;
+        Programm.Dienst.CDs = CDs.get();
         Programm.Dienst.Spieler = Spieler.get();
         Programm.Dienst.Programme = Programme.get();
         Programm.Dienst.Netz = Netz.get();
@@ -64,6 +65,7 @@ struct Programmlauf::Welt {
     std::unique_ptr<Laufwerke> Drives = SystemlaufwerkeÖffnen();
     Systemordnerleser Ordner;
     std::unique_ptr<Medienauskunft> Auskunft = SystemauskunftÖffnen();
+    std::unique_ptr<CDLaufwerke> CDs = SystemcdsÖffnen();
     std::unique_ptr<Spielerkanal> Spieler = SystemspielerÖffnen();
     std::unique_ptr<Programmstart> Programme = SystemprogrammeÖffnen();
     std::unique_ptr<Http> Netz = SystemnetzÖffnen();
