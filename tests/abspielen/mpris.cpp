@@ -29,12 +29,17 @@ class Probespieler final : public QDBusVirtualObject {
     QVariantMap Wurzel{{u"CanQuit"_s, true}};
     std::vector<QString> Rufe;  // members that were called, with their first argument
     std::atomic<bool> Schweigt = false;
+    std::atomic<int> NochNichtBereit = 0;  // questions that are answered by an error
 
     QString introspect(const QString&) const override { return {}; }
     bool handleMessage(const QDBusMessage& Frage, const QDBusConnection& Bus) override {
         if (Schweigt) {
             Frage.setDelayedReply(true);
             return true;
+        }
+        if (NochNichtBereit > 0) {
+            --NochNichtBereit;
+            return Bus.send(Frage.createErrorReply(QDBusError::UnknownObject, u"noch nicht"_s));
         }
         const std::lock_guard Halten(Riegel);
         if (Frage.member() == "GetAll"_L1) {
@@ -88,11 +93,12 @@ class Mpris : public testing::Test {
     }
     ~Mpris() override { Gehen(); }
 
-    void Kommen(const QString& Name = u"org.mpris.MediaPlayer2.probe"_s) {
+    void Kommen(const QString& Name = u"org.mpris.MediaPlayer2.probe"_s, int Fehlantworten = 0) {
         Verbindung = std::make_unique<QDBusConnection>(
             QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"probe"_s));
         Spieler = std::make_unique<Probespieler>();
         Spieler->Werte = Spielend(u"Morgen"_s, 5'000'000);
+        Spieler->NochNichtBereit = Fehlantworten;
         // The player must answer while the test sleeps.
         Spieler->moveToThread(&Faden);
         Faden.start();
@@ -212,6 +218,15 @@ TEST_F(Mpris, ZweiterSpielerDerArtVerdrängtDenErstenNicht) {
     QDBusConnection::disconnectFromBus(u"probe2"_s);
     QThread::msleep(100);
     EXPECT_EQ(Finden(), Erster) << "nor does its end";
+}
+
+TEST_F(Mpris, SpielerDerSeinenNamenZuFrühNimmtWirdDochGanzGelesen) {
+    EXPECT_EQ(Finden(), 0u);
+    EXPECT_TRUE(Warten([&] { return Kanal.Umgesehen(); }));
+    Kommen(u"org.mpris.MediaPlayer2.probe"_s, 2);
+    ASSERT_TRUE(Warten([&] { return Finden() != 0 && !Kanal.Lage(Finden()).KannEinstellungen; }));
+    EXPECT_EQ(Kanal.Lage(Finden()).Titel, "Anna, Lea - Morgen");
+    EXPECT_TRUE(Kanal.Lage(Finden()).KannSchließen);
 }
 
 TEST_F(Mpris, SchweigenderSpielerHältNichtsAufUndKommtWieder) {

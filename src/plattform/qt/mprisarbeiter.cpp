@@ -154,14 +154,24 @@ void Mprisarbeiter::Aufnehmen(const QString& Name) {
     Rufen(Wer, [this](const QDBusMessage& Antwort) {
         Hören(Antwort.arguments().value(0).toString(), true);
         Nachlesen();
-        auto Fähigkeiten = Frage(Eigenschaften, "GetAll");
-        Fähigkeiten << QString::fromLatin1(Wurzel);
-        Rufen(Fähigkeiten, [this](const QDBusMessage& Wurzelwerte) {
-            const QVariantMap Werte = Busverzeichnis(Wurzelwerte.arguments().value(0));
+    });
+}
+
+// Reads what the player can do beside playing.
+void Mprisarbeiter::FähigkeitenLesen() {
+    auto Fähigkeiten = Frage(Eigenschaften, "GetAll");
+    Fähigkeiten << QString::fromLatin1(Wurzel);
+    Rufen(Fähigkeiten, [this](const QDBusMessage& Antwort) {
+        // A player that has just taken its name may not be ready to answer: it is asked again.
+        if (Antwort.type() != QDBusMessage::ReplyMessage) return;
+        FähigkeitenBekannt = true;
+        const QVariantMap Werte = Busverzeichnis(Antwort.arguments().value(0));
+        {
             const std::lock_guard Halten(Bild->Riegel);
             Bild->Lage.KannSchließen = Werte.value(u"CanQuit"_s).toBool();
             Bild->Lage.KannEinstellungen = Zweit || Werte.value(u"CanRaise"_s).toBool();
-        });
+        }
+        Melden();
     });
 }
 
@@ -187,6 +197,7 @@ void Mprisarbeiter::Verlieren() {
     Titel = {};
     Fehlschläge = 0;
     LiestGerade = false;
+    FähigkeitenBekannt = false;
     Takt->stop();
     Sammelzeit->stop();
     {
@@ -207,6 +218,7 @@ void Mprisarbeiter::Nachlesen() {
     NochEinmal = LiestGerade;
     if (LiestGerade) return;
     LiestGerade = true;
+    if (!FähigkeitenBekannt) FähigkeitenLesen();
     auto Alles = Frage(Eigenschaften, "GetAll");
     Alles << QString::fromLatin1(Player);
     Rufen(Alles, [this](const QDBusMessage& Antwort) {
@@ -229,8 +241,8 @@ void Mprisarbeiter::Nachlesen() {
 
 void Mprisarbeiter::PositionLesen() {
     if (Dienst.isEmpty()) return;
-    // A player that does not answer is asked for all it has when it comes back.
-    if (Stumm()) return Nachlesen();
+    // A player that did not answer is asked for all it has: something may have been missed.
+    if (Fehlschläge > 0) return Nachlesen();
     auto Wo = Frage(Eigenschaften, "Get");
     Wo << QString::fromLatin1(Player) << u"Position"_s;
     Rufen(Wo, [this](const QDBusMessage& Antwort) {

@@ -56,6 +56,7 @@ class Mprisarbeiter final : public QObject {
     void Aufnehmen(const QString& Name);
     void Hören(const QString& Eigner, bool An);
     void Verlieren();
+    void FähigkeitenLesen();
     void Nachlesen();
     void PositionLesen();
     void GanzLesen(const QVariantMap& Werte);
@@ -83,6 +84,7 @@ class Mprisarbeiter final : public QObject {
     bool Zweit = false;
     int Fehlschläge = 0;
     std::uint64_t Folge = 0;  // rises when another player is watched: late answers are dropped
+    bool FähigkeitenBekannt = false;
     bool LiestGerade = false;
     bool NochEinmal = false;  // something changed while an answer was under way
 };

@@ -139,6 +139,7 @@ QWidget* frmAutoDJ::ToplisteAnlegen() {
 
 QLayout* frmAutoDJ::GenresAnlegen() {
     auto* const Spalte = new QVBoxLayout;
+    Spalte->setSpacing(9);
     lstFelder = new QListWidget(this);
     lstFelder->setObjectName(u"lstFelder"_s);
     lstFelder->setAccessibleName(u"Genres"_s);

@@ -17,6 +17,18 @@ namespace {
 constexpr std::uint64_t GrößteDatei = 256ULL * 1024 * 1024;  // bytes
 constexpr int GrößteKante = 8000;                            // pixels; larger pictures are read smaller
 
+QString Fehlertext(QImageReader::ImageReaderError Fehler) {
+    switch (Fehler) {
+        case QImageReader::UnsupportedFormatError:
+            return u"Das Bild konnte nicht angezeigt werden: Die Datei ist kein Bild oder hat ein "
+                   "unbekanntes Format."_s;
+        case QImageReader::InvalidDataError:
+            return u"Das Bild konnte nicht angezeigt werden: Die Datei ist beschädigt oder zu groß."_s;
+        default:
+            return u"Das Bild konnte nicht angezeigt werden."_s;
+    }
+}
+
 // The picture of a file in the position in which it was taken; Fehler says why there is none. The file is
 // read by its bytes, since Qt cannot name every file.
 QPixmap BildLesen(std::string_view Pfad, QString& Fehler) {
@@ -33,7 +45,9 @@ QPixmap BildLesen(std::string_view Pfad, QString& Fehler) {
     if (Größe.width() > GrößteKante || Größe.height() > GrößteKante)
         Leser.setScaledSize(Größe.scaled(GrößteKante, GrößteKante, Qt::KeepAspectRatio));
     const QImage Gelesen = Leser.read();
-    if (Gelesen.isNull()) Fehler = u"Das Bild konnte nicht angezeigt werden: "_s + Leser.errorString();
+    if (Gelesen.isNull())
+        Fehler = Fehlertext(Leser.error()) +
+                 u"\n\nMit 'Ausführen' öffnen Sie die Datei mit ihrer Standard-Anwendung."_s;
     return QPixmap::fromImage(Gelesen);
 }
 
@@ -60,7 +74,9 @@ frmBildAnzeige::frmBildAnzeige(std::string_view Pfad, QWidget* Eltern) : QDialog
     const QSize Platz =
         (Eltern != nullptr ? Eltern->screen() : QGuiApplication::primaryScreen())->availableSize();
     const QSize Wunsch = Bild.isNull() ? QSize(480, 320) : Bild.deviceIndependentSize().toSize();
-    resize(Wunsch.boundedTo(Platz * 0.8));
+    const QSize Größter = Platz * 0.8;
+    const bool Passt = Wunsch.boundedTo(Größter) == Wunsch;
+    resize(Passt ? Wunsch : Wunsch.scaled(Größter, Qt::KeepAspectRatio));
 }
 
 void frmBildAnzeige::resizeEvent(QResizeEvent* Ereignis) {
