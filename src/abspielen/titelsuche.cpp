@@ -191,7 +191,8 @@ bool Titelsuche::Weitersuchen(const Katalog& Index, Satznummer Höchstens) {
     const Satznummer Bis = Nächster - 1 + std::min(Höchstens, Index.IndexAnzahl() - (Nächster - 1));
     const Abschnitt Suche(*this, Index);
     std::vector<Funde> Gefunden(HöchsteTeilzahl());
-    AufKerneVerteilen(static_cast<std::size_t>(Bis - Nächster + 1), SätzeJeKern,
+    const Satznummer Anzahl = Bis - Nächster + 1;
+    AufKerneVerteilen(static_cast<std::size_t>(Anzahl), SätzeJeKern,
                       [&](std::size_t Kern, std::size_t Von, std::size_t Ende) {
                           Gefunden[Kern] = Suche.Suchen(Nächster + static_cast<Satznummer>(Von),
                                                         Nächster + static_cast<Satznummer>(Ende) - 1);

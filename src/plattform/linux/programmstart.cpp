@@ -71,6 +71,7 @@ Programmlaufnummer Systemprogramme::Starten(std::string_view Programm,
     std::vector<std::string> Worte{std::string(Programm)};
     Worte.insert(Worte.end(), Argumente.begin(), Argumente.end());
     std::vector<char*> Zeiger;
+    Zeiger.reserve(Worte.size() + 1);
     for (std::string& Wort : Worte)
         Zeiger.push_back(Wort.data());
     Zeiger.push_back(nullptr);
