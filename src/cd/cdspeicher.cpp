@@ -115,11 +115,13 @@ std::vector<CDEintrag> CDDBCDsSuchen(const CDSpeicherumgebung& Umgebung, Oberfl�
     Umgebung.Leser.Auflisten(Umgebung.Ordner, [&](const Ordnereintrag& Eintrag) {
         const std::string_view Kennung = DateiOhneEndung(Eintrag.Name);
         if (!Eintrag.IstOrdner && EndetMitOhneGroß(Eintrag.Name, Endung) && CDIDGültig(Kennung))
-            Kennungen.emplace_back(Kennung);
+            Kennungen.push_back(Kleinbuchstaben(Kennung));
         Abgebrochen = !Weiter();
         return !Abgebrochen;
     });
     std::sort(Kennungen.begin(), Kennungen.end());
+    // Names in capitals stand beside those in small letters on some file systems.
+    Kennungen.erase(std::unique(Kennungen.begin(), Kennungen.end()), Kennungen.end());
     std::vector<CDEintrag> Gefundene;
     for (const auto& Kennung : Kennungen) {
         Abgebrochen = Abgebrochen || !Weiter();

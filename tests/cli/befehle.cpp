@@ -120,6 +120,45 @@ TEST_F(Programmtest, EinFehlenderIndexEntstehtNurWoErSoll) {
     EXPECT_NE(Fehler.find("nicht existiert."), std::string::npos);
 }
 
+TEST_F(Programmtest, EinCdAbbildIstEinLaufwerkMitTiteln) {
+    fs::create_directories(Ordner + "/p/CDDB");
+    std::ofstream(Ordner + "/a.bin") << std::string(std::size_t{2352} * 300, 'x');
+    const std::string Anfang =
+        "FILE a.bin BINARY\nTRACK 01 AUDIO\nINDEX 01 00:00:00\nTRACK 02 AUDIO\nINDEX 01 ";
+    std::ofstream(Ordner + "/a.cue") << Anfang << "00:02:00";
+    std::ofstream(Ordner + "/leer.cue") << "TITLE x";
+    ASSERT_EQ(Cli("--json cd-info a.cue"), 0) << Fehler;
+    EXPECT_TRUE(IstEinJsonDokument(Aus));
+    for (const char* Teil : {"\"DiskID\":\"06000402\"", "cddb+query+06000402+2+150+300+6", "[150,300,450]"})
+        EXPECT_TRUE(Enthält(Teil)) << Aus;
+    EXPECT_EQ(Cli("cd-info leer.cue") + Cli("cd-info /dev/null") + Cli("hinzufuegen leer.cue"), 3);
+    EXPECT_NE(Fehler.find("nennt keinen Titel"), std::string::npos);
+
+    std::ofstream(Ordner + "/p/CDDB/06000402.dat")
+        << "lwifcddb1\r\nDTITLE=Various / Fest\r\nTTITLE0=A / B\r\nTTITLE1=C";
+    ASSERT_EQ(Cli("hinzufuegen a.cue"), 0) << Fehler;
+    ASSERT_EQ(Cli("--json saetze 1"), 0);
+    for (const char* Teil :
+         {"a.cue/Track01.cda", "\"Titel\":\"B\"", "\"Interpret\":\"A\"", "\"Album\":\"Fest\"",
+          "\"Wechselmedium\":\" 06000402\"", "\"Dauer\":2", "\"Dateityp\":5"})
+        EXPECT_TRUE(Enthält(Teil)) << Teil << "\n" << Aus;
+    EXPECT_EQ(Cli("hinzufuegen a.cue"), 0);
+    EXPECT_TRUE(Enthält("0 Datei(en) hinzugefügt, 2")) << Aus;
+    // Another disc in the same place: its tracks are others, and those of the first one are out of reach.
+    std::ofstream(Ordner + "/a.cue") << Anfang << "00:01:00";
+    EXPECT_EQ(Cli("hinzufuegen a.cue"), 0);
+    EXPECT_TRUE(Enthält("2 Datei(en) hinzugefügt, 4")) << Aus;
+    fs::rename(Ordner + "/a.cue", Ordner + "/b.cue");
+    EXPECT_EQ(Cli("--json aufraeumen --methode 5"), 0);
+    EXPECT_EQ(Aus, "[]\n") << "a disc that is out is not missing";
+
+    ASSERT_EQ(Cli("--json cd-cache"), 0);
+    EXPECT_TRUE(Enthält("\"ID\":\"06000402\"") && Enthält("\"Album\":\"Fest\"") && IstEinJsonDokument(Aus));
+    ASSERT_EQ(Cli("--json xmcd p/CDDB/06000402.dat"), 0);
+    EXPECT_TRUE(Enthält("\"Titel\":[\"A / B\",\"C\"]") && IstEinJsonDokument(Aus)) << Aus;
+    EXPECT_EQ(Cli("xmcd fehlt"), 1);
+}
+
 TEST_F(Programmtest, TagsWerdenGeschriebenUndEntferntUndDerIndexFolgt) {
     std::ofstream(Ordner + "/text") << "Zeile 1\r\nZeile 2";
     ASSERT_EQ(Cli("--json tag-schreiben --v1 Titel=Äpfel --v1 Genre=Pop --v2 V2Titel=Größe --v2 V2Qualität=9 "

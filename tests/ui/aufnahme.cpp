@@ -3,11 +3,13 @@
 #include <QClipboard>
 #include <QCommandLinkButton>
 #include <QLabel>
+#include <QMenu>
 #include <QRadioButton>
 #include <QToolButton>
 
 #include "core/laden.h"
 #include "core/listenlauf.h"
+#include "plattform/speicher/cdlaufwerke.h"
 #include "tests/ui/fensterlauf.h"
 #include "ui/qt/frmdateinichtverfuegbar.h"
 #include "ui/qt/frmindexhinzufuegen.h"
@@ -89,6 +91,31 @@ TEST_F(Aufnahme, KopierenNachDemHinzufügenWirdGewähltUndGemerkt) {
     EXPECT_FALSE(DateiExistiert(Ordner + "/eins.mp3"));
     for (Satznummer Nummer = 1; Nummer <= 3; ++Nummer)
         EXPECT_TRUE(Eins.Programm.Index.Sätze.Pfad(Nummer).starts_with(Werte.KopierenOrdner));
+}
+
+TEST_F(Aufnahme, EineAudioCDWirdImMenüIhresKnopfesGewählt) {
+    const std::string Blatt = Welt.Ordner() + "/Album.cue";
+    std::ofstream(Welt.Ordner() + "/a.bin") << std::string(std::size_t{2352} * 150, 'x');
+    std::ofstream(Blatt)
+        << "FILE a.bin BINARY\nTRACK 01 AUDIO\nINDEX 01 00:00:00\nTRACK 02 AUDIO\nINDEX 01 00:01:00";
+    Welt.Drives.Liste[Blatt + "/"] = {Laufwerksart::CdRom, "", true};
+    Lauf Eins(Welt);
+    speicher::CDs CDs;
+    CDs.Liste[Blatt] = {0, {}, {{150}, {225}}, 300};
+    Eins.Programm.Dienst.CDs = &CDs;
+    QTimer::singleShot(0, qApp, [&] {
+        QWidget* const Form = QApplication::activeModalWidget();
+        ASSERT_NE(Form, nullptr);
+        const QMenu* const Menü = Teil<QPushButton>(*Form, u"cmdCDHinzufügen"_s).menu();
+        ASSERT_NE(Menü, nullptr);
+        ASSERT_EQ(Menü->actions().size(), 2) << "the drive, and an image to be chosen";
+        EXPECT_EQ(Menü->actions()[0]->text(), QtText(Blatt));
+        Menü->actions()[0]->trigger();
+    });
+    Auslösen(Eins, u"mnuHinzufügen"_s);
+    EXPECT_EQ(Namen(Eins), (QStringList{u"Track01.cda"_s, u"Track02.cda"_s}));
+    EXPECT_EQ(Eins.Programm.Index.Sätze.Text(2, FeldTitel), "Titel 2");
+    EXPECT_EQ(Eins.Programm.Index.Sätze.Text(2, FeldWechselmedium), " 05000202");
 }
 
 TEST_F(Aufnahme, SynchronisierenStehtInMenüUndFunktionsleiste) {
