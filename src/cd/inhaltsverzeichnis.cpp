@@ -49,7 +49,10 @@ bool clsCcd::Init(const CDLaufwerke& Port, std::string_view Name) {
     Laufwerk = Name;
     ErrMsg = Inhalt.Fehlertext;
     ErrorCode = Inhalt.Fehlernummer;
-    if (Inhalt.Fehlernummer != 0 || Inhalt.Spuren.empty()) return false;
+    if (Inhalt.Fehlernummer != 0 || Inhalt.Spuren.empty()) {
+        if (ErrMsg.empty()) ErrMsg = "Undetermined MCI error";
+        return false;
+    }
     TrackCount = static_cast<std::int16_t>(std::min<std::size_t>(Inhalt.Spuren.size(), INT16_MAX));
     for (int i = 0; i < TrackCount; ++i) {
         const CDSpur& Spur = Inhalt.Spuren[static_cast<std::size_t>(i)];

@@ -109,6 +109,8 @@ void frmIndexHinzufügen::WegeAnlegen(QVBoxLayout& Spalte, const std::vector<std
         Knopf->setObjectName(Name);
         Knopf->setIcon(Symbolbild(Bild));
         Knopf->setIconSize({26, 26});
+        // On a low screen the form would else be laid out with the second lines cut.
+        Knopf->setMinimumHeight(Knopf->sizeHint().height());
         Wege->addWidget(Knopf);
         connect(Knopf, &QCommandLinkButton::clicked, this, Handler);
         return Knopf;
