@@ -98,6 +98,10 @@ frmIndexHinzufügen::frmIndexHinzufügen(const std::vector<Dateityp>& Dateitypen
     WegeAnlegen(*Spalte, CDs);
     VerschiebenAnlegen(*Spalte);
     KnöpfeHinzufügen(*Spalte, *this, {{u"cmdOk"_s, u"&Schließen"_s, Rejected}})[0]->setAutoDefault(false);
+    // Left to itself the form would get two thirds of the screen's height at most, and on a low screen cut
+    // off the second lines.
+    const int Breite = sizeHint().width();
+    resize(Breite, layout()->totalHeightForWidth(Breite));
 }
 
 void frmIndexHinzufügen::WegeAnlegen(QVBoxLayout& Spalte, const std::vector<std::string>& CDs) {
@@ -109,8 +113,6 @@ void frmIndexHinzufügen::WegeAnlegen(QVBoxLayout& Spalte, const std::vector<std
         Knopf->setObjectName(Name);
         Knopf->setIcon(Symbolbild(Bild));
         Knopf->setIconSize({26, 26});
-        // On a low screen the form would else be laid out with the second lines cut.
-        Knopf->setMinimumHeight(Knopf->sizeHint().height());
         Wege->addWidget(Knopf);
         connect(Knopf, &QCommandLinkButton::clicked, this, Handler);
         return Knopf;
