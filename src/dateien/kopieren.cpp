@@ -1,6 +1,9 @@
 #include "dateien/kopieren.h"
 
+#include <unordered_set>
+
 #include "basis/pfad.h"
+#include "basis/text.h"
 #include "dateien/loeschen.h"
 
 namespace liedwerk {
@@ -27,13 +30,41 @@ std::string_view RestHinter(std::string_view Pfad, std::string_view Ordner) {
     return DateinameVon(Pfad);
 }
 
+// The files that one batch works on: its sources, and what it has put at its targets. The rule for existing
+// targets was chosen for what lay there before; none of these may replace another one unasked.
+class Stapeldateien {
+  public:
+    Stapeldateien(const Satzspeicher& Index, std::span<const Satznummer> Sätze, std::int16_t GewählteRegel)
+        : Regel(GewählteRegel) {
+        if (!KannErsetzen()) return;
+        for (const Satznummer Nummer : Sätze)
+            Aufnehmen(Index.Pfad(Nummer));
+    }
+    void Aufnehmen(std::string_view Pfad) {
+        // Folded, since the target may be a file system for which the names are the same.
+        if (KannErsetzen()) Pfade.insert(Falten(Pfad));
+    }
+    std::int16_t RegelFür(std::string_view Ziel) const {
+        if (!KannErsetzen() || !Pfade.contains(Falten(Ziel))) return Regel;
+        return Regel == ÜberschreibenÄltereSonstNie ? ÜberschreibenNie : ÜberschreibenFragen;
+    }
+
+  private:
+    bool KannErsetzen() const { return Regel != ÜberschreibenFragen && Regel != ÜberschreibenNie; }
+    std::int16_t Regel;
+    std::unordered_set<std::string> Pfade;
+};
+
 void EinzelnKopieren(const Dateiumgebung& Umgebung, Satznummer Nummer, const Kopierauftrag& Auftrag,
-                     std::int64_t Position, bool Letzter, Kopierbericht& Bericht) {
+                     std::int64_t Position, bool Letzter, Stapeldateien& Stapel, Kopierbericht& Bericht) {
     const std::string Pfad = Umgebung.Index.Sätze.Pfad(Nummer);
     const std::string Ziel = KopierzielBilden(Pfad, LaufwerkDesPfades(Umgebung.Laufwerk, Pfad), Auftrag);
     const auto Ergebnis =
-        DateiVerschieben(Umgebung.Person, Pfad, Ziel, Auftrag.Verschieben, Auftrag.Überschreiben, Position);
-    if (Ergebnis.Getan) ++Bericht.Anzahl;
+        DateiVerschieben(Umgebung.Person, Pfad, Ziel, Auftrag.Verschieben, Stapel.RegelFür(Ziel), Position);
+    if (Ergebnis.Getan) {
+        ++Bericht.Anzahl;
+        Stapel.Aufnehmen(Ergebnis.Ziel);
+    }
     if (!Ergebnis.Gelungen) Bericht.Gelungen = false;
     if (Ergebnis.Umgezogen) {
         SatzUmziehen(Umgebung, Nummer, Ergebnis.Ziel);
@@ -63,6 +94,7 @@ Kopierbericht DateienKopierenVerschieben(const Dateiumgebung& Umgebung, std::spa
         return Bericht;
     }
     MediumVergessen(Umgebung.Medium);
+    Stapeldateien Stapel(Umgebung.Index.Sätze, Sätze, Auftrag.Überschreiben);
     Person.FortschrittStarten("Dateien kopieren/verschieben", true, static_cast<std::int64_t>(Sätze.size()));
     for (std::size_t Stelle = 0; Stelle < Sätze.size() && !Bericht.Abgebrochen; ++Stelle) {
         const Satznummer Nummer = Sätze[Stelle];
@@ -77,7 +109,7 @@ Kopierbericht DateienKopierenVerschieben(const Dateiumgebung& Umgebung, std::spa
         if (Da != Verfügbarkeit::Weiter)
             Bericht.Gelungen = false;
         else
-            EinzelnKopieren(Umgebung, Nummer, Auftrag, Position, Stelle + 1 == Sätze.size(), Bericht);
+            EinzelnKopieren(Umgebung, Nummer, Auftrag, Position, Stelle + 1 == Sätze.size(), Stapel, Bericht);
     }
     Person.FortschrittSchließen();
     Person.StatusZeigen(std::to_string(Bericht.Anzahl) +

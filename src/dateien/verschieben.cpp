@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <vector>
 
 #include "basis/dateiname.h"
 #include "basis/pfad.h"
@@ -110,11 +111,37 @@ bool VerweisBräche(std::string_view Quelle, std::string_view Ziel) {
     return !Vorher || !Danach || Vorher->Gerät != Danach->Gerät || Vorher->Inode != Danach->Inode;
 }
 
+// The missing folders above a file, created; those that hold nothing go again when the file does not come.
+class Zielordner {
+  public:
+    explicit Zielordner(std::string_view Ziel) {
+        std::string Ordner(PfadVon(Ziel));
+        while (!Ordner.empty() && !OrdnerExistiert(Ordner)) {
+            Neue.push_back(Ordner);
+            Ordner = PfadVon(Ordner);
+        }
+    }
+    Zielordner(const Zielordner&) = delete;
+    Zielordner& operator=(const Zielordner&) = delete;
+    ~Zielordner() {
+        if (Gebraucht) return;
+        for (const std::string& Ordner : Neue)
+            static_cast<void>(OrdnerLöschen(Ordner));
+    }
+    Dateifehler Anlegen() const { return Neue.empty() ? Dateifehler() : OrdnerAnlegen(Neue.front()); }
+    void Behalten() { Gebraucht = true; }
+
+  private:
+    std::vector<std::string> Neue;  // the innermost first
+    bool Gebraucht = false;
+};
+
 // The change of names, or the copy and then the removal of the source.
 void Ausführen(const Begleitung& Dabei, std::string_view Quelle, bool Verschieben, Vorhandenes Regel,
                Verschiebeergebnis& Ergebnis) {
     const std::string& Ziel = Ergebnis.Ziel;
-    if (auto Fehler = OrdnerAnlegen(PfadVon(Ziel))) {
+    Zielordner Ordner(Ziel);
+    if (auto Fehler = Ordner.Anlegen()) {
         Ergebnis.Fehlertext = Fehlersatz(Quelle, Ziel, Verschieben, Fehler.Text);
         return;
     }
@@ -140,6 +167,7 @@ void Ausführen(const Begleitung& Dabei, std::string_view Quelle, bool Verschieb
         if (!Ergebnis.Abgebrochen) Ergebnis.Fehlertext = Fehlersatz(Quelle, Ziel, Verschieben, Fehler.Text);
         return;
     }
+    Ordner.Behalten();
     Ergebnis.Gelungen = Ergebnis.Getan = true;
     if (!Verschieben || Umbenannt) return;
     if (const auto Rest = DateiLöschen(Quelle)) {

@@ -138,6 +138,26 @@ TEST_F(Kopierprobe, ZweiNamenEinerDateiKostenSieNie) {
     EXPECT_EQ(Inhalt("nah.mp3"), "lied");
 }
 
+TEST_F(Kopierprobe, HilfsdateienUndOrdnerLassenNichtsZurückUndNehmenNichts) {
+    Ordner.Datei("q.mp3", "quelle");
+    Ordner.Datei("z/q.mp3~lwikopie", "meine");
+    EXPECT_TRUE(DateiVerschieben(Person, Ordner.In("q.mp3"), Ordner.In("z/q.mp3"), false, 0).Gelungen);
+    EXPECT_EQ(Inhalt("z/q.mp3"), "quelle");
+    EXPECT_EQ(Inhalt("z/q.mp3~lwikopie"), "meine");
+    fs::create_symlink("nirgends", Ordner.In("z/v.mp3"));
+    Ordner.Datei("z/v.mp3~lwiverweis", "auch meine");
+    EXPECT_TRUE(DateiVerschieben(Person, Ordner.In("q.mp3"), Ordner.In("z/v.mp3"), false, 2).Gelungen);
+    EXPECT_EQ(Inhalt("z/v.mp3~lwiverweis"), "auch meine");
+
+    // Folders that were made for a file that does not come go again; one that was there stays.
+    fs::create_directory(Ordner.In("leer"));
+    const std::string Lang = "leer/neu/tief/" + std::string(300, 'n') + ".mp3";
+    EXPECT_FALSE(Verschieben("q.mp3", Lang).Gelungen);
+    EXPECT_FALSE(Verschieben("q.mp3", "leer/neu/" + std::string(300, 'o') + "/q.mp3").Gelungen);
+    EXPECT_TRUE(OrdnerExistiert(Ordner.In("leer")));
+    EXPECT_FALSE(OrdnerExistiert(Ordner.In("leer/neu")));
+}
+
 TEST_F(Kopierprobe, WasNichtGehtLässtDieQuelleUndSagtWarum) {
     const std::string Quelle = Ordner.Datei("q.mp3", "quelle");
     Ordner.Datei("datei", "x");
@@ -237,6 +257,33 @@ TEST_F(Kopierprobe, DerIndexFolgtDemWasGeschehenIst) {
                                Ordner.In("neu"), true, 1)
                   .Ziel,
               Ordner.In("neu/tief/eins.mp3"));
+}
+
+TEST_F(Kopierprobe, EinStapelErsetztNieUngefragtEineSeinerDateien) {
+    const struct {
+        std::int16_t Regel;
+        bool Verschieben;
+        bool Gefragt;
+    } Fälle[] = {{2, false, true}, {2, true, true}, {3, true, true}, {4, true, false}, {1, true, false}};
+    for (const auto& Fall : Fälle) {
+        SCOPED_TRACE(std::to_string(Fall.Regel) + (Fall.Verschieben ? " verschoben" : " kopiert"));
+        fs::remove_all(Ordner.In("ziel"));
+        Index.Sätze.Leeren();
+        Person = {};
+        // Two sources of one name, and one that lies where another one shall go.
+        const Satznummer Alle[] = {Lied("a/lied.mp3", "eins"), Lied("b/lied.mp3", "zwei"),
+                                   Lied("a/da.mp3", "neu"), Lied("ziel/da.mp3", "alt")};
+        Ordner.Datei("ziel/lied.mp3", "fremd");
+        for (const char* const Name : {"a/lied.mp3", "b/lied.mp3", "a/da.mp3"})
+            Alter(Ordner.In(Name), 1000);  // old enough for the rules that look at it
+        Werte.LeereOrdnerLöschen = 0;
+        DateienKopierenVerschieben(Umgebung, Alle, {Ordner.In("ziel"), false, Fall.Verschieben, Fall.Regel});
+        EXPECT_EQ(Inhalt("ziel/lied.mp3"), Fall.Regel == 1 ? "fremd" : "eins");
+        EXPECT_EQ(Inhalt("b/lied.mp3"), "zwei");
+        EXPECT_EQ(Inhalt("a/da.mp3"), "neu");
+        EXPECT_EQ(Inhalt("ziel/da.mp3"), "alt");
+        EXPECT_EQ(Person.Gefragt.size(), Fall.Gefragt ? 2U : 0U);
+    }
 }
 
 TEST_F(Kopierprobe, GelöschtWirdNurWasBestätigtIstUndNieAmPapierkorbVorbei) {

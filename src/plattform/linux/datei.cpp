@@ -30,9 +30,8 @@ std::optional<struct stat> AngabenLesen(std::string_view Pfad) {
     return Angaben;
 }
 
-// The temporary name of a copy; cut where the file system could not hold it.
-std::string Kopienname(std::string_view Ziel) {
-    constexpr std::string_view Ende = "~lwikopie";
+// A name beside Ziel for a helper file; cut where the file system could not hold it.
+std::string Hilfsname(std::string_view Ziel, std::string_view Ende) {
     constexpr std::size_t Namenslänge = 255;
     const std::size_t Name = Ziel.size() - (Ziel.rfind('/') + 1);
     std::size_t Länge = Ziel.size();
@@ -41,6 +40,18 @@ std::string Kopienname(std::string_view Ziel) {
     while (Länge < Ziel.size() && (static_cast<unsigned char>(Ziel[Länge]) & 0xC0U) == 0x80)
         --Länge;
     return std::string(Ziel.substr(0, Länge)).append(Ende);
+}
+
+// The same, under which nothing lies: what a person calls so stays, and another copy's helper too. The name
+// itself once a hundred are taken; opening it then tells what is wrong.
+std::string FreierHilfsname(std::string_view Ziel, const std::string& Ende) {
+    constexpr int Versuche = 100;
+    struct stat Angaben {};
+    for (int Nummer = 1; Nummer <= Versuche; ++Nummer) {
+        std::string Name = Hilfsname(Ziel, Nummer == 1 ? Ende : Ende + std::to_string(Nummer));
+        if (::lstat(Name.c_str(), &Angaben) != 0) return Name;
+    }
+    return Hilfsname(Ziel, Ende);
 }
 
 bool Unverändert(const Dateistand& Vorher, std::string_view Pfad) {
@@ -228,13 +239,13 @@ Dateifehler DateiKopieren(std::string_view Quelle, std::string_view Ziel, Vorhan
     struct stat Stand {};
     if (::lstat(std::string(Ziel).c_str(), &Stand) == 0 && S_ISLNK(Stand.st_mode)) {
         // The name is replaced, never the file that it leads to.
-        const std::string Daneben = std::string(Ziel) + "~lwiverweis";
+        const std::string Daneben = FreierHilfsname(Ziel, "~lwiverweis");
         if ((Fehler = DateiKopieren(Quelle, Daneben, Vorhandenes::Lassen, Weiter))) return Fehler;
         if ((Fehler = DateiUmbenennen(Daneben, Ziel, Regel))) DateiLöschen(Daneben);
         return Fehler;
     }
     Dateiersatz Nach;
-    switch (Nach.Öffnen(std::string(Ziel), Kopienname(Ziel), std::string(Quelle))) {
+    switch (Nach.Öffnen(std::string(Ziel), FreierHilfsname(Ziel, "~lwikopie"), std::string(Quelle))) {
         case Dateiersatz::Öffnung::Gesperrt:
             return Systemfehler(EAGAIN);
         case Dateiersatz::Öffnung::Fehler:

@@ -57,10 +57,22 @@ class Namensgeber {
         Zeile.Meldung = Plan.Frage.empty() ? Plan.Hindernis : Plan.Frage;
         if (Plan.Neu.empty()) return;
         Zeile.Neu = Plan.Neu;
-        const bool Belegt =
-            Plan.Neu != Zeile.Alt && (DateiExistiert(Plan.Neu) || !Geplant.insert(Plan.Neu).second);
-        if (Belegt) Zeile.Meldung = "Die Zieldatei '" + Plan.Neu + "' existiert bereits.";
+        if (OrdnerExistiert(Plan.Neu)) {
+            Zeile.Meldung = "Das Ziel '" + Plan.Neu + "' ist ein Ordner.";
+        } else if (Plan.Neu != Zeile.Alt && Belegt(Plan.Neu)) {
+            Zeile.Meldung = "Die Zieldatei '" + Plan.Neu + "' existiert bereits.";
+        }
         Zeile.Ergebnis = Zeile.Meldung.empty();
+        if (!Zeile.Ergebnis || Plan.Neu == Zeile.Alt) return;
+        Geplant.insert(Plan.Neu);
+        Geräumt.insert(Zeile.Alt);
+        Geräumt.erase(Plan.Neu);
+        Geplant.erase(Zeile.Alt);
+    }
+
+    // Whether a file would stand under the name by the time of the rename.
+    bool Belegt(const std::string& Pfad) const {
+        return Geplant.contains(Pfad) || (DateiExistiert(Pfad) && !Geräumt.contains(Pfad));
     }
 
     void Ausführen(Katalog& Index, Satznummer Nummer, Umbenennzeile& Zeile) {
@@ -80,7 +92,8 @@ class Namensgeber {
     Programmlauf& Lauf;
     Umbenennauftrag Auftrag;
     Katalog Lose;
-    std::set<std::string> Geplant;
+    std::set<std::string> Geplant;  // names that the trial has given so far
+    std::set<std::string> Geräumt;  // names that it has taken away
 };
 
 void ZeileSchreiben(Programmlauf& Lauf, const Umbenennzeile& Zeile) {
