@@ -88,6 +88,12 @@ Termineingabe TermineingabeVon(const Termin& Eintrag) {
     return Eingabe;
 }
 
+void TermineingabeNachführen(Termineingabe& Eingabe, const Termin& Geöffnet, const Termin& Jetziger) {
+    if (DatumNormalisieren(Eingabe.BenachrichtigenAm) == DatumNormalisieren(Geöffnet.BenachrichtigenAm))
+        Eingabe.BenachrichtigenAm = Jetziger.BenachrichtigenAm;
+    if (Eingabe.Zurücksetzen == Geöffnet.Erledigt.empty()) Eingabe.Zurücksetzen = Jetziger.Erledigt.empty();
+}
+
 std::size_t TerminHinzufügen(std::vector<Termin>& Termine, const Termineingabe& Eingabe,
                              const Zeitpunkt& Jetzt) {
     Termin Neuer;

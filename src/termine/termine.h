@@ -54,6 +54,10 @@ struct Termineingabe {
 // The same back from an event.
 Termineingabe TermineingabeVon(const Termin& Eintrag);
 
+// An event may fire while its form is open. What the person left as the form showed it (Geöffnet) takes what
+// the firing has made of it (Jetziger), so that storing does not put an old notice back.
+void TermineingabeNachführen(Termineingabe& Eingabe, const Termin& Geöffnet, const Termin& Jetziger);
+
 // Appends an event that was created at Jetzt; gives its number.
 std::size_t TerminHinzufügen(std::vector<Termin>& Termine, const Termineingabe& Eingabe,
                              const Zeitpunkt& Jetzt);

@@ -3,6 +3,7 @@
 #include <QDateTimeEdit>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -51,9 +52,17 @@ TEST_F(Terminformen, EreignisWirdAngelegtGeändertUndGelöscht) {
             EXPECT_TRUE(Eins.Person.Meldungen.back().starts_with("Das Programm '/gibt/es/nicht'"));
             Teil<QLineEdit>(Form, u"txtAnwendung"_s).clear();
             QTest::mouseClick(&Teil<QCheckBox>(Form, u"chkDatum"_s), Qt::LeftButton);
+            auto& Text = Teil<QPlainTextEdit>(Form, u"txtMeldungstext"_s);
+            Text.insertPlainText(u"Platte\nzurück"_s);
+            QTest::keyClick(&Text, Qt::Key_Return);
+            QTest::keyClicks(&Text, u"geben"_s);
+            EXPECT_EQ(Text.toPlainText(), u"Platte zurück geben"_s) << "as the index will hold it";
+            // The event fires while the form is open.
+            Termine().front().BenachrichtigenAm = "21.01.2027 13:00:00";
         });
         QTest::keyClick(&Zeilen, Qt::Key_Return);
         EXPECT_EQ(Zeilen.model()->index(0, 1).data().toString(), u"21.11.2026 13:00:00"_s);
+        EXPECT_EQ(Termine().front().BenachrichtigenAm, "21.01.2027 13:00:00") << "no old notice comes back";
         Eins.Person.Antworten = {Antwort::Nein, Antwort::Ja};
         QTest::mouseClick(&Teil<QPushButton>(Liste, u"cmdLöschen"_s), Qt::LeftButton);
         EXPECT_EQ(Zeilen.model()->rowCount(), 1);

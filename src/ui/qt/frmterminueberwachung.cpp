@@ -101,11 +101,13 @@ void frmTerminÜberwachung::cmdHinzufügen_Click() {
 void frmTerminÜberwachung::cmdÄndern_Click() {
     const std::size_t Nummer = GewählteNummer();
     if (Nummer == 0) return;
-    const Zeitpunkt Jetzt = Programm.Dienst.Zeit.Jetzt();
-    frmTerminÜberwachungHinzufügen Form(&Programm.Index.Termine[Nummer - 1], Jetzt, Programm.Dienst.Person,
+    const Termin Geöffnet = Programm.Index.Termine[Nummer - 1];
+    frmTerminÜberwachungHinzufügen Form(&Geöffnet, Programm.Dienst.Zeit.Jetzt(), Programm.Dienst.Person,
                                         this);
-    if (Form.exec() != Accepted) return;
-    TerminÄndern(Programm.Index.Termine, Nummer, Form.Eingabe(), Programm.Dienst.Zeit.Jetzt());
+    if (Form.exec() != Accepted || Nummer > Programm.Index.Termine.size()) return;
+    Termineingabe Eingabe = Form.Eingabe();
+    TermineingabeNachführen(Eingabe, Geöffnet, Programm.Index.Termine[Nummer - 1]);
+    TerminÄndern(Programm.Index.Termine, Nummer, Eingabe, Programm.Dienst.Zeit.Jetzt());
     TerminGespeichert(Programm, Nummer);
     Modell(*lstEreignisse).Auffrischen(Nummer);
 }

@@ -136,6 +136,8 @@ QGroupBox* frmTerminÜberwachungHinzufügen::BenachrichtigungAnlegen() {
     txtMeldungstext->setAccessibleName(u"Meldungstext"_s);
     txtMeldungstext->setPlaceholderText(u"(Standardtext)"_s);
     txtMeldungstext->setTabChangesFocus(true);
+    // An event is one line of the index file: a line end is the blank that it will be.
+    connect(txtMeldungstext, &QPlainTextEdit::textChanged, this, [this] { ZeilenendenErsetzen(); });
     txtMeldungstext->setFixedHeight(txtMeldungstext->fontMetrics().lineSpacing() * 4);
     Zeilen->addRow(u"&Meldungstext:"_s, txtMeldungstext);
     txtAnwendung = new QLineEdit(fraBenachrichtigen);
@@ -197,6 +199,16 @@ Termineingabe frmTerminÜberwachungHinzufügen::Eingabe() const {
     Angaben.Anwendung = PfadAusQt(txtAnwendung->text());
     Angaben.Zurücksetzen = chkZurücksetzen->isChecked();
     return Angaben;
+}
+
+void frmTerminÜberwachungHinzufügen::ZeilenendenErsetzen() {
+    if (txtMeldungstext->blockCount() < 2) return;
+    QTextCursor Marke = txtMeldungstext->textCursor();
+    const int Stelle = Marke.position();
+    Marke.select(QTextCursor::Document);
+    Marke.insertText(txtMeldungstext->toPlainText().replace(u'\n', u' '));
+    Marke.setPosition(Stelle);
+    txtMeldungstext->setTextCursor(Marke);
 }
 
 void frmTerminÜberwachungHinzufügen::cmdDurchsuchen_Click() {

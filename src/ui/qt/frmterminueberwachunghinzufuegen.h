@@ -28,6 +28,7 @@ class frmTerminÜberwachungHinzufügen final : public QDialog {
     QWidget* AngabenAnlegen();
     QGroupBox* BenachrichtigungAnlegen();
     void Füllen(const Termineingabe& Angaben, const Zeitpunkt& Jetzt);
+    void ZeilenendenErsetzen();
     void cmdDurchsuchen_Click();
 
     Oberfläche& Person;
