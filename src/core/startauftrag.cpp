@@ -70,9 +70,13 @@ Startauftrag StartauftragLesen(const std::vector<std::string>& Argumente) {
         Auftrag.Namen = RestLesen(std::string_view(Erstes).substr(Leerstelle + 1));
         Stelle = 1;
     }
-    if (Stelle < Argumente.size() && Argumente[Stelle] == "--") ++Stelle;
+    const bool NurNamen = Stelle < Argumente.size() && Argumente[Stelle] == "--";
+    if (NurNamen) ++Stelle;
     for (; Stelle < Argumente.size(); ++Stelle) {
-        if (!Argumente[Stelle].empty()) Auftrag.Namen.push_back(Argumente[Stelle]);
+        const std::string& Wort = Argumente[Stelle];
+        if (!Wort.empty()) Auftrag.Namen.push_back(Wort);
+        if (!NurNamen && Wort.size() > 1 && Wort.front() == '-' && Auftrag.UnbekannteOption.empty())
+            Auftrag.UnbekannteOption = Wort;
     }
     return Auftrag;
 }

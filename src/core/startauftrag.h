@@ -14,6 +14,8 @@ struct Startauftrag {
     std::int16_t Programmmodus = ModusNichtsGeladen;  // 2 for /dir, 3 for /tag
     std::vector<std::string> Namen;  // files or folders, in order; empty: what the settings name
     std::string Kommandozeile;       // all of it as one text, for messages
+    std::string UnbekannteOption;    // the first word with "-" in front that is no switch; one of Namen too,
+                                     // since it may be a file
     bool Hilfe = false;
     bool Version = false;
 };

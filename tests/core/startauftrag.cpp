@@ -66,6 +66,11 @@ TEST(Startauftrag, EinzelneArgumente) {
     }
     EXPECT_EQ(StartauftragLesen(Texte{"/tag", "/m/a b", "/m/c"}).Kommandozeile, "/tag \"/m/a b\" /m/c");
     EXPECT_TRUE(StartauftragLesen(Texte{"--hilfe"}).Hilfe);
+    // A word that is neither switch nor file is told, not opened.
+    EXPECT_EQ(StartauftragLesen(Texte{"--index", "/m/x"}).UnbekannteOption, "--index");
+    EXPECT_EQ(StartauftragLesen(Texte{"/tag", "/m/x", "-a"}).UnbekannteOption, "-a");
+    for (const Texte& Gute : {Texte{"--", "--index"}, Texte{"--dir", "--", "-x"}, Texte{"/m/-x"}, Texte{"-"}})
+        EXPECT_EQ(StartauftragLesen(Gute).UnbekannteOption, "") << Gute.back();
     EXPECT_TRUE(StartauftragLesen(Texte{"--version"}).Version);
 }
 

@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "basis/datei.h"
 #include "core/start.h"
 #include "plattform/abschaltaufschub.h"
 #include "plattform/endesignal.h"
@@ -178,5 +179,11 @@ int main(int Anzahl, char** Werte) {
     QApplication::setQuitOnLastWindowClosed(false);
     DeutschEinrichten(Qt);
     // Qt has taken its own switches ("-style") out by now.
-    return FensterBetreiben(Qt, MitVollenPfaden(StartauftragLesen(Argumente(Anzahl, Werte))));
+    const Startauftrag Auftrag = StartauftragLesen(Argumente(Anzahl, Werte));
+    if (const std::string& Wort = Auftrag.UnbekannteOption;
+        !Wort.empty() && !DateiExistiert(Wort) && !OrdnerExistiert(Wort)) {
+        std::fprintf(stderr, "Liedwerk: Die Option '%s' ist unbekannt.\n\n%s", Wort.c_str(), Hilfetext);
+        return 2;
+    }
+    return FensterBetreiben(Qt, MitVollenPfaden(Auftrag));
 }
