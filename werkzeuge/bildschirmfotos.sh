@@ -80,6 +80,15 @@ foto zusammenfassung 1280x800 \
 rm "$musik/liste.m3u"
 sed -i "1a #OPT:SYNC=$musik,1,\r" "$index"
 foto synchronisieren 1280x800 'xdotool key F5; sleep 1.5'
+markieren='xdotool key Down; sleep 0.3; xdotool key shift+Down shift+Down shift+Down; sleep 0.3'
+foto aufraeumen 1280x800 "xdotool key Down; xdotool key ctrl+a; sleep 0.3; xdotool key ctrl+shift+i; sleep 1; xdotool key alt+s"
+foto umbenennen 1280x800 "$markieren; xdotool key F2"
+foto kopieren 1280x800 "$markieren; xdotool key ctrl+shift+k"
+foto loeschen 1280x800 "$markieren; xdotool key Delete"
+foto exportieren 1280x800 "$markieren; xdotool key ctrl+e"
+foto ereignisse 1280x800 \
+    'xdotool key ctrl+alt+e; sleep 0.7; xdotool key alt+h; sleep 0.7; xdotool type "Platte von Lea"; xdotool key Return'
+foto ereignis 1280x800 'xdotool key ctrl+alt+e; sleep 0.7; xdotool key alt+h'
 foto info 1280x800 'xdotool key F1'
 foto beenden 1280x800 'xdotool key ctrl+q'
 foto menue 1280x800 'xdotool key alt+a'

@@ -221,6 +221,22 @@ TEST_F(Programmtest, NichtsWirdUngefragtErsetzt) {
     EXPECT_EQ(Index(), "#TAG:lw100\r\n");
 }
 
+TEST_F(Programmtest, DieProbeDesUmbenennensSagtWasGeschähe) {
+    Lied("musik/eins.mp3", "zwei", "A", 17);
+    Lied("musik/zwei.mp3", "drei", "A", 17);
+    Lied("musik/drei.mp3", "Ordner", "A", 17);
+    fs::create_directory(Ordner + "/musik/Ordner.mp3");
+    const auto Probe = [this](const std::string& Namen) {
+        return Cli("umbenennen --probe --format %Titel% " + Namen);
+    };
+    EXPECT_EQ(Probe("musik/drei.mp3"), 1);
+    EXPECT_NE(Fehler.find("ist ein Ordner"), std::string::npos) << Fehler;
+    EXPECT_EQ(Probe("musik/eins.mp3 musik/zwei.mp3"), 1) << "both targets exist when their turn comes";
+    fs::remove(Ordner + "/musik/drei.mp3");
+    EXPECT_EQ(Probe("musik/zwei.mp3 musik/eins.mp3"), 0) << "the first makes room for the second";
+    EXPECT_TRUE(fs::exists(Ordner + "/musik/eins.mp3"));
+}
+
 TEST_F(Programmtest, HinzufügenSpeichertUndSpeichernÄndertKeinByte) {
     EXPECT_EQ(Cli("--json hinzufuegen --ohne-unterordner musik"), 0);
     EXPECT_EQ(Aus, "{\"Hinzugefügt\":2,\n\"IndexAnzahl\":2}\n");
