@@ -5,6 +5,7 @@
 #include "basis/datei.h"
 #include "core/dateilauf.h"
 #include "core/suchlauf.h"
+#include "dateien/synchronisieren.h"
 
 namespace liedwerk {
 namespace {
@@ -26,10 +27,11 @@ class Dateiblick {
                 break;
         }
         const std::string Pfad = Programm.Index.Sätze.Pfad(Nummer);
-        const bool Vorhanden = DateiExistiert(Pfad);
-        if (Methode == Aufräummethode::NichtVorhanden) return Urteil(!Vorhanden);
+        // A file that is merely out of reach is no reason to take its record out.
+        if (Methode == Aufräummethode::NichtVorhanden)
+            return Urteil(DateiNachsehen(Pfad, Umgebung) == Dateiverbleib::Fort || OrdnerExistiert(Pfad));
         // Of a file that is not there nobody can say that it lacks a tag.
-        return Urteil(Vorhanden && !HatTag(Pfad));
+        return Urteil(DateiExistiert(Pfad) && !HatTag(Pfad));
     }
 
   private:

@@ -4,23 +4,17 @@
 #include "basis/vorhandensein.h"
 
 namespace liedwerk {
-namespace {
 
-enum class Befund { Da, Fort, Unklar };
-
-// The state of a file whose medium is said to be at hand.
-Befund Nachsehen(const std::string& Pfad, const Mediumumgebung& Umgebung) {
+Dateiverbleib DateiNachsehen(const std::string& Pfad, const Mediumumgebung& Umgebung) {
     // The file manager's list holds folders.
-    if (DateiExistiert(Pfad) || OrdnerExistiert(Pfad)) return Befund::Da;
+    if (DateiExistiert(Pfad) || OrdnerExistiert(Pfad)) return Dateiverbleib::Da;
     // The person has chosen that what cannot be reached does not exist.
-    if (Umgebung.Werte.NichtVerfügbarExistierenNicht == 1) return Befund::Fort;
+    if (Umgebung.Werte.NichtVerfügbarExistierenNicht == 1) return Dateiverbleib::Fort;
     // A drive that is not there (another system's, a disk that is not mounted) tells nothing of its files,
     // and neither does a folder that may not be read or a server that does not answer.
     const bool Gewiss = Umgebung.Drives.Vorhanden(LaufwerkDesPfades(Umgebung, Pfad)) && NichtsVorhanden(Pfad);
-    return Gewiss ? Befund::Fort : Befund::Unklar;
+    return Gewiss ? Dateiverbleib::Fort : Dateiverbleib::Unklar;
 }
-
-}  // namespace
 
 Existenzprüfung ExistenzenPrüfen(const Katalog& Index, Mediumspeicher& Speicher,
                                  const Mediumumgebung& Umgebung, Oberfläche& Person) {
@@ -37,9 +31,9 @@ Existenzprüfung ExistenzenPrüfen(const Katalog& Index, Mediumspeicher& Speiche
             case Verfügbarkeit::Weiter:
                 break;
         }
-        const Befund Was = Nachsehen(Index.Sätze.Pfad(Nummer), Umgebung);
-        if (Was == Befund::Fort) Ergebnis.Fehlende.push_back(Nummer);
-        if (Was == Befund::Unklar) ++Ergebnis.Unklar;
+        const auto Was = DateiNachsehen(Index.Sätze.Pfad(Nummer), Umgebung);
+        if (Was == Dateiverbleib::Fort) Ergebnis.Fehlende.push_back(Nummer);
+        if (Was == Dateiverbleib::Unklar) ++Ergebnis.Unklar;
     }
     return Ergebnis;
 }

@@ -1,6 +1,7 @@
 // The second half of a synchronisation: which records' files are gone for good.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "basis/oberflaeche.h"
@@ -9,6 +10,14 @@
 
 namespace liedwerk {
 
+// What the system says of a file whose medium is said to be at hand.
+enum class Dateiverbleib {
+    Da,
+    Fort,    // it says so of a drive that is there
+    Unklar,  // a drive, folder or server does not answer
+};
+Dateiverbleib DateiNachsehen(const std::string& Pfad, const Mediumumgebung& Umgebung);
+
 struct Existenzprüfung {
     bool Abgebrochen = false;          // by the person: nothing is to be removed
     std::vector<Satznummer> Fehlende;  // records whose files are gone
@@ -16,8 +25,7 @@ struct Existenzprüfung {
 };
 
 // Looks after the file of every record, availability first: what lies on an absent medium is asked for or
-// skipped. A file is gone only when the system says so of a drive that is there. Shows its progress, and
-// leaves it open.
+// skipped. Shows its progress, and leaves it open.
 Existenzprüfung ExistenzenPrüfen(const Katalog& Index, Mediumspeicher& Speicher,
                                  const Mediumumgebung& Umgebung, Oberfläche& Person);
 

@@ -46,6 +46,11 @@ TEST_F(Aufräumtest, FehlendeUndNeuGeleseneDateien) {
     Person.Gefragt.clear();
     EXPECT_TRUE(Suchen(Aufräummethode::NichtVorhanden).empty());
     EXPECT_EQ(Person.Gefragt.size(), 1u);
+    // Neither is one on a disk that is not mounted.
+    Satz.Wechselmedium.clear();
+    P->Index.Sätze.Setzen(2, Pfad(2), Satz);
+    Drives.Liste["/"] = {.Vorhanden = false};
+    EXPECT_TRUE(Suchen(Aufräummethode::NichtVorhanden).empty());
     EXPECT_FALSE(P->LaufAktiv);
 }
 

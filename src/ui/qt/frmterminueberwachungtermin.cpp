@@ -56,9 +56,11 @@ frmTerminÜberwachungTermin::frmTerminÜberwachungTermin(const Terminmeldung& Me
         tmrAusblenden.setSingleShot(true);
         connect(&tmrAusblenden, &QTimer::timeout, this, &QDialog::reject);
         tmrAusblenden.start(Meldung.AnzeigeDauer * 1000);
-        // Whoever answers is not to be interrupted.
+        // Whoever is answering has the whole time again; who has left is not waited for.
+        const auto NochmalsWarten = [this] { tmrAusblenden.start(); };
         for (QRadioButton* const Knopf : findChildren<QRadioButton*>())
-            connect(Knopf, &QRadioButton::toggled, &tmrAusblenden, &QTimer::stop);
+            connect(Knopf, &QRadioButton::toggled, this, NochmalsWarten);
+        connect(txtZeit, &QLineEdit::textEdited, this, NochmalsWarten);
     }
 }
 
