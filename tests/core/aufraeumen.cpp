@@ -49,7 +49,7 @@ TEST_F(Aufräumtest, FehlendeUndNeuGeleseneDateien) {
     // Neither is one on a disk that is not mounted.
     Satz.Wechselmedium.clear();
     P->Index.Sätze.Setzen(2, Pfad(2), Satz);
-    Drives.Liste["/"] = {.Vorhanden = false};
+    Drives.Liste["/"] = {Laufwerksart::Fest, {}, false};
     EXPECT_TRUE(Suchen(Aufräummethode::NichtVorhanden).empty());
     EXPECT_FALSE(P->LaufAktiv);
 }
