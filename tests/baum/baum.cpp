@@ -134,6 +134,20 @@ TEST(Form, NamenZeichenUndLängen) {
     }
 }
 
+// Nothing is asked of the web but through the port that the CD database uses, and that a person has given an
+// address for.
+TEST(Regeln, NurDerHttpAnschlussÖffnetVerbindungen) {
+    static const std::regex Netz(
+        R"re(#\s*include\s*<(QNetwork|QTcp|QUdp|QSsl|QAbstractSocket|QHost|netdb|netinet|curl)|AF_INET)re");
+    int Stellen = 0;
+    for (const auto& [Pfad, Inhalt] : DateienIn("src")) {
+        if (!IstQuelltext(Pfad) || !std::regex_search(Inhalt, Netz)) continue;
+        EXPECT_TRUE(LiegtIn(Pfad, "plattform/qt/http.")) << "src/" << Pfad << " reaches for the web";
+        ++Stellen;
+    }
+    EXPECT_GT(Stellen, 0) << "the port to the web has moved";
+}
+
 TEST(Regeln, VerstößeWerdenErkannt) {
     const auto Anzahl = [](const std::string& Pfad, std::string_view Zeile) {
         return QuelltextPrüfen(Pfad, Zeile).size();

@@ -1,0 +1,129 @@
+// The handbook and the program: a menu entry, key or picture that it names must be there, and a key that the
+// program has must stand in its table.
+#include <QMenuBar>
+#include <QRegularExpression>
+#include <QSet>
+
+#include "basis/datei.h"
+#include "plattform/speicher/spieler.h"
+#include "tests/ui/fensterlauf.h"
+
+using namespace Qt::StringLiterals;
+
+namespace liedwerk::test {
+namespace {
+
+QString OhneBuchstabe(QString Text) {
+    return Text.remove(u'&');
+}
+
+QString Handbuch() {
+    return QtText(DateiLesen(std::string(LIEDWERK_WURZEL) + "/docs/handbuch.md").value_or(""));
+}
+
+// The keys as the handbook writes them.
+QString Tastenname(const QKeySequence& Taste) {
+    static const std::vector<std::pair<QString, QString>> Deutsch = {
+        {u"Ctrl"_s, u"Strg"_s},     {u"Shift"_s, u"Umschalt"_s}, {u"Return"_s, u"Eingabe"_s},
+        {u"Ins"_s, u"Einfg"_s},     {u"Del"_s, u"Entf"_s},       {u"PgUp"_s, u"Bild auf"_s},
+        {u"PgDown"_s, u"Bild ab"_s}};
+    QString Name = Taste.toString(QKeySequence::PortableText);
+    for (const auto& [Fremd, Eigen] : Deutsch)
+        Name.replace(QRegularExpression(u"\\b"_s + Fremd + u"\\b"_s), Eigen);
+    return Name;
+}
+
+// Every way through the menus, "Datei → Speichern", with its action.
+void WegeSammeln(const QMenu& Menü, const QString& Davor, QMap<QString, QAction*>& Wege) {
+    for (QAction* const Aktion : Menü.actions()) {
+        if (Aktion->isSeparator()) continue;
+        const QString Weg = Davor + u" → "_s + OhneBuchstabe(Aktion->text());
+        Wege.insert(Weg, Aktion);
+        if (Aktion->menu() != nullptr) WegeSammeln(*Aktion->menu(), Weg, Wege);
+    }
+}
+
+class HandbuchProbe : public testing::Test {
+  protected:
+    HandbuchProbe() {
+        // The menu "Wiedergabe" is there only with a player to speak to.
+        Welt.Spieler = &Kanal;
+        Welt.Programme = &Programme;
+        Eins = std::make_unique<Lauf>(Welt);
+        for (QAction* const Menü : Eins->Fenster.menuBar()->actions())
+            WegeSammeln(*Menü->menu(), OhneBuchstabe(Menü->text()), Wege);
+    }
+    speicher::Spieler Kanal;
+    speicher::Programme Programme;
+    Umgebung Welt;
+    std::unique_ptr<Lauf> Eins;
+    QMap<QString, QAction*> Wege;
+};
+
+TEST_F(HandbuchProbe, JederGenannteMenüpunktIstDaUndHatEinenNamen) {
+    static const QRegularExpression Fett(u"\\*\\*([^*\\n]+ → [^*\\n]+)\\*\\*"_s);
+    int Anzahl = 0;
+    for (const auto& Fund : Fett.globalMatch(Handbuch())) {
+        EXPECT_TRUE(Wege.contains(Fund.captured(1))) << Fund.captured(1).toStdString();
+        ++Anzahl;
+    }
+    EXPECT_GT(Anzahl, 20) << "the handbook was not read";
+}
+
+TEST_F(HandbuchProbe, TastenStehenInDerTabelleUndJedeHatEineBedeutung) {
+    QMap<QString, QString> Tabelle;
+    static const QRegularExpression Zeile(u"^\\| ([^|]+) \\| ([^|→]+ → [^|]+) \\|$"_s,
+                                          QRegularExpression::MultilineOption);
+    for (const auto& Fund : Zeile.globalMatch(Handbuch())) {
+        for (const QString& Taste : Fund.captured(1).split(u", "_s))
+            Tabelle.insert(Taste, Fund.captured(2));
+    }
+    QMap<QString, QString> Vergeben;
+    for (auto Weg = Wege.cbegin(); Weg != Wege.cend(); ++Weg) {
+        for (const QKeySequence& Taste : Weg.value()->shortcuts()) {
+            const QString Name = Tastenname(Taste);
+            EXPECT_FALSE(Vergeben.contains(Name))
+                << Name.toStdString() << " is both " << Vergeben[Name].toStdString() << " and "
+                << Weg.key().toStdString();
+            Vergeben.insert(Name, Weg.key());
+        }
+    }
+    for (const QString& Taste : QSet<QString>(Tabelle.keyBegin(), Tabelle.keyEnd()) +
+                                    QSet<QString>(Vergeben.keyBegin(), Vergeben.keyEnd())) {
+        EXPECT_EQ(Tabelle.value(Taste), Vergeben.value(Taste)) << Taste.toStdString();
+    }
+}
+
+TEST_F(HandbuchProbe, BilderUndVerweiseFührenZumZiel) {
+    const QString Text = Handbuch();
+    const QString Ordner = QStringLiteral(LIEDWERK_WURZEL "/docs/");
+    static const QRegularExpression Bild(u"!\\[[^\\]]+\\]\\(([^)]+)\\)"_s);
+    QSet<QString> Genannt;
+    for (const auto& Fund : Bild.globalMatch(Text)) {
+        EXPECT_TRUE(QFile::exists(Ordner + Fund.captured(1))) << Fund.captured(1).toStdString();
+        Genannt.insert(Fund.captured(1));
+    }
+    EXPECT_FALSE(Genannt.isEmpty());
+    qint64 Bytes = 0;
+    for (const QFileInfo& Datei : QDir(Ordner + u"bilder"_s).entryInfoList(QDir::Files)) {
+        Bytes += Datei.size();
+        EXPECT_TRUE(Genannt.contains(u"bilder/"_s + Datei.fileName()))
+            << Datei.fileName().toStdString() << " is shown nowhere";
+    }
+    EXPECT_LT(Bytes, 3'000'000);
+    // A link within the page leads to a heading in small letters, blanks as "-", without punctuation.
+    QSet<QString> Ziele;
+    static const QRegularExpression Kopf(u"^#+ (.+)$"_s, QRegularExpression::MultilineOption);
+    for (const auto& Fund : Kopf.globalMatch(Text)) {
+        QString Ziel = Fund.captured(1).toLower();
+        Ziele.insert(
+            Ziel.remove(QRegularExpression(u"[^\\w -]"_s, QRegularExpression::UseUnicodePropertiesOption))
+                .replace(u' ', u'-'));
+    }
+    static const QRegularExpression Verweis(u"\\]\\(#([^)]+)\\)"_s);
+    for (const auto& Fund : Verweis.globalMatch(Text))
+        EXPECT_TRUE(Ziele.contains(Fund.captured(1))) << Fund.captured(1).toStdString();
+}
+
+}  // namespace
+}  // namespace liedwerk::test
