@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # werkzeuge/bildschirmfotos.sh [ZIELORDNER [NAME...]]: starts the real program on a screen that nobody sees, with the
 # demo collection, and takes pictures of its windows and forms: those of the handbook (docs/bilder, the usual target)
-# and some that are only for looking at. With names only these. Needs xvfb, imagemagick and xdotool; optipng
+# and some that are only for looking at. With names only these. TEMPO=3 waits three times as long for each window, for
+# a machine that is busy. Needs xvfb, imagemagick and xdotool; optipng
 # makes the files smaller.
 set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/gemeinsam.sh"
@@ -47,6 +48,7 @@ foto() {
     if [ ${#namen[@]} -gt 0 ] && [[ " ${namen[*]} " != *" $name "* ]]; then return 0; fi
     NAME="$ziel/$name.png" KOMMANDO="$kommando" NURFORM="${4:-}" PROGRAMM="$bau/src/ui/qt/liedwerk" \
         xvfb-run -a -s "-screen 0 ${groesse}x24" bash -c '
+            sleep() { command sleep "$(awk "BEGIN { print $1 * ${TEMPO:-1} }")"; }
             "$PROGRAMM" & lauf=$!
             xdotool search --sync --onlyvisible --name "Liedwerk|Willkommen" >/dev/null
             sleep 1
