@@ -51,7 +51,8 @@ foto() {
             sleep() { command sleep "$(awk "BEGIN { print $1 * ${TEMPO:-1} }")"; }
             "$PROGRAMM" & lauf=$!
             xdotool search --sync --onlyvisible --name "Liedwerk|Willkommen" >/dev/null
-            sleep 1
+            # Out of the way: what lies under the pointer looks different.
+            xdotool mousemove 1279 799; sleep 1
             xdotool search --onlyvisible --name "Liedwerk|Willkommen" | tail -n 1 | xargs xdotool windowfocus
             sleep 0.5; eval "$KOMMANDO"; sleep 1
             fenster=root
@@ -108,9 +109,11 @@ form ausfuehrenmit "$waehlen; xdotool key alt+w; sleep 0.5; xdotool key m"
 
 # Tags
 form tageditor "$mehrere; xdotool key ctrl+t; sleep 0.7"
-form tageditor-id3v1 "$mehrere; xdotool key ctrl+t; sleep 0.7; xdotool key alt+1"
-form tageditor-id3v2 "$mehrere; xdotool key ctrl+t; sleep 0.7; xdotool key alt+2"
-form tageditor-lyrics "$mehrere; xdotool key ctrl+t; sleep 0.7; xdotool key alt+l"
+# This one has all three tags.
+regen='xdotool type rain; sleep 1.5; xdotool key Down; sleep 0.3; xdotool key ctrl+t; sleep 0.7'
+form tageditor-id3v1 "$regen; xdotool key alt+1"
+form tageditor-id3v2 "$regen; xdotool key alt+2"
+form tageditor-lyrics "$regen; xdotool key alt+l"
 form autotag "$waehlen; xdotool key alt+t; sleep 0.5; xdotool key a"
 form autotag-format "$waehlen; xdotool key alt+t; sleep 0.5; xdotool key a; sleep 0.7; xdotool key alt+h; sleep 0.5"
 form lieblingsgenres "xdotool key alt+t; sleep 0.5; xdotool key l"
@@ -119,21 +122,29 @@ form lieblingsgenres "xdotool key alt+t; sleep 0.5; xdotool key l"
 form umbenennen "$mehrere; xdotool key F2"
 form kopieren "$mehrere; xdotool key ctrl+shift+k"
 form loeschen "$mehrere; xdotool key Delete"
-form exportieren 'xdotool key ctrl+e'
+form exportieren 'xdotool key ctrl+alt+x'
 
 # Order in the index
 cp "$index" "$arbeit/vorher.lwi"
 sed -i "1a #OPT:SYNC=$musik,1,\r" "$index"
 foto synchronisieren 1280x800 'xdotool key F5; sleep 1.5'
 cp "$arbeit/vorher.lwi" "$index"
-form aufraeumen 'xdotool key Tab ctrl+a; sleep 0.3; xdotool key ctrl+shift+i; sleep 0.7; xdotool key Return; sleep 1'
-form ereignisse 'xdotool key ctrl+alt+e'
-form ereignis 'xdotool key ctrl+alt+e; sleep 0.7; xdotool key alt+h; sleep 0.7; xdotool type "Mix für Oma brennen"'
+# Two files that were copied some time and came into the index again.
+mkdir "$musik/Alter Rechner"
+cp "$musik"/*/Montag/0[34]*.mp3 "$musik/Alter Rechner"
+"$bau/src/ui/text/liedwerk-cli" --index "$index" --still hinzufuegen "$musik/Alter Rechner" >/dev/null
+form aufraeumen "$waehlen; xdotool key ctrl+a; sleep 0.3; xdotool key ctrl+shift+l; sleep 0.7; xdotool key Return; sleep 1"
+rm -r "$musik/Alter Rechner"
+cp "$arbeit/vorher.lwi" "$index"
+neues='xdotool key ctrl+alt+e; sleep 0.7; xdotool key alt+h; sleep 0.7; xdotool type "Mix für Oma brennen"; sleep 0.3'
+form ereignis "$neues"
+form ereignisse "$neues; xdotool key Return; sleep 0.7"
+cp "$arbeit/vorher.lwi" "$index"
 form beenden 'xdotool key ctrl+q'
-form info 'xdotool key F1'
 
 # For looking at: double size, the folder dialog
 if [ "$ziel" != "$WURZEL/docs/bilder" ]; then
+    form info 'xdotool key F1'
     foto ordnerdialog 1280x800 'xdotool key ctrl+shift+o'
     QT_SCALE_FACTOR=2 foto doppelt 2560x1600 "$waehlen"
 fi
@@ -164,4 +175,4 @@ rm -f "$index" "$XDG_CONFIG_HOME/liedwerk/einstellungen.ini"
 form willkommen 'true'
 rm -f "$index"
 bereit "$gross"
-foto leer 1280x800 'true'
+if [ "$ziel" != "$WURZEL/docs/bilder" ]; then foto leer 1280x800 'true'; fi

@@ -62,7 +62,7 @@ void ExportaktionenAnlegen(Fensterplatz& Platz) {
     Anwendung& Programm = Platz.Programm;
     QWidget* const Fenster = &Platz.Fenster;
     auto* const mnuExportieren = FensteraktionAnlegen(
-        Platz, u"mnuExportieren"_s, u"Expor&tieren..."_s, "exportieren", {QKeySequence(u"Ctrl+E"_s)},
+        Platz, u"mnuExportieren"_s, u"Expor&tieren..."_s, "exportieren", {QKeySequence(u"Ctrl+Alt+X"_s)},
         [&Programm, Fenster] {
             const Liste& Ansicht = Programm.Ansicht;
             ExportierenAusführen(Programm, Fenster,
