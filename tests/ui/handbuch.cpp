@@ -70,11 +70,11 @@ TEST_F(HandbuchProbe, JederGenannteMenüpunktIstDaUndHatEinenNamen) {
     EXPECT_GT(Anzahl, 20) << "the handbook was not read";
 }
 
-TEST_F(HandbuchProbe, TastenStehenInDerTabelleUndJedeHatEineBedeutung) {
+TEST_F(HandbuchProbe, TastenDerTabelleGeltenUndJedeHatEineBedeutung) {
     QMap<QString, QString> Tabelle;
-    static const QRegularExpression Zeile(u"^\\| ([^|]+) \\| ([^|→]+ → [^|]+) \\|$"_s,
-                                          QRegularExpression::MultilineOption);
-    for (const auto& Fund : Zeile.globalMatch(Handbuch())) {
+    static const QRegularExpression Form(u"^\\| ([^|]+) \\| ([^|→]+ → [^|]+) \\|$"_s,
+                                         QRegularExpression::MultilineOption);
+    for (const auto& Fund : Form.globalMatch(Handbuch())) {
         for (const QString& Taste : Fund.captured(1).split(u", "_s))
             Tabelle.insert(Taste, Fund.captured(2));
     }
@@ -88,10 +88,9 @@ TEST_F(HandbuchProbe, TastenStehenInDerTabelleUndJedeHatEineBedeutung) {
             Vergeben.insert(Name, Weg.key());
         }
     }
-    for (const QString& Taste : QSet<QString>(Tabelle.keyBegin(), Tabelle.keyEnd()) +
-                                    QSet<QString>(Vergeben.keyBegin(), Vergeben.keyEnd())) {
-        EXPECT_EQ(Tabelle.value(Taste), Vergeben.value(Taste)) << Taste.toStdString();
-    }
+    EXPECT_GT(Tabelle.size(), 20) << "the table was not read";
+    for (auto Zeile = Tabelle.cbegin(); Zeile != Tabelle.cend(); ++Zeile)
+        EXPECT_EQ(Zeile.value(), Vergeben.value(Zeile.key())) << Zeile.key().toStdString();
 }
 
 TEST_F(HandbuchProbe, BilderUndVerweiseFührenZumZiel) {

@@ -371,7 +371,8 @@ void frmMain::OberflächeAnlegen() {
     Suche->Löschen = [this] { cmdSucheLöschen_Click(); };
     Suche->ZurListe = [this] {
         lstSongs->setFocus(Qt::OtherFocusReason);
-        if (!lstSongs->currentIndex().isValid()) {
+        // The focus alone makes a row current, but selects none.
+        if (!lstSongs->selectionModel()->hasSelection()) {
             lstSongs->setCurrentIndex(Modell->index(0, lstSongs->isColumnHidden(0) ? 1 : 0));
         }
     };
