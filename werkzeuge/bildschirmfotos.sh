@@ -49,12 +49,13 @@ foto() {
     NAME="$ziel/$name.png" KOMMANDO="$kommando" NURFORM="${4:-}" PROGRAMM="$bau/src/ui/qt/liedwerk" \
         xvfb-run -a -s "-screen 0 ${groesse}x24" bash -c '
             sleep() { command sleep "$(awk "BEGIN { print $1 * ${TEMPO:-1} }")"; }
+            # The window of this title takes the keys; without a window manager none comes forward by itself.
+            hin() { xdotool search --onlyvisible --name "$1" | tail -n 1 | xargs xdotool windowfocus; sleep 0.3; }
             "$PROGRAMM" & lauf=$!
             xdotool search --sync --onlyvisible --name "Liedwerk|Willkommen" >/dev/null
             # Out of the way: what lies under the pointer looks different.
             xdotool mousemove 1279 799; sleep 1
-            xdotool search --onlyvisible --name "Liedwerk|Willkommen" | tail -n 1 | xargs xdotool windowfocus
-            sleep 0.5; eval "$KOMMANDO"; sleep 1
+            hin "Liedwerk|Willkommen"; sleep 0.5; eval "$KOMMANDO"; sleep 1
             fenster=root
             if [ -n "$NURFORM" ]; then fenster="$(xdotool getwindowfocus)"; fi
             import -window "$fenster" "$NAME"
@@ -133,14 +134,42 @@ cp "$arbeit/vorher.lwi" "$index"
 mkdir "$musik/Alter Rechner"
 cp "$musik"/*/Montag/0[34]*.mp3 "$musik/Alter Rechner"
 "$bau/src/ui/text/liedwerk-cli" --index "$index" --still hinzufuegen "$musik/Alter Rechner" >/dev/null
-form aufraeumen "$waehlen; xdotool key ctrl+a; sleep 0.3; xdotool key ctrl+shift+l; sleep 0.7; xdotool key Return; sleep 1"
+form aufraeumen "$waehlen; xdotool key ctrl+a; sleep 0.3; xdotool key ctrl+shift+i; sleep 0.7; xdotool key Return; sleep 1"
 rm -r "$musik/Alter Rechner"
 cp "$arbeit/vorher.lwi" "$index"
 neues='xdotool key ctrl+alt+e; sleep 0.7; xdotool key alt+h; sleep 0.7; xdotool type "Mix für Oma brennen"; sleep 0.3'
 form ereignis "$neues"
-form ereignisse "$neues; xdotool key Return; sleep 0.7"
+form ereignisse "$neues; xdotool key Return; sleep 0.7; hin 'Ereignisse verwalten'"
 cp "$arbeit/vorher.lwi" "$index"
 form beenden 'xdotool key ctrl+q'
+
+# Audio CDs: an image, and what is remembered of it
+printf 'FILE "Nordlicht.wav" WAVE\n  TRACK 01 AUDIO\n    INDEX 01 00:00:00\n  TRACK 02 AUDIO\n    INDEX 01 03:34:00\n' \
+    >"$arbeit/Nordlicht.cue"
+truncate -s 75499244 "$arbeit/Nordlicht.wav"
+mkdir -p "$LIEDWERK_ORDNER/CDDB"
+printf '%s\r\n' lwifcddb1 '# xmcd' DISCID=0b01ac02 'DTITLE=Nordlicht Trio / Gezeiten' DYEAR=1987 DGENRE=Folk \
+    TTITLE0=Ebbe TTITLE1=Flut >"$LIEDWERK_ORDNER/CDDB/0b01ac02.dat"
+form cddaten "xdotool key ctrl+alt+c; sleep 0.7; xdotool key alt+i; sleep 1; xdotool type '$arbeit/Nordlicht.cue'
+    xdotool key Return; sleep 1; hin 'CD-Daten'"
+form cdbrowser 'xdotool key alt+e; sleep 0.5; xdotool key l; sleep 0.5'
+
+# Index files and options
+form indexdateien 'xdotool key ctrl+shift+l'
+form indexoptionen 'xdotool key alt+e; sleep 0.5; xdotool key i'
+sed -i "1a #OPT:SYNC=$musik,1,\r" "$index"
+form indexoptionen-sync 'xdotool key alt+e; sleep 0.5; xdotool key i; sleep 0.7; xdotool key alt+y'
+cp "$arbeit/vorher.lwi" "$index"
+form statistik 'xdotool key alt+e; sleep 0.5; xdotool key t'
+for tag in 18 19 20; do cp "$index" "$index - Backup vom $tag.11.2026 21-40-00.bak"; done
+form sicherungskopien 'xdotool key ctrl+shift+l; sleep 0.7; xdotool key alt+w; sleep 0.5'
+rm "$index - Backup"*
+form optionen 'xdotool key ctrl+comma'
+form optionen-wiedergabe 'xdotool key ctrl+comma; sleep 0.7; xdotool key Down Down Down'
+form optionen-sicherheit 'xdotool key ctrl+comma; sleep 0.7; xdotool key Down Down Down Down Down Down Down Down'
+form sperre 'xdotool key ctrl+l'
+form handbuch 'xdotool key F1; sleep 1; hin Handbuch'
+form tipps 'xdotool key alt+h; sleep 0.5; xdotool key t'
 
 # For looking at: double size, the folder dialog
 if [ "$ziel" != "$WURZEL/docs/bilder" ]; then

@@ -11,7 +11,7 @@ void ExtrasaktionenAnlegen(Fensterplatz& Platz) {
     Anwendung& Programm = Platz.Programm;
     auto* const mnuIndexAufräumen = FensteraktionAnlegen(
         Platz, u"mnuIndexAufräumen"_s, u"Index auf&räumen..."_s, "aufraeumen",
-        {QKeySequence(u"Ctrl+Shift+L"_s)}, [&Programm, &Platz] {
+        {QKeySequence(u"Ctrl+Shift+I"_s)}, [&Programm, &Platz] {
             frmIndexVerwaltung Form(Programm, AufräumArbeitsmenge(Programm), Platz.Abspielen, &Platz.Fenster);
             if (Form.exec() == frmIndexVerwaltung::ImHauptfenster)
                 DatensätzeZeigen(Programm, Form.FürHauptfenster());
