@@ -118,6 +118,7 @@ einzeln "ein Buchstabe mehr" "30 ms" buchstabe "$MESSUNG suchen $MILLION $SELTEN
 einzeln "Suche in einem Feld, ab der zweiten" "50 ms" feld "$MESSUNG suchen $MILLION $SELTEN"
 paar "Speichern (write + fsync)" "2, dann 1,3" ms "$MESSUNG speichern $MILLION $DATEN/gespeichert.lwi" ms "$VERGLEICH schreiben $MILLION $DATEN/geschrieben"
 rm -f -- "$DATEN/gespeichert.lwi"
+einzeln "AutoTAG, längster Schritt des Vorbereitens" "20 ms" schritt "$MESSUNG autotag $MILLION $TITELNAME"
 einzeln "AutoTAG '%automatik%', erste Datei" "50 ms" erste "$MESSUNG autotag $MILLION $TITELNAME"
 einzeln "AutoTAG '%automatik%', jede weitere Datei" "50 ms" ms "$MESSUNG autotag $MILLION $TITELNAME"
 

@@ -326,7 +326,8 @@ int Lesen(const Argumente& Worte) {
     return 0;
 }
 
-// AutoTAG on a file name without a format: the first file of a run and the following ones.
+// AutoTAG on a file name without a format: the first file of a run and the following ones; before that the
+// steps that the editor takes in idle moments after it was opened (the longest one, and all of them).
 int AutoTag(const Argumente& Worte) {
     Umfeld Lauf;
     if (!Lauf.Laden(Worte[0])) return 1;
@@ -338,6 +339,16 @@ int AutoTag(const Argumente& Worte) {
                          AutoTagZiel::Beide);
         return MillisekundenSeit(Anfang);
     };
+    constexpr std::size_t SätzeJeSchritt = 20000;
+    double Längster = 0;
+    const auto Anfang = Stoppuhr::now();
+    for (bool Fertig = false; !Fertig;) {
+        const auto Schrittanfang = Stoppuhr::now();
+        Fertig = Verzeichnis.Vorbereiten(Lauf.Index.Sätze, SätzeJeSchritt);
+        Längster = std::max(Längster, MillisekundenSeit(Schrittanfang));
+    }
+    Ausgeben("vorbereiten", MillisekundenSeit(Anfang));
+    Ausgeben("schritt", Längster);
     Ausgeben("erste", Zeit());
     std::vector<double> Zeiten(5);
     for (double& Eine : Zeiten)

@@ -140,7 +140,8 @@ Tagumgebung TagumgebungVon(Anwendung& Programm) {
             Programm.Medium,
             MediumumgebungVon(Programm),
             Programm.Dienst.Person,
-            ProgrammnameMitVersion()};
+            ProgrammnameMitVersion(),
+            Programm.Dienst.Programmordner};
 }
 
 const Programmversion& Version() {

@@ -13,6 +13,7 @@
 #include "core/einstellungsspeicher.h"
 #include "core/laden.h"
 #include "core/terminlauf.h"
+#include "medien/tagrettung.h"
 
 namespace liedwerk {
 namespace {
@@ -274,6 +275,9 @@ void Start::Ausführen() {
             Stufe("Main: Tipps-Fenster überprüfen/anzeigen ", [this] { TippsPrüfen(); });
         }
         Stufe("Main: Fenster prüfen/freigeben ", [this] { FensterFreigeben(); });
+        Stufe("", [this] {
+            UnterbrocheneVollenden(Programm.Dienst.Programmordner, Programm.Dienst.Ordner, Person);
+        });
         if (!TagWeg()) Stufe("Main: Ereignisse prüfen ", [this] { EreignissePrüfen(); });
         Stufe("Main: Start abschließen ", [this] {
             if (TagWeg()) TagEditorAusführen();

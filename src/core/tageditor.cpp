@@ -1,6 +1,7 @@
 #include "core/tageditor.h"
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <future>
 #include <utility>
@@ -16,19 +17,17 @@ namespace {
 using namespace std::chrono_literals;
 
 // Runs the work on a file in a thread of its own. Mostly it is done before anybody could notice; a drive that
-// spins up and a large file get the progress window in place of a window that does not answer.
-void ImHintergrund(Oberfläche& Person, std::string_view Titel, const std::function<void()>& Schritt) {
-    auto Ende = std::async(std::launch::async, Schritt);
+// spins up and a large file get the progress window in place of a window that does not answer. Its cancel, or
+// that of a run over many files, reaches the step where that asks.
+void ImHintergrund(Oberfläche& Person, std::string_view Titel, const Dateischritt& Schritt) {
+    std::atomic<bool> Abbrechen = false;
+    auto Ende = std::async(std::launch::async, [&] { Schritt([&](std::uint64_t) { return !Abbrechen; }); });
     if (Ende.wait_for(50ms) == std::future_status::ready) return Ende.get();
     // A run over many files shows its own progress.
     const bool Eigenes = !Person.FortschrittOffen();
     if (Eigenes) Person.FortschrittStarten(Titel, false, 0);
     while (Ende.wait_for(20ms) != std::future_status::ready) {
-        if (Eigenes) {
-            Person.FortschrittZeigen("", 0);
-        } else {
-            Person.EreignisseVerarbeiten();
-        }
+        if (!Person.FortschrittZeigen("", GleichePosition)) Abbrechen = true;
     }
     if (Eigenes) Person.FortschrittSchließen();
     Ende.get();
@@ -41,10 +40,11 @@ Tagumgebung UmgebungVon(Anwendung& Programm) {
     Umgebung.Leser = [Lesen = std::move(Umgebung.Leser), &Person](
                          std::string_view Pfad, const Datensatz& Vorgabe, const Leseauftrag& Auftrag) {
         Datensatz Satz;
-        ImHintergrund(Person, "Datei wird gelesen", [&] { Satz = Lesen(Pfad, Vorgabe, Auftrag); });
+        ImHintergrund(Person, "Datei wird gelesen",
+                      [&](const Kopierfortschritt&) { Satz = Lesen(Pfad, Vorgabe, Auftrag); });
         return Satz;
     };
-    Umgebung.Ausführen = [&Person](const std::function<void()>& Schritt) {
+    Umgebung.Ausführen = [&Person](const Dateischritt& Schritt) {
         ImHintergrund(Person, "Datei wird gespeichert", Schritt);
     };
     return Umgebung;
@@ -126,6 +126,11 @@ void TagEditorÖffnen(TagEditor& Editor, Anwendung& Programm, std::vector<Satznu
     Programm.Medium.AlleÜberspringen = false;
     AutoTagFormatVorgeben(Programm.Werte);
     DateiInfoAnzeigen(Editor, Programm);
+}
+
+bool AutoTagVorbereiten(Anwendung& Programm) {
+    constexpr std::size_t SätzeJeSchritt = 20000;
+    return Programm.Tagtexte.Vorbereiten(Programm.Index.Sätze, SätzeJeSchritt);
 }
 
 void DateiInfoAnzeigen(TagEditor& Editor, Anwendung& Programm) {

@@ -36,6 +36,9 @@ std::vector<Satznummer> GewählteDateien(const Anwendung& Programm);
 
 // Opens the editor on the given records (at least one) and reads the first file.
 void TagEditorÖffnen(TagEditor& Editor, Anwendung& Programm, std::vector<Satznummer> Dateien);
+// For idle moments while the editor is open: prepares AutoTAG's look into the index step by step, some
+// milliseconds each, so that its first file takes no longer than the others. True when nothing is left to do.
+bool AutoTagVorbereiten(Anwendung& Programm);
 // DateiInfoAnzeigen: reads the current file into the work record and makes the texts of the panes; entries
 // that were not saved and the run flags are gone. A file on an absent medium is asked for first.
 void DateiInfoAnzeigen(TagEditor& Editor, Anwendung& Programm);

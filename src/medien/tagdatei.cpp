@@ -3,13 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <initializer_list>
 #include <optional>
 
 #include "basis/datei.h"
-#include "basis/mehrfachnamen.h"
-#include "basis/pfad.h"
-#include "basis/text.h"
+#include "basis/oberflaeche.h"
 #include "medien/id3v1.h"
 #include "medien/id3v2.h"
 #include "medien/id3v2modern.h"
@@ -17,121 +14,6 @@
 
 namespace liedwerk {
 namespace {
-
-// A path with something behind it. A name that is too long for that on common file systems is shortened.
-std::string MitEndung(std::string_view Pfad, std::string_view Endung) {
-    const std::size_t Höchstlänge = 255 - Endung.size();
-    const std::size_t Namenslänge = DateinameVon(Pfad).size();
-    if (Namenslänge > Höchstlänge) {
-        Pfad.remove_suffix(Namenslänge - Höchstlänge);
-        // Not in the midst of a character.
-        while ((static_cast<unsigned char>(Pfad.back()) & 0xC0U) == 0x80U)
-            Pfad.remove_suffix(1);
-        if (static_cast<unsigned char>(Pfad.back()) >= 0xC0U) Pfad.remove_suffix(1);
-    }
-    return std::string(Pfad).append(Endung);
-}
-
-// A piece of a new file: bytes of its own, or a range of the old file.
-struct Dateistück {
-    std::string_view Bytes{};
-    std::uint64_t Stelle = 0;
-    std::uint64_t Länge = 0;
-};
-Dateistück AusAlter(std::uint64_t Stelle, std::uint64_t Ende) {
-    return {{}, Stelle, Ende > Stelle ? Ende - Stelle : 0};
-}
-
-// How far a change of a file came.
-enum class Schritt {
-    Fertig,
-    Zugriff,    // the file cannot be opened for writing
-    Vorläufig,  // the temporary file cannot be made
-    Schreiben,  // the new content cannot be written
-    Ersetzen,   // the original cannot be replaced
-};
-struct Ausgang {
-    Schritt Stand = Schritt::Fertig;
-    Dateifehler Fehler;
-};
-
-// True when the person can mend it with the rights of file and folder.
-bool LiegtAmZugriff(const Dateifehler& Fehler) {
-    return Fehler.Nummer == EACCES || Fehler.Nummer == EPERM || Fehler.Nummer == EROFS ||
-           Fehler.Nummer == ETXTBSY;
-}
-
-Dateifehler KeineSchreibrechte() {
-    return {EACCES, "Auf die Datei kann nicht geschrieben werden"};
-}
-
-Ausgang AmOrtSchreiben(std::string_view Pfad, const Lesedatei& Quelle, std::uint64_t Stelle,
-                       std::string_view Bytes) {
-    auto Fehler = DateiÜberschreiben(Pfad, Quelle.Stand(), Stelle, Bytes);
-    if (!Fehler) return {};
-    return {LiegtAmZugriff(Fehler) ? Schritt::Zugriff : Schritt::Schreiben, std::move(Fehler)};
-}
-
-// A file with several names (hard links) is overwritten in place, since a rename would part them. Its new
-// content lies whole and flushed beside it meanwhile, so that an interrupted save can be brought to its end;
-// it goes only when it stands in the file. Angefangen says whether that one may be torn.
-Dateifehler GesichertesÜbertragen(std::string_view Pfad, const Dateistand& Stand, bool& Angefangen) {
-    const std::string Gesichert = TagGesichertname(Pfad);
-    Dateifehler Fehler;
-    const Lesedatei Neu = Lesedatei::Öffnen(Gesichert, &Fehler);
-    if (!Fehler) Fehler = DateiinhaltÜberschreiben(Pfad, Stand, Neu, Angefangen);
-    if (!Fehler) {
-        DateiLöschen(Gesichert);
-    } else if (Angefangen) {
-        Fehler.Text += ". Ihr vollständiger neuer Inhalt liegt in '" + Gesichert + "'";
-    }
-    return Fehler;
-}
-
-// Prepares the new content for the name that it shall have.
-Ausgang Vorbereiten(Dateiersatz& Ersatz, std::string_view Pfad, bool MehrereNamen) {
-    if (!DateiBeschreibbar(Pfad)) return {Schritt::Zugriff, KeineSchreibrechte()};
-    const std::string Gesichert = TagGesichertname(Pfad);
-    if (DateiExistiert(Gesichert)) {
-        return {Schritt::Vorläufig,
-                {EEXIST, "Ein früheres Speichern wurde unterbrochen; der vollständige Inhalt liegt in '" +
-                             Gesichert + "'"}};
-    }
-    const std::string Vorbild(MehrereNamen ? Pfad : std::string_view());
-    switch (Ersatz.Öffnen(MehrereNamen ? Gesichert : std::string(Pfad), TagTemporärname(Pfad), Vorbild)) {
-        case Dateiersatz::Öffnung::Bereit:
-            return {};
-        case Dateiersatz::Öffnung::Gesperrt:
-            return {Schritt::Vorläufig,
-                    {EAGAIN, "Die Datei wird gerade von einem anderen Programmlauf geschrieben"}};
-        case Dateiersatz::Öffnung::Fehler:
-            break;
-    }
-    return {Schritt::Vorläufig, Ersatz.Fehler()};
-}
-
-Ausgang NeuSchreiben(std::string_view Name, const Lesedatei& Quelle,
-                     std::initializer_list<Dateistück> Stücke) {
-    const std::string Pfad = VerweiseAuflösen(Name);
-    const bool MehrereNamen = HatWeitereNamen(Pfad);
-    Dateiersatz Ersatz;
-    if (auto Ende = Vorbereiten(Ersatz, Pfad, MehrereNamen); Ende.Stand != Schritt::Fertig) return Ende;
-    for (const Dateistück& Stück : Stücke) {
-        const bool Gelungen = Stück.Bytes.empty() ? Ersatz.Kopieren(Quelle, Stück.Stelle, Stück.Länge)
-                                                  : Ersatz.Schreiben(Stück.Bytes);
-        if (!Gelungen) return {Schritt::Schreiben, Ersatz.Fehler()};
-    }
-    // What somebody did to the original meanwhile must not be undone by our copy of it.
-    if (auto Fehler = Quelle.Sperren(Name)) return {Schritt::Schreiben, std::move(Fehler)};
-    if (!Ersatz.Übernehmen())
-        return {LiegtAmZugriff(Ersatz.Fehler()) ? Schritt::Ersetzen : Schritt::Schreiben, Ersatz.Fehler()};
-    if (!MehrereNamen) return {};
-    bool Angefangen = false;
-    auto Fehler = GesichertesÜbertragen(Pfad, Quelle.Stand(), Angefangen);
-    if (!Fehler) return {};
-    if (!Angefangen) DateiLöschen(TagGesichertname(Pfad));
-    return {Schritt::Schreiben, std::move(Fehler)};
-}
 
 // What the messages call a tag.
 struct Tagname {
@@ -163,6 +45,11 @@ std::string Speichertext(Tagblock Block, std::string_view Grund) {
 }
 std::string DateiGrund(std::string_view Pfad, std::string_view Was) {
     return "Die Datei '" + std::string(Pfad) + "' " + std::string(Was);
+}
+// The text of a save or removal (Was) that the person has stopped.
+std::string Abbruchtext(std::string_view Was, Tagblock Block, std::string_view Pfad) {
+    return "Das " + std::string(Was) + " des " + TagName(Block) + "s der Datei '" + std::string(Pfad) +
+           "' wurde abgebrochen. Die Datei ist unverändert.";
 }
 // The text for a failure that the formats' procedures have no words of their own for.
 std::string Systemtext(Tagblock Block, std::string_view Pfad, const Dateifehler& Fehler) {
@@ -227,15 +114,18 @@ Datensatz Lyricszustand(const Lesedatei& Datei, std::string_view Dateiende) {
     return Zustand;
 }
 
-Ausgang Id3v2Umbauen(std::string_view Pfad, const Lesedatei& Quelle, const Id3v2Umbau& Umbau) {
+Ausgang Id3v2Umbauen(std::string_view Pfad, const Lesedatei& Quelle, const Id3v2Umbau& Umbau,
+                     const Schreibrahmen& Rahmen) {
     if (Umbau.AmOrt()) return AmOrtSchreiben(Pfad, Quelle, 0, Umbau.Neu);
     return NeuSchreiben(
         Pfad, Quelle,
-        {{Umbau.Neu}, AusAlter(0, Umbau.Stelle), AusAlter(Umbau.Stelle + Umbau.Altlänge, Quelle.Größe())});
+        {{Umbau.Neu}, AusAlter(0, Umbau.Stelle), AusAlter(Umbau.Stelle + Umbau.Altlänge, Quelle.Größe())},
+        Rahmen);
 }
 
 // The text of a failed save that was to go through the temporary file. MitAltem: an old tag had to go.
 std::string Umschreibtext(Tagblock Block, std::string_view Pfad, bool MitAltem, const Ausgang& Ende) {
+    if (WurdeAbgebrochen(Ende.Fehler)) return Abbruchtext("Speichern", Block, Pfad);
     const std::string Name(NameVon(Block).Name);
     const bool Vorläufig = Ende.Stand == Schritt::Vorläufig;
     if (Ende.Stand == Schritt::Schreiben ||
@@ -278,6 +168,7 @@ std::optional<Bereich> TagFinden(const Lesedatei& Datei, Tagblock Block, const T
 }
 
 std::string Entferntext(std::string_view Pfad, Tagblock Block, const Ausgang& Ende) {
+    if (WurdeAbgebrochen(Ende.Fehler)) return Abbruchtext("Entfernen", Block, Pfad);
     const Tagname& Name = NameVon(Block);
     const std::string Kopf = "Der " + std::string(Name.Name) + "-TAG konnte nicht entfernt werden.\n\n";
     switch (Ende.Stand) {
@@ -300,14 +191,6 @@ std::string TagName(Tagblock Block) {
     return std::string(NameVon(Block).Name) + "-TAG";
 }
 
-std::string TagTemporärname(std::string_view Pfad) {
-    return MitEndung(Pfad, TagTemporärEndung);
-}
-
-std::string TagGesichertname(std::string_view Pfad) {
-    return MitEndung(Pfad, "~lwineu");
-}
-
 bool Id3v1Schreiben(std::string_view Pfad, std::string_view Block, std::string& Meldung) {
     const Tagdatei Datei(Pfad, Tagblock::Id3v1, Meldung);
     if (!Datei.Offen()) return false;
@@ -320,7 +203,7 @@ bool Id3v1Schreiben(std::string_view Pfad, std::string_view Block, std::string& 
 }
 
 bool Id3v2Schreiben(std::string_view Pfad, const Datensatz& Satz, const Tagoptionen& Optionen,
-                    std::string& Meldung) {
+                    std::string& Meldung, const Schreibrahmen& Rahmen) {
     const Tagdatei Datei(Pfad, Tagblock::Id3v2, Meldung);
     if (!Datei.Offen()) return false;
     std::string Hindernis;
@@ -329,14 +212,15 @@ bool Id3v2Schreiben(std::string_view Pfad, const Datensatz& Satz, const Tagoptio
         Meldung = Speichertext(Tagblock::Id3v2, DateiGrund(Pfad, "wurde nicht geändert. " + Hindernis));
         return false;
     }
-    const auto Ende = Id3v2Umbauen(Pfad, Datei.Quelle(), Umbau);
+    const auto Ende = Id3v2Umbauen(Pfad, Datei.Quelle(), Umbau, Rahmen);
     if (Ende.Stand == Schritt::Fertig) return true;
     Meldung = Umbau.AmOrt() ? Systemtext(Tagblock::Id3v2, Pfad, Ende.Fehler)
                             : Umschreibtext(Tagblock::Id3v2, Pfad, Umbau.Altlänge > 0, Ende);
     return false;
 }
 
-bool LyricsSchreiben(std::string_view Pfad, std::string_view Text, std::string& Meldung) {
+bool LyricsSchreiben(std::string_view Pfad, std::string_view Text, std::string& Meldung,
+                     const Schreibrahmen& Rahmen) {
     const Tagdatei Datei(Pfad, Tagblock::Lyrics, Meldung);
     if (!Datei.Offen()) return false;
     const Lesedatei& Quelle = Datei.Quelle();
@@ -363,14 +247,15 @@ bool LyricsSchreiben(std::string_view Pfad, std::string_view Text, std::string& 
                                    {AusAlter(0, Stelle),
                                     AusAlter(Stelle + Altlänge, Blockstelle),
                                     {Tag},
-                                    AusAlter(Blockstelle, Datei.Größe())});
+                                    AusAlter(Blockstelle, Datei.Größe())},
+                                   Rahmen);
     if (Ende.Stand == Schritt::Fertig) return true;
     Meldung = Umschreibtext(Tagblock::Lyrics, Pfad, true, Ende);
     return false;
 }
 
 bool TagAusDateiEntfernen(std::string_view Pfad, Tagblock Block, const Tagoptionen& Optionen,
-                          std::string& Meldung) {
+                          std::string& Meldung, const Schreibrahmen& Rahmen) {
     const std::string Name(NameVon(Block).Name);
     const std::string Kopf =
         "Der " + Name + "-TAG der Datei '" + std::string(Pfad) + "' kann nicht entfernt werden.\n\nGrund: ";
@@ -394,38 +279,12 @@ bool TagAusDateiEntfernen(std::string_view Pfad, Tagblock Block, const Tagoption
         Meldung = Kopf + "Der ID3v2-TAG ist beschädigt, er endet nicht in der Datei.";
         return false;
     }
-    const auto Ende = NeuSchreiben(
-        Pfad, Datei.Quelle(), {AusAlter(0, Tag->Stelle), AusAlter(Tag->Stelle + Tag->Länge, Datei.Größe())});
+    const auto Ende =
+        NeuSchreiben(Pfad, Datei.Quelle(),
+                     {AusAlter(0, Tag->Stelle), AusAlter(Tag->Stelle + Tag->Länge, Datei.Größe())}, Rahmen);
     if (Ende.Stand == Schritt::Fertig) return true;
     Meldung = Entferntext(Pfad, Block, Ende);
     return false;
-}
-
-bool DateiZurückholen(std::string_view Pfad, Oberfläche& Person) {
-    const std::string Name(Pfad);
-    const bool Fehlt = !DateiExistiert(Pfad);
-    const std::string Rest = Fehlt ? TagTemporärname(Pfad) : TagGesichertname(VerweiseAuflösen(Pfad));
-    if (!EigeneDatei(Rest) || SperreLesen(Rest) != Sperrzustand::Frei) return !Fehlt;
-    const std::string Frage =
-        Fehlt ? "Die Datei '" + Name + "' fehlt, aber die vorläufige Datei '" + Rest +
-                    "' eines unterbrochenen Speicherns ist noch vorhanden.\n\nMöchten Sie diese wieder in '" +
-                    std::string(DateinameVon(Pfad)) + "' umbenennen?"
-              : "Das letzte Speichern der Datei '" + Name +
-                    "' wurde unterbrochen. Ihr vollständiger neuer Inhalt "
-                    "liegt in '" +
-                    Rest + "'.\n\nMöchten Sie das Speichern jetzt abschließen?";
-    if (Person.JaNein(Symbol::Frage, Frage) != Antwort::Ja) return !Fehlt;
-    Dateifehler Fehler;
-    if (Fehlt) {
-        Fehler = DateiUmbenennen(Rest, Pfad);
-    } else if (const auto Stand = DateistandLesen(Pfad)) {
-        bool Angefangen = false;
-        Fehler = GesichertesÜbertragen(VerweiseAuflösen(Pfad), *Stand, Angefangen);
-    }
-    if (!Fehler) return true;
-    Person.Melden(Symbol::Ausrufezeichen,
-                  "Die Datei '" + Name + "' konnte nicht wiederhergestellt werden: " + Fehler.Text + ".");
-    return !Fehlt;
 }
 
 }  // namespace liedwerk

@@ -1,32 +1,22 @@
 // Writing and removing tags: what happens to the media file itself.
 //
-// The formats (id3v1, id3v2, lyrics) build bytes and say where they go; here these changes reach the disk, as
-// an overwriting in place (one write, then a flush) or as a new file under the name of the old one with
-// "~lwitmp" behind it, which takes the place of the original in one rename. Whatever goes wrong, the original
-// is whole and a German text says why. Who asks the person, keeps the index true and shows the texts is
-// tagspeichern.h. This is also the one place that chooses between the two ways of writing ID3v2.
+// The formats (id3v1, id3v2, lyrics) build bytes and say where they go; tagumschreiben.h brings them to the
+// disk. Here the two meet, and whatever goes wrong gets its German text. Who asks the person, keeps the index
+// true and shows the texts is tagspeichern.h. This is also the one place that chooses between the two ways of
+// writing ID3v2.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-#include "basis/oberflaeche.h"
 #include "medien/medienlesen.h"
+#include "medien/tagumschreiben.h"
 
 namespace liedwerk {
 
-// What stands behind a media file's path while it is rewritten.
-inline constexpr std::string_view TagTemporärEndung = "~lwitmp";
-
 // What messages call a tag: "ID3v1-TAG", "ID3v2-TAG", "Lyrics-TAG".
 std::string TagName(Tagblock Block);
-
-// The name under which the file's new content is prepared; a name that is too long for it is shortened.
-std::string TagTemporärname(std::string_view Pfad);
-// The name of the whole new content of a file with several names (hard links) while it is overwritten in
-// place.
-std::string TagGesichertname(std::string_view Pfad);
 
 // The settings that writing and removing need.
 struct Tagoptionen {
@@ -39,18 +29,14 @@ struct Tagoptionen {
 // as it was. They look at the file's bytes only, not at its extension.
 bool Id3v1Schreiben(std::string_view Pfad, std::string_view Block, std::string& Meldung);
 bool Id3v2Schreiben(std::string_view Pfad, const Datensatz& Satz, const Tagoptionen& Optionen,
-                    std::string& Meldung);
+                    std::string& Meldung, const Schreibrahmen& Rahmen = {});
 // The further fields of an old tag stay. Text is UTF-8.
-bool LyricsSchreiben(std::string_view Pfad, std::string_view Text, std::string& Meldung);
+bool LyricsSchreiben(std::string_view Pfad, std::string_view Text, std::string& Meldung,
+                     const Schreibrahmen& Rahmen = {});
 
 // Removes one tag from the file, through the temporary file. True, or false with the text in Meldung, also
 // when the file has no such tag.
 bool TagAusDateiEntfernen(std::string_view Pfad, Tagblock Block, const Tagoptionen& Optionen,
-                          std::string& Meldung);
-
-// Brings an interrupted save to its end, where the person wants that: a file that is missing gets its
-// temporary file back under its name, one with several names the content that was to overwrite it. True when
-// the file is there at the end.
-bool DateiZurückholen(std::string_view Pfad, Oberfläche& Person);
+                          std::string& Meldung, const Schreibrahmen& Rahmen = {});
 
 }  // namespace liedwerk

@@ -10,6 +10,7 @@
 #include "medien/id3v1.h"
 #include "medien/id3v2.h"
 #include "medien/tagdatei.h"
+#include "medien/tagrettung.h"
 #include "medien/tagverlust.h"
 
 namespace liedwerk {
@@ -56,24 +57,35 @@ void EingabeAufbereiten(const Tagumgebung& Umgebung, Tagauswahl Welche, Datensat
     SoftwareErgänzen(Umgebung, Satz);
 }
 
-// Changes the file where the surroundings want it to be done.
-bool DateiÄndern(const Tagumgebung& Umgebung, const std::function<bool()>& Schritt) {
-    if (!Umgebung.Ausführen) return Schritt();
+// Changes the file where the surroundings want it to be done. Abgebrochen tells that the person stopped it.
+bool DateiÄndern(const Tagumgebung& Umgebung, bool& Abgebrochen,
+                 const std::function<bool(const Schreibrahmen&)>& Schritt) {
     bool Gelungen = false;
-    Umgebung.Ausführen([&] { Gelungen = Schritt(); });
+    const auto Ändern = [&](const Kopierfortschritt& Weiter) {
+        const auto Fragen = [&](std::uint64_t Bytes) {
+            Abgebrochen = !Weiter(Bytes);
+            return !Abgebrochen;
+        };
+        Gelungen = Schritt({Fragen, Umgebung.Merkordner});
+    };
+    if (Umgebung.Ausführen) {
+        Umgebung.Ausführen(Ändern);
+    } else {
+        Ändern([&](std::uint64_t) { return Umgebung.Person.FortschrittZeigen("", GleichePosition); });
+    }
     return Gelungen;
 }
 
 bool BlockSchreiben(const Tagumgebung& Umgebung, const Tagarbeit& Arbeit, Tagblock Block,
-                    std::string& Meldung) {
-    return DateiÄndern(Umgebung, [&] {
+                    std::string& Meldung, bool& Abgebrochen) {
+    return DateiÄndern(Umgebung, Abgebrochen, [&](const Schreibrahmen& Rahmen) {
         switch (Block) {
             case Tagblock::Id3v1:
                 return Id3v1Schreiben(Arbeit.Pfad, Id3v1BlockBilden(Arbeit.Satz), Meldung);
             case Tagblock::Id3v2:
-                return Id3v2Schreiben(Arbeit.Pfad, Arbeit.Satz, OptionenVon(Umgebung.Werte), Meldung);
+                return Id3v2Schreiben(Arbeit.Pfad, Arbeit.Satz, OptionenVon(Umgebung.Werte), Meldung, Rahmen);
             case Tagblock::Lyrics:
-                return LyricsSchreiben(Arbeit.Pfad, Arbeit.Satz.LyricsText, Meldung);
+                return LyricsSchreiben(Arbeit.Pfad, Arbeit.Satz.LyricsText, Meldung, Rahmen);
         }
         return false;
     });
@@ -124,7 +136,7 @@ void BlockSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Blo
         return;
     }
     std::string Meldung;
-    if (BlockSchreiben(Umgebung, Arbeit, Block, Meldung)) {
+    if (BlockSchreiben(Umgebung, Arbeit, Block, Meldung, Ergebnis.Abgebrochen)) {
         Geschrieben = Ergebnis.Gespeichert = true;
         if (Arbeit.Nummer > 0) Umgebung.Index.IndexGeändert = true;
         return;
@@ -176,6 +188,7 @@ bool TagHatInhalt(const Datensatz& Satz, Tagblock Block) {
 
 Tagarbeit TagarbeitBeginnen(const Tagumgebung& Umgebung, std::string_view Pfad, Satznummer Nummer) {
     Tagarbeit Arbeit{std::string(Pfad), Nummer, {}, {}};
+    SpeichernVollenden(Pfad, Umgebung.Person);
     if (Nummer > 0) Arbeit.Satz = Umgebung.Index.Sätze.Lesen(Nummer);
     for (const Tagblock Block : Tagblöcke)
         TagBlockLeeren(Arbeit.Satz, Block);
@@ -198,7 +211,9 @@ Tagsergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagau
     }
     if (IstVerfügbar(Umgebung, Arbeit)) {
         for (const Tagblock Block : Tagblöcke) {
-            if (Welche == Tagauswahl::Alle || static_cast<int>(Welche) == static_cast<int>(Block))
+            const bool Dabei =
+                Welche == Tagauswahl::Alle || static_cast<int>(Welche) == static_cast<int>(Block);
+            if (Dabei && !Ergebnis.Abgebrochen)
                 BlockSpeichern(Umgebung, Arbeit, Block, NurMitInhalt, Ergebnis);
         }
     } else {
@@ -224,8 +239,9 @@ bool TagEntfernen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block
     if (!EntfernenErlaubt(Umgebung, Arbeit, Block)) {
         Text = "Der " + TagName(Block) + " wurde nicht entfernt.";
     } else {
-        Entfernt = DateiÄndern(Umgebung, [&] {
-            return TagAusDateiEntfernen(Arbeit.Pfad, Block, OptionenVon(Umgebung.Werte), Text);
+        bool Abgebrochen = false;
+        Entfernt = DateiÄndern(Umgebung, Abgebrochen, [&](const Schreibrahmen& Rahmen) {
+            return TagAusDateiEntfernen(Arbeit.Pfad, Block, OptionenVon(Umgebung.Werte), Text, Rahmen);
         });
         if (!Entfernt && !Still) Umgebung.Person.Melden(Symbol::Ausrufezeichen, Text);
     }

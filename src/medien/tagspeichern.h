@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 
+#include "basis/datei.h"
 #include "basis/einstellungen.h"
 #include "basis/oberflaeche.h"
 #include "dateien/medium.h"
@@ -28,6 +29,9 @@ struct Tagarbeit {
     std::array<bool, 3> Geschrieben{};  // run flags: the block (Tagblock less 1) was written in this visit
 };
 
+// A step that may take long and asks between its blocks whether it shall go on.
+using Dateischritt = std::function<void(const Kopierfortschritt& Weiter)>;
+
 // What these procedures take from their surroundings.
 struct Tagumgebung {
     Katalog& Index;
@@ -37,9 +41,10 @@ struct Tagumgebung {
     Mediumumgebung Mediumfragen;
     Oberfläche& Person;
     std::string Programmname;  // with version, for the field of the software
+    std::string Merkordner{};  // where a start looks for saves that were interrupted; empty: nowhere
     // Runs the rewriting of a file, which may take long; missing: as it is. A window gives it a thread of its
-    // own and stays alive.
-    std::function<void(const std::function<void()>& Schritt)> Ausführen{};
+    // own and stays alive; what the step is to ask for going on may be asked there.
+    std::function<void(const Dateischritt& Schritt)> Ausführen{};
 };
 
 // The work state of a file after reading it with "1111", run flags reset. Nummer 0: a file without record.
@@ -50,6 +55,7 @@ enum class Tagauswahl { Alle = 0, Id3v1 = 1, Id3v2 = 2, Lyrics = 3 };
 struct Tagsergebnis {
     bool Gespeichert = false;  // a block was written, or passed over because it is empty
     bool Gescheitert = false;  // a block that was to be written was not: failure (shown), refusal, no medium
+    bool Abgebrochen = false;  // the person has stopped it: no further block is written
 };
 
 // Writes the blocks of Arbeit.Satz that Welche names; with NurMitInhalt those without content are passed over

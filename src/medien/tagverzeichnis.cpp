@@ -121,7 +121,7 @@ void Tagverzeichnis::Eintragen(const Satzspeicher& Sätze, Satznummer Nummer, st
     Interpret.V2[Platz] = MerkmalVonRohwert(Werte[3], Puffer);
 }
 
-void Tagverzeichnis::Nachführen(const Satzspeicher& Sätze) {
+bool Tagverzeichnis::Vorbereiten(const Satzspeicher& Sätze, std::size_t Höchstens) {
     const auto Geändert = Sätze.GeänderteSätze();
     const auto Anzahl = static_cast<std::size_t>(Sätze.Anzahl());
     std::size_t Bisher = Spalten[0].V1.size();
@@ -130,18 +130,29 @@ void Tagverzeichnis::Nachführen(const Satzspeicher& Sätze) {
         GeleseneÄnderungen = Geändert.size();
         Generation = Sätze.Generation();
     }
+    const std::size_t Neue = std::min(Anzahl - Bisher, Höchstens);
     for (Spaltenpaar& Paar : Spalten) {
-        Paar.V1.resize(Anzahl);
-        Paar.V2.resize(Anzahl);
+        if (Bisher == 0) Paar.V1.reserve(Anzahl);
+        if (Bisher == 0) Paar.V2.reserve(Anzahl);
+        Paar.V1.resize(Bisher + Neue);
+        Paar.V2.resize(Bisher + Neue);
     }
-    AufKerneVerteilen(Anzahl - Bisher, SätzeJeKern, [&](std::size_t, std::size_t Von, std::size_t Bis) {
+    AufKerneVerteilen(Neue, SätzeJeKern, [&](std::size_t, std::size_t Von, std::size_t Bis) {
         std::string Puffer;
         for (std::size_t Platz = Bisher + Von; Platz < Bisher + Bis; ++Platz)
             Eintragen(Sätze, static_cast<Satznummer>(Platz + 1), Puffer);
     });
     std::string Puffer;
-    for (; GeleseneÄnderungen < Geändert.size(); ++GeleseneÄnderungen)
-        Eintragen(Sätze, Geändert[GeleseneÄnderungen], Puffer);
+    for (; GeleseneÄnderungen < Geändert.size(); ++GeleseneÄnderungen) {
+        // Those that are not read yet will be read as they are then.
+        const Satznummer Nummer = Geändert[GeleseneÄnderungen];
+        if (static_cast<std::size_t>(Nummer) <= Bisher) Eintragen(Sätze, Nummer, Puffer);
+    }
+    return Bisher + Neue == Anzahl;
+}
+
+void Tagverzeichnis::Nachführen(const Satzspeicher& Sätze) {
+    Vorbereiten(Sätze, static_cast<std::size_t>(Sätze.Anzahl()));
 }
 
 Satznummer Tagverzeichnis::Nächster(const Satzspeicher& Sätze, Tagtext Art, std::string_view Text,

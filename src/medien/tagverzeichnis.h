@@ -22,6 +22,10 @@ enum class Tagtext { Interpret, Album };
 
 class Tagverzeichnis {
   public:
+    // Reads up to Höchstens records that it does not know yet, so that the first question need not wait for
+    // all of them: for idle moments, and safe at any time. True when none is left.
+    bool Vorbereiten(const Satzspeicher& Sätze, std::size_t Höchstens);
+
     // The next record from Ab on (1-based; upwards), or the next one from Ab on downwards, that has ID3v1 or
     // ID3v2 and whose text of one of them is the given one without regard to case. 0 when there is none.
     Satznummer Nächster(const Satzspeicher& Sätze, Tagtext Art, std::string_view Text, Satznummer Ab);

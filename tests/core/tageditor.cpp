@@ -177,6 +177,22 @@ TEST_F(TagEditorTest, FunktionNimmtDieEingabenUndLässtAndereTagsOffen) {
     EXPECT_EQ(Editor.Arbeit.Satz.Kommentar, "Nummer 300") << "a function that fails takes no entry away";
 }
 
+TEST_F(TagEditorTest, AbbruchErreichtDasUmschreibenEinerGroßenDatei) {
+    const std::string Pfad = Lied("a.mp3", "Alt");
+    std::error_code Fehler;
+    std::filesystem::resize_file(Pfad, std::uint64_t{2} << 30U, Fehler);
+    if (Fehler) GTEST_SKIP() << "no sparse files here";
+    TagEditorÖffnen(Editor, *P, {Aufnehmen(Pfad)});
+    Editor.Arbeit.Satz.V2Titel = "Neu";
+    Person.AbbruchBei = 1;
+    EXPECT_FALSE(EingabenSpeichern(Editor, *P, Tagauswahl::Id3v2, false));
+    ASSERT_EQ(Person.Meldungen.size(), 1u);
+    EXPECT_NE(Person.Meldungen[0].find("wurde abgebrochen"), std::string::npos);
+    EXPECT_EQ(std::filesystem::file_size(Pfad), std::uint64_t{2} << 30U);
+    EXPECT_FALSE(std::filesystem::exists(Pfad + "~lwitmp"));
+    EXPECT_EQ(Editor.Arbeit.Satz.V2Titel, "Neu") << "the entries stay";
+}
+
 TEST_F(TagEditorTest, LaufÜberAlleDateienBeginntMitDemWasEingegebenIst) {
     const std::vector<std::string> Pfade = {Lied("a.mp3", "eins"), Lied("b.mp3", "zwei")};
     TagEditorÖffnen(Editor, *P, {Aufnehmen(Pfade[0]), Aufnehmen(Pfade[1])});

@@ -1,6 +1,7 @@
 // TagsSpeichern and TagEntfernen: what is written at all, the questions, and the record of the index.
 #include "basis/text.h"
 #include "index/felder.h"
+#include "medien/tagumschreiben.h"
 #include "tests/medien/tagwelt.h"
 #include "werkzeuge/tagbau.h"
 
@@ -113,6 +114,23 @@ TEST_F(Tagslauf, FremdeDateiartUndFehlendeDateiSchreibenNichtsUngefragt) {
     EXPECT_TRUE(TagsSpeichern(Welt, Arbeit, Tagauswahl::Alle, false).Gescheitert);
     EXPECT_EQ(Person.Meldungen.size(), 3U);
     EXPECT_FALSE(DateiExistiert(Arbeit.Pfad));
+}
+
+TEST_F(Tagslauf, AbbruchLässtDieDateiUndDieWeiterenTagsWieSieSind) {
+    const std::string Alt = Id3v2Tag(3, Id3v2Textrahmen("TIT2", "alt")) + "Ton";
+    Tagarbeit Arbeit = Beginnen(Alt);
+    Arbeit.Satz.V2Titel = std::string(5000, 'n');
+    Arbeit.Satz.LyricsText = "neu";
+    Person.AbbruchBei = 1;
+    const auto Ergebnis = TagsSpeichern(Welt, Arbeit, Tagauswahl::Alle, true);
+    EXPECT_TRUE(Ergebnis.Abgebrochen && Ergebnis.Gescheitert);
+    EXPECT_FALSE(TagEntfernen(Welt, Arbeit, Tagblock::Id3v2, false));
+    ASSERT_EQ(Person.Meldungen.size(), 2U);
+    EXPECT_EQ(Person.Meldungen[0], "Das Speichern des ID3v2-TAGs der Datei '" + Arbeit.Pfad +
+                                       "' wurde abgebrochen. Die Datei ist unverändert.");
+    EXPECT_EQ(Person.Meldungen[1].substr(0, 13), "Das Entfernen");
+    EXPECT_EQ(Inhalt(Arbeit), Alt);
+    EXPECT_FALSE(DateiExistiert(TagTemporärname(Arbeit.Pfad)));
 }
 
 // A file's ID3v2 tag, a change of the record, and what the question names (empty: there is none).

@@ -118,7 +118,8 @@ Versuch TemporärSperren(const std::string& Temporär, mode_t Rechte, Griffhalte
         Fehler = FremderName(Temporär);
         return Versuch::Gescheitert;
     }
-    if (Beharrlich([&] { return ::ftruncate(Neu.Wert(), 0); }) != 0) {
+    // What we have created is empty.
+    if (!Selbst && Beharrlich([&] { return ::ftruncate(Neu.Wert(), 0); }) != 0) {
         Fehler = LetzterSystemfehler();
         return Versuch::Gescheitert;
     }

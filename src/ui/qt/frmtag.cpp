@@ -34,6 +34,10 @@ frmTag::frmTag(Anwendung& Lauf, std::vector<Satznummer> Dateien, QWidget* Eltern
     BlattZeigen(0);
     optOptionen->button(SeiteInfos)->setChecked(true);
     DateiZeigen();
+    connect(&tmrVorbereiten, &QTimer::timeout, this, [this] {
+        if (AutoTagVorbereiten(Programm)) tmrVorbereiten.stop();
+    });
+    tmrVorbereiten.start();
 }
 
 void frmTag::DateiZeigen() {

@@ -12,6 +12,7 @@
 #include <QSlider>
 #include <QStackedWidget>
 #include <QTextBrowser>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <array>
 #include <functional>
@@ -110,6 +111,7 @@ class frmTag final : public QDialog {
     QLabel* lblv2Qualität = nullptr;
     QComboBox* cboFunktion = nullptr;
     QComboBox* cboFunktionTAG = nullptr;
+    QTimer tmrVorbereiten;        // runs in idle moments until AutoTAG knows the index
     bool AuswahlGewählt = false;  // by the person; until then cboFunktionTAG follows the page
 };
 

@@ -15,6 +15,7 @@
 #include "core/startauftrag.h"
 #include "core/suchlauf.h"
 #include "index/speichersperre.h"
+#include "medien/tagrettung.h"
 #include "plattform/linux/ordner.h"
 #include "plattform/linux/orte.h"
 #include "plattform/linux/terminal.h"
@@ -102,6 +103,7 @@ Programmlauf::Programmlauf(const Globaloptionen& Global)
     }
     for (const auto& [Name, Wert] : Global.Setzen)
         EinstellungSetzen(P.Werte, Name, Wert);
+    UnterbrocheneVollenden(P.Dienst.Programmordner, P.Dienst.Ordner, P.Dienst.Person);
     P.StartZeit = P.LetzteSpeicherung = P.Dienst.Zeit.Jetzt();
     IstBereit = true;
 }

@@ -73,6 +73,7 @@ void Textoberfläche::FortschrittStarten(std::string_view Titel, bool MitProzent
     Offen = true;
     Prozent = MitProzent && Höchstens > 0;
     Obergrenze = Höchstens;
+    LetztePosition = 0;
     Überschrift = Titel;
     LetzterText.clear();
 }
@@ -80,12 +81,14 @@ void Textoberfläche::FortschrittStarten(std::string_view Titel, bool MitProzent
 bool Textoberfläche::FortschrittZeigen(std::string_view Text, std::int64_t Position) {
     if (!Zeigen || !Offen) return true;
     if (!Text.empty()) LetzterText = Text;
+    if (Position != GleichePosition) LetztePosition = Position;
     const std::int64_t Jetzt = Zeit.Millisekunden();
     if (Jetzt < NächstesMal) return true;
     NächstesMal = Jetzt + Abstand;
     std::string Zeile = Überschrift;
     if (Prozent)
-        Zeile += " " + std::to_string(std::clamp<std::int64_t>(Position * 100 / Obergrenze, 0, 100)) + " %";
+        Zeile +=
+            " " + std::to_string(std::clamp<std::int64_t>(LetztePosition * 100 / Obergrenze, 0, 100)) + " %";
     if (!LetzterText.empty()) Zeile += ": " + LetzterText;
     const std::string Gekürzt(LinkerTeil(Sichtbar(Zeile), Zeilenbreite));
     ZeileLöschen();

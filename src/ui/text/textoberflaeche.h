@@ -40,6 +40,7 @@ class Textoberfläche final : public Oberfläche {
     bool Prozent = false;
     bool ZeileSteht = false;
     std::int64_t Obergrenze = 0;
+    std::int64_t LetztePosition = 0;
     std::int64_t NächstesMal = 0;  // Millisekunden
     std::string Überschrift;
     std::string LetzterText;

@@ -1,0 +1,201 @@
+#include "medien/tagumschreiben.h"
+
+#include <cerrno>
+#include <functional>
+
+#include "basis/mehrfachnamen.h"
+#include "basis/pfad.h"
+#include "basis/zahl.h"
+
+namespace liedwerk {
+namespace {
+
+constexpr std::string_view MarkeAnfang = "speichern-";
+constexpr std::string_view MarkeEndung = ".lwimerk";
+// More than any path of the system.
+constexpr std::uint64_t HöchsteMarkenlänge = 65536;
+
+// A path with something behind it. A name that is too long for that on common file systems is shortened.
+std::string MitEndung(std::string_view Pfad, std::string_view Endung) {
+    const std::size_t Höchstlänge = 255 - Endung.size();
+    const std::size_t Namenslänge = DateinameVon(Pfad).size();
+    if (Namenslänge > Höchstlänge) {
+        Pfad.remove_suffix(Namenslänge - Höchstlänge);
+        // Not in the midst of a character.
+        while ((static_cast<unsigned char>(Pfad.back()) & 0xC0U) == 0x80U)
+            Pfad.remove_suffix(1);
+        if (static_cast<unsigned char>(Pfad.back()) >= 0xC0U) Pfad.remove_suffix(1);
+    }
+    return std::string(Pfad).append(Endung);
+}
+
+// Prepares the new content for the name that it shall have.
+Ausgang Vorbereiten(Dateiersatz& Ersatz, std::string_view Pfad, bool MehrereNamen) {
+    if (!DateiBeschreibbar(Pfad)) return {Schritt::Zugriff, KeineSchreibrechte()};
+    const std::string Gesichert = TagGesichertname(Pfad);
+    if (DateiExistiert(Gesichert)) {
+        return {Schritt::Vorläufig,
+                {EEXIST, "Ein früheres Speichern wurde unterbrochen; der vollständige Inhalt liegt in '" +
+                             Gesichert + "'"}};
+    }
+    const std::string Vorbild(MehrereNamen ? Pfad : std::string_view());
+    switch (Ersatz.Öffnen(MehrereNamen ? Gesichert : std::string(Pfad), TagTemporärname(Pfad), Vorbild)) {
+        case Dateiersatz::Öffnung::Bereit:
+            return {};
+        case Dateiersatz::Öffnung::Gesperrt:
+            return {Schritt::Vorläufig,
+                    {EAGAIN, "Die Datei wird gerade von einem anderen Programmlauf geschrieben"}};
+        case Dateiersatz::Öffnung::Fehler:
+            break;
+    }
+    return {Schritt::Vorläufig, Ersatz.Fehler()};
+}
+
+Ausgang Gescheitert(const Dateifehler& Fehler) {
+    return {LiegtAmZugriff(Fehler) ? Schritt::Ersetzen : Schritt::Schreiben, Fehler};
+}
+
+// A failure that names a helper file which could not be removed either.
+Dateifehler MitHilfsdatei(Dateifehler Fehler, const std::string& Hilfsdatei) {
+    if (DateiExistiert(Hilfsdatei))
+        Fehler.Text +=
+            ". Die Hilfsdatei '" + Hilfsdatei + "' ließ sich nicht löschen; löschen Sie diese selbst";
+    return Fehler;
+}
+
+// A mark of the overwriting of a file with several names, as long as this lives and nobody keeps it. Without
+// it the next read of the file finds what an interruption has left; so a folder that takes none stops
+// nothing.
+class Schreibmarkierung {
+  public:
+    Schreibmarkierung(const std::string& Ordner, const Schreibmarke& Inhalt) {
+        if (Ordner.empty()) return;
+        Name = PfadVerbinden(Ordner, SchreibmarkeName(Inhalt.Pfad));
+        Dateiersatz Datei;
+        if (Datei.Öffnen(Name, Name + std::string(SchreibmarkeUnfertig)) == Dateiersatz::Öffnung::Bereit &&
+            Datei.Schreiben(std::to_string(Inhalt.Inode) + "\n" + Inhalt.Pfad))
+            Datei.Übernehmen();
+    }
+    Schreibmarkierung(const Schreibmarkierung&) = delete;
+    Schreibmarkierung& operator=(const Schreibmarkierung&) = delete;
+    ~Schreibmarkierung() {
+        if (!Name.empty()) DateiLöschen(Name);
+    }
+    void Behalten() { Name.clear(); }
+
+  private:
+    std::string Name;
+};
+
+// Makes the prepared content the content of a file with several names, in place: a rename would part them.
+Ausgang MehrfachesÜbernehmen(Dateiersatz& Ersatz, const std::string& Pfad, const Dateistand& Stand,
+                             const std::string& Merkordner) {
+    Schreibmarkierung Marke(Merkordner, {Pfad, Stand.Inode});
+    if (!Ersatz.Übernehmen()) return Gescheitert(Ersatz.Fehler());
+    bool Angefangen = false;
+    auto Fehler = GesichertesÜbertragen(Pfad, Stand, Angefangen);
+    if (!Fehler) return {};
+    if (Angefangen) {
+        Marke.Behalten();
+        return {Schritt::Schreiben, std::move(Fehler)};
+    }
+    const std::string Gesichert = TagGesichertname(Pfad);
+    DateiLöschen(Gesichert);
+    return {Schritt::Schreiben, MitHilfsdatei(std::move(Fehler), Gesichert)};
+}
+
+// Writes the pieces and makes them the file.
+Ausgang StückeÜbernehmen(Dateiersatz& Ersatz, std::string_view Name, const std::string& Pfad,
+                         bool MehrereNamen, const Lesedatei& Quelle, std::initializer_list<Dateistück> Stücke,
+                         const Schreibrahmen& Rahmen) {
+    for (const Dateistück& Stück : Stücke) {
+        const bool Gelungen = Stück.Bytes.empty()
+                                  ? Ersatz.Kopieren(Quelle, Stück.Stelle, Stück.Länge, Rahmen.Weiter)
+                                  : Ersatz.Schreiben(Stück.Bytes);
+        if (!Gelungen) return {Schritt::Schreiben, Ersatz.Fehler()};
+    }
+    // What somebody did to the original meanwhile must not be undone by our copy of it.
+    if (auto Fehler = Quelle.Sperren(Name)) return {Schritt::Schreiben, std::move(Fehler)};
+    if (MehrereNamen) return MehrfachesÜbernehmen(Ersatz, Pfad, Quelle.Stand(), Rahmen.Merkordner);
+    if (!Ersatz.Übernehmen()) return Gescheitert(Ersatz.Fehler());
+    return {};
+}
+
+}  // namespace
+
+std::string TagTemporärname(std::string_view Pfad) {
+    return MitEndung(Pfad, TagTemporärEndung);
+}
+
+std::string TagGesichertname(std::string_view Pfad) {
+    return MitEndung(Pfad, "~lwineu");
+}
+
+bool LiegtAmZugriff(const Dateifehler& Fehler) {
+    return Fehler.Nummer == EACCES || Fehler.Nummer == EPERM || Fehler.Nummer == EROFS ||
+           Fehler.Nummer == ETXTBSY;
+}
+
+bool WurdeAbgebrochen(const Dateifehler& Fehler) {
+    return Fehler.Nummer == ECANCELED;
+}
+
+Dateifehler KeineSchreibrechte() {
+    return {EACCES, "Auf die Datei kann nicht geschrieben werden"};
+}
+
+Ausgang AmOrtSchreiben(std::string_view Pfad, const Lesedatei& Quelle, std::uint64_t Stelle,
+                       std::string_view Bytes) {
+    auto Fehler = DateiÜberschreiben(Pfad, Quelle.Stand(), Stelle, Bytes);
+    if (!Fehler) return {};
+    return {LiegtAmZugriff(Fehler) ? Schritt::Zugriff : Schritt::Schreiben, std::move(Fehler)};
+}
+
+Ausgang NeuSchreiben(std::string_view Name, const Lesedatei& Quelle, std::initializer_list<Dateistück> Stücke,
+                     const Schreibrahmen& Rahmen) {
+    const std::string Pfad = VerweiseAuflösen(Name);
+    const bool MehrereNamen = HatWeitereNamen(Pfad);
+    Dateiersatz Ersatz;
+    Ausgang Ende = Vorbereiten(Ersatz, Pfad, MehrereNamen);
+    if (Ende.Stand != Schritt::Fertig) return Ende;
+    Ende = StückeÜbernehmen(Ersatz, Name, Pfad, MehrereNamen, Quelle, Stücke, Rahmen);
+    if (Ende.Stand == Schritt::Fertig) return Ende;
+    Ersatz.Verwerfen();
+    Ende.Fehler = MitHilfsdatei(std::move(Ende.Fehler), TagTemporärname(Pfad));
+    return Ende;
+}
+
+Dateifehler GesichertesÜbertragen(std::string_view Pfad, const Dateistand& Stand, bool& Angefangen) {
+    const std::string Gesichert = TagGesichertname(Pfad);
+    Angefangen = false;
+    Dateifehler Fehler;
+    const Lesedatei Neu = Lesedatei::Öffnen(Gesichert, &Fehler);
+    if (!Fehler) Fehler = DateiinhaltÜberschreiben(Pfad, Stand, Neu, Angefangen);
+    if (Fehler && Angefangen) Fehler.Text += ". Ihr vollständiger neuer Inhalt liegt in '" + Gesichert + "'";
+    if (Fehler) return Fehler;
+    Fehler = DateiLöschen(Gesichert);
+    if (!Fehler) return {};
+    Angefangen = false;
+    Fehler.Text = "Ihr neuer Inhalt steht in ihr, aber es bleibt etwas zurück: " + Fehler.Text;
+    return MitHilfsdatei(std::move(Fehler), Gesichert);
+}
+
+std::string SchreibmarkeName(std::string_view Pfad) {
+    return std::string(MarkeAnfang) + std::to_string(std::hash<std::string_view>{}(Pfad)) +
+           std::string(MarkeEndung);
+}
+
+bool IstSchreibmarke(std::string_view Name) {
+    if (Name.ends_with(SchreibmarkeUnfertig)) Name.remove_suffix(SchreibmarkeUnfertig.size());
+    return Name.starts_with(MarkeAnfang) && Name.ends_with(MarkeEndung);
+}
+
+Schreibmarke SchreibmarkeLesen(std::string_view Markendatei) {
+    const std::string Inhalt = DateiLesen(Markendatei, HöchsteMarkenlänge).value_or("");
+    const std::size_t Zeilenende = Inhalt.find('\n');
+    if (Zeilenende == Inhalt.npos) return {};
+    return {Inhalt.substr(Zeilenende + 1),
+            GanzzahlLesen<std::uint64_t>(Inhalt.substr(0, Zeilenende)).value_or(0)};
+}
+
+}  // namespace liedwerk

@@ -1,0 +1,91 @@
+// How the new content of a media file reaches the disk.
+//
+// Either in place (one write, then a flush), or as a new file under the name of the old one with "~lwitmp"
+// behind it, which takes the place of the original in one rename. A file with several names (hard links) is
+// overwritten from "~lwineu", which is whole and flushed before the first byte of the original changes; a
+// mark in the program's folder tells the next start about it (tagrettung.h). Whatever goes wrong, the
+// original is whole, or its whole new content lies beside it. Why it went wrong comes back as Ausgang; the
+// words for the person are tagdatei's.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+#include "basis/datei.h"
+
+namespace liedwerk {
+
+// What stands behind a media file's path while it is rewritten.
+inline constexpr std::string_view TagTemporärEndung = "~lwitmp";
+
+// The name under which the file's new content is prepared; a name that is too long for it is shortened.
+std::string TagTemporärname(std::string_view Pfad);
+// The name of the whole new content of a file with several names (hard links) while it is overwritten in
+// place.
+std::string TagGesichertname(std::string_view Pfad);
+
+// What a rewriting takes from its surroundings.
+struct Schreibrahmen {
+    Kopierfortschritt Weiter{};  // asked between the blocks; its false leaves the old file
+    std::string Merkordner{};    // for the marks of unfinished overwritings; empty: there are none
+};
+
+// A piece of a new file: bytes of its own, or a range of the old file.
+struct Dateistück {
+    std::string_view Bytes{};
+    std::uint64_t Stelle = 0;
+    std::uint64_t Länge = 0;
+};
+// The bytes of the old file from one 0-based offset up to another; none when that is not behind it.
+constexpr Dateistück AusAlter(std::uint64_t Stelle, std::uint64_t Ende) {
+    return {{}, Stelle, Ende > Stelle ? Ende - Stelle : 0};
+}
+
+// How far a change of a file came.
+enum class Schritt {
+    Fertig,
+    Zugriff,    // the file cannot be opened for writing
+    Vorläufig,  // the temporary file cannot be made
+    Schreiben,  // the new content cannot be written
+    Ersetzen,   // the original cannot be replaced
+};
+struct Ausgang {
+    Schritt Stand = Schritt::Fertig;
+    Dateifehler Fehler;
+};
+
+// True when the person can mend it with the rights of file and folder.
+bool LiegtAmZugriff(const Dateifehler& Fehler);
+// True when Schreibrahmen::Weiter has ended the rewriting.
+bool WurdeAbgebrochen(const Dateifehler& Fehler);
+// The failure of a file that cannot be opened for writing.
+Dateifehler KeineSchreibrechte();
+
+// Writes bytes into the file that was opened as Quelle, from a 0-based offset on, beyond its end too.
+Ausgang AmOrtSchreiben(std::string_view Pfad, const Lesedatei& Quelle, std::uint64_t Stelle,
+                       std::string_view Bytes);
+// Replaces the file that was opened as Quelle, and claimed, by the pieces.
+Ausgang NeuSchreiben(std::string_view Name, const Lesedatei& Quelle, std::initializer_list<Dateistück> Stücke,
+                     const Schreibrahmen& Rahmen);
+
+// Overwrites a file with several names by what lies under TagGesichertname; that goes only when it stands in
+// the file. Stand is the state in which the caller has seen and claimed it; Angefangen says on failure
+// whether the file may be torn.
+Dateifehler GesichertesÜbertragen(std::string_view Pfad, const Dateistand& Stand, bool& Angefangen);
+
+// The mark of an overwriting that is not finished yet: a small file in the program's folder.
+struct Schreibmarke {
+    std::string Pfad;         // of the file that is overwritten, links resolved
+    std::uint64_t Inode = 0;  // another one under that path is another file
+};
+// Stands behind the name of a mark that is being written: no byte of the original has changed then.
+inline constexpr std::string_view SchreibmarkeUnfertig = "~";
+// The name of a mark's file for a path, and whether a name is one, finished or not.
+std::string SchreibmarkeName(std::string_view Pfad);
+bool IstSchreibmarke(std::string_view Name);
+// Reads a mark; its Inode is 0 when it is none that this program has written.
+Schreibmarke SchreibmarkeLesen(std::string_view Markendatei);
+
+}  // namespace liedwerk
