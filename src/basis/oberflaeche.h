@@ -69,9 +69,9 @@ class Oberfläche {
     // Fortschritt, the one modal progress window. Starting while it is open changes its title and bound.
     // Höchstens is ignored without percentage. The window appears after 300 ms at the earliest.
     virtual void FortschrittStarten(std::string_view Titel, bool MitProzent, std::int64_t Höchstens) = 0;
-    // Sets text (an empty one keeps the old) and position (GleichePosition keeps the old), gives the event loop a turn, and is false when the
-    // person has cancelled. True as well when no progress is open. Cheap enough for every record: it
-    // throttles itself.
+    // Sets text (an empty one keeps the old) and position (GleichePosition keeps the old), gives the event
+    // loop a turn, and is false when the person has cancelled. True as well when no progress is open. Cheap
+    // enough for every record: it throttles itself.
     virtual bool FortschrittZeigen(std::string_view Text, std::int64_t Position) = 0;
     virtual void FortschrittSchließen() = 0;
     virtual bool FortschrittOffen() const = 0;
