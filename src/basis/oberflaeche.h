@@ -39,9 +39,6 @@ struct Schreibsperrfrage {
 // Answer of the dialog about a target file that exists, with the numbers of its buttons.
 enum class Vorhandenantwort { Umbenennen = 1, Ersetzen = 2, Abbrechen = 3, Überspringen = 4 };
 
-// A position of the progress that says: where it was.
-inline constexpr std::int64_t GleichePosition = -1;
-
 class Oberfläche {
   public:
     virtual ~Oberfläche() = default;
@@ -69,9 +66,9 @@ class Oberfläche {
     // Fortschritt, the one modal progress window. Starting while it is open changes its title and bound.
     // Höchstens is ignored without percentage. The window appears after 300 ms at the earliest.
     virtual void FortschrittStarten(std::string_view Titel, bool MitProzent, std::int64_t Höchstens) = 0;
-    // Sets text (an empty one keeps the old) and position (GleichePosition keeps the old), gives the event
-    // loop a turn, and is false when the person has cancelled. True as well when no progress is open. Cheap
-    // enough for every record: it throttles itself.
+    // Sets text (empty: the old one) and position (-1: the old one), gives the event loop a turn, is false
+    // when the person has cancelled. True as well when no progress is open. Cheap enough for every record: it
+    // throttles itself.
     virtual bool FortschrittZeigen(std::string_view Text, std::int64_t Position) = 0;
     virtual void FortschrittSchließen() = 0;
     virtual bool FortschrittOffen() const = 0;

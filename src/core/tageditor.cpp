@@ -27,7 +27,7 @@ void ImHintergrund(Oberfläche& Person, std::string_view Titel, const Dateischri
     const bool Eigenes = !Person.FortschrittOffen();
     if (Eigenes) Person.FortschrittStarten(Titel, false, 0);
     while (Ende.wait_for(20ms) != std::future_status::ready) {
-        if (!Person.FortschrittZeigen("", GleichePosition)) Abbrechen = true;
+        if (!Person.FortschrittZeigen("", -1)) Abbrechen = true;
     }
     if (Eigenes) Person.FortschrittSchließen();
     Ende.get();

@@ -71,7 +71,7 @@ bool DateiÄndern(const Tagumgebung& Umgebung, bool& Abgebrochen,
     if (Umgebung.Ausführen) {
         Umgebung.Ausführen(Ändern);
     } else {
-        Ändern([&](std::uint64_t) { return Umgebung.Person.FortschrittZeigen("", GleichePosition); });
+        Ändern([&](std::uint64_t) { return Umgebung.Person.FortschrittZeigen("", -1); });
     }
     return Gelungen;
 }

@@ -1,7 +1,6 @@
 // Every writing system call of every way of saving and removing tags fails in turn, or is the last one before
 // the process dies: the file is the old or the new one afterwards, and nothing of ours lies beside it unsaid.
 #include <cerrno>
-#include <csignal>
 #include <fcntl.h>
 #include <functional>
 #include <sys/syscall.h>

@@ -25,13 +25,20 @@ QColor Blasse(const QPalette& Palette) {
 }  // namespace
 
 QString InfotextAlsHtml(std::string_view Text, const QColor& Blass) {
-    QString Absätze;
+    QString Ergebnis;
     QString Tabelle;
+    // Lines of one kind that follow each other stand together; all stay in their order.
+    const auto TabelleSchließen = [&] {
+        if (!Tabelle.isEmpty())
+            Ergebnis += u"<table width='100%' cellspacing='0'>"_s + Tabelle + u"</table>"_s;
+        Tabelle.clear();
+    };
     const QStringList Zeilen = QtText(Text).split(u'\n', Qt::SkipEmptyParts);
     for (const QString& Zeile : Zeilen) {
         const qsizetype Trennung = Zeile.indexOf(u": ");
         if (Trennung < 0 || Zeile.startsWith(u"Hinweis: ")) {
-            Absätze += u"<p style='color:%1'>%2</p>"_s.arg(Blass.name(), Zeile.trimmed().toHtmlEscaped());
+            TabelleSchließen();
+            Ergebnis += u"<p style='color:%1'>%2</p>"_s.arg(Blass.name(), Zeile.trimmed().toHtmlEscaped());
             continue;
         }
         const QString Wert = Zeile.mid(Trennung + 2).trimmed();
@@ -40,8 +47,8 @@ QString InfotextAlsHtml(std::string_view Text, const QColor& Blass) {
                 .arg(Blass.name(), Zeile.left(Trennung).toHtmlEscaped(),
                      Wert.isEmpty() ? u"–"_s : Wert.toHtmlEscaped());
     }
-    if (Tabelle.isEmpty()) return Absätze;
-    return u"<table width='100%' cellspacing='0'>"_s + Tabelle + u"</table>"_s + Absätze;
+    TabelleSchließen();
+    return Ergebnis;
 }
 
 Beschreibung::Beschreibung(QWidget* Eltern) : QWidget(Eltern) {

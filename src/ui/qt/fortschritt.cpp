@@ -6,7 +6,6 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "basis/oberflaeche.h"
 #include "ui/qt/qttext.h"
 
 using namespace Qt::StringLiterals;
@@ -106,7 +105,7 @@ bool frmFortschritt::Zeigen(std::string_view Text, std::int64_t Position, bool S
 
 void frmFortschritt::Anzeigen(std::int64_t Position) {
     lblText->setText(lblText->fontMetrics().elidedText(Zeile, Qt::ElideMiddle, width() - 40));
-    if (!Prozent || Abgebrochen || Position == GleichePosition) return;
+    if (!Prozent || Abgebrochen || Position < 0) return;
     const double Anteil =
         std::clamp(static_cast<double>(Position) / static_cast<double>(Obergrenze), 0.0, 1.0);
     prgFortschritt->setValue(static_cast<int>(Anteil * Teilstriche));

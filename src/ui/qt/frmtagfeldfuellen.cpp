@@ -17,7 +17,7 @@ frmTagFeldFüllen::frmTagFeldFüllen(const Datensatz& Aktueller, const Funktions
     setWindowTitle(u"Felder kopieren"_s);
     QVBoxLayout* const Spalte = Formspalte(*this);
     BannerHinzufügen(*Spalte, Symbolbild("tag"), u"Welches Feld soll gefüllt werden?"_s,
-                     u"Der Text wird in dieses Feld geschrieben: '%1'."_s.arg(QtText(Wohin.Name)));
+                     u"Der Text kommt in dieses Feld. Auswahl: '%1'."_s.arg(QtText(Wohin.Name)));
     auto* const lblFelder = new QLabel(u"&Feld:"_s, this);
     Spalte->addWidget(lblFelder);
     lstFelder = new QListWidget(this);

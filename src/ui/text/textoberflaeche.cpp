@@ -81,7 +81,7 @@ void Textoberfläche::FortschrittStarten(std::string_view Titel, bool MitProzent
 bool Textoberfläche::FortschrittZeigen(std::string_view Text, std::int64_t Position) {
     if (!Zeigen || !Offen) return true;
     if (!Text.empty()) LetzterText = Text;
-    if (Position != GleichePosition) LetztePosition = Position;
+    if (Position >= 0) LetztePosition = Position;
     const std::int64_t Jetzt = Zeit.Millisekunden();
     if (Jetzt < NächstesMal) return true;
     NächstesMal = Jetzt + Abstand;
