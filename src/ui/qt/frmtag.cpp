@@ -106,7 +106,10 @@ void frmTag::ErstesFeldFokussieren(QWidget& Blatt) {
     if (Blatt.focusPolicy() != Qt::NoFocus) return Blatt.setFocus();
     for (const Feldbindung& Bindung : Felder) {
         auto* const Eingabe = Blatt.findChild<QWidget*>(QtText(Bindung.Feld->Steuerelement));
-        if (Eingabe != nullptr && Eingabe->isVisible()) return Eingabe->setFocus(Qt::ShortcutFocusReason);
+        if (Eingabe == nullptr || !Eingabe->isVisible()) continue;
+        Eingabe->setFocus(Qt::ShortcutFocusReason);
+        if (auto* const Zeile = qobject_cast<QLineEdit*>(Eingabe)) Zeile->selectAll();
+        return;
     }
 }
 
