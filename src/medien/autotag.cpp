@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <ranges>
 
 #include "basis/pfad.h"
 #include "basis/text.h"
@@ -168,24 +169,24 @@ std::string Lauf::Automatisch(std::string_view Text) {
     std::string Interpret;
     // The pieces that are left for title and artist, the last one first.
     std::vector<std::string> Übrige;
-    for (auto Teil = Teile.rbegin(); Teil != Teile.rend(); ++Teil) {
-        const auto Wert = Zahl(*Teil);
+    for (const std::string& Teil : std::ranges::reverse_view(Teile)) {
+        const auto Wert = Zahl(Teil);
         if (Wert && !MitTitelnummer && *Wert >= 0 && *Wert <= 255) {
             MitTitelnummer = true;
-            Setzen("Titelnummer", *Teil);
-        } else if (Wert && !MitJahr && ZeichenAnzahl(*Teil) == 4) {
+            Setzen("Titelnummer", Teil);
+        } else if (Wert && !MitJahr && ZeichenAnzahl(Teil) == 4) {
             MitJahr = true;
-            Setzen("Jahr", *Teil);
-        } else if (Interpret.empty() && ImIndex(Tagtext::Interpret, *Teil, {})) {
-            Interpret = Schreibweise(*Teil, false);
+            Setzen("Jahr", Teil);
+        } else if (Interpret.empty() && ImIndex(Tagtext::Interpret, Teil, {})) {
+            Interpret = Schreibweise(Teil, false);
             Setzen("Interpret", Interpret);
         } else {
-            if (!MitAlbum && ImIndex(Tagtext::Album, *Teil, Interpret)) {
+            if (!MitAlbum && ImIndex(Tagtext::Album, Teil, Interpret)) {
                 MitAlbum = true;
-                Setzen("Album", Schreibweise(*Teil, false));
+                Setzen("Album", Schreibweise(Teil, false));
             }
             // Kept: a piece taken as album may still become the title.
-            Übrige.push_back(*Teil);
+            Übrige.push_back(Teil);
         }
     }
     if (!Übrige.empty()) Setzen("Titel", Übrige[0]);

@@ -242,7 +242,7 @@ TEST_F(Störungen, NachJedemAbsturzMachtDerNächsteStartDieDateiGanz) {
             }
         }
     }
-    EXPECT_GT(Zerrissene, 10) << "what is overwritten block by block";
+    EXPECT_GE(Zerrissene, 8) << "once for each way that writes a file with two names anew";
 }
 
 }  // namespace
