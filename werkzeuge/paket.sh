@@ -59,10 +59,11 @@ apt_drinnen() {
         scheitern "apt-get $* ist im Probesystem fehlgeschlagen."
     }
 }
-# What lies in the trial system, but for what dpkg and apt note about themselves and the caches of triggers.
+# What lies in the trial system, but for what dpkg and apt note about themselves, caches of triggers, and the copies
+# that adding a user makes.
 bestand() {
     (cd "$PROBE" && find . -xdev \( -path ./proc -o -path ./tmp -o -path ./root -o -path ./var/lib/dpkg -o -path ./var/log \
-        -o -path ./var/cache -o -path ./var/lib/apt \) -prune -o -print | sort)
+        -o -path ./var/cache -o -path ./var/lib/apt -o -path './etc/*-' \) -prune -o -print | sort)
 }
 
 aufsetzen() {
@@ -154,7 +155,6 @@ probieren() {
     drinnen userdel -r anna 2>/dev/null || true
     apt_drinnen purge liedwerk
     drinnen update-desktop-database
-    rm -f "$PROBE"/etc/{passwd,shadow,group,gshadow,subuid,subgid}-
     bestand >"$ABLAGE/nachher"
     diff "$ABLAGE/vorher" "$ABLAGE/nachher" >"$ABLAGE/rest" || {
         cat "$ABLAGE/rest" >&2
