@@ -69,8 +69,9 @@ std::string PfadSchlüssel(std::string_view Pfad) {
     return IstPosixPfad(Pfad) ? std::string(Pfad) : Falten(Pfad);
 }
 
-bool HatZeilenende(std::string_view Pfad) {
-    return Pfad.find_first_of("\r\n") != std::string_view::npos;
+bool HatZeilenende(std::string_view Text) {
+    // Two searches for one byte are many times as fast as one for either.
+    return Text.find('\n') != std::string_view::npos || Text.find('\r') != std::string_view::npos;
 }
 
 }  // namespace liedwerk

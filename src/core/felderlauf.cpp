@@ -24,8 +24,7 @@ std::optional<std::size_t> FelderImportierenLauf(Anwendung& Programm, const std:
         Antwort::Nein);
     if (Wille != Antwort::Ja) return std::nullopt;
     const Satzfinder Finden = [&Programm](std::string_view Pfad) {
-        const auto Gleiche = Programm.Pfade.Finden(Programm.Index.Sätze, Pfad);
-        return Gleiche.empty() ? Satznummer{0} : Gleiche.front();
+        return Programm.Pfade.ErstenFinden(Programm.Index.Sätze, Pfad);
     };
     const auto Anzahl = DateiLadenIndexFelder(Programm.Index, IndexumgebungVon(Programm), Dateiname, Finden,
                                               FortschrittBeimLaden(Programm.Werte));

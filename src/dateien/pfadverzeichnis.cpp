@@ -60,20 +60,33 @@ void Pfadverzeichnis::Nachführen(const Satzspeicher& Sätze) {
         Einfügen(Sätze, Geändert[GeleseneÄnderungen]);
 }
 
-std::vector<Satznummer> Pfadverzeichnis::Finden(const Satzspeicher& Sätze, std::string_view Pfad) {
+template <class Besuch>
+void Pfadverzeichnis::Durchgehen(const Satzspeicher& Sätze, std::string_view Pfad, Besuch&& Treffer) {
     Nachführen(Sätze);
-    std::vector<Satznummer> Treffer;
-    const std::string Gesucht = PfadSchlüssel(Pfad);
+    const std::string Gefaltet = IstPosixPfad(Pfad) ? std::string() : PfadSchlüssel(Pfad);
+    const std::string_view Gesucht = IstPosixPfad(Pfad) ? Pfad : Gefaltet;
     const std::uint32_t Streuwert = StreuwertVon(Gesucht);
     for (auto Stelle = Fächer[Streuwert & (Fächer.size() - 1)]; Stelle != 0;) {
         const Glied& Hier = Glieder[Stelle - 1];
-        if (Hier.Streuwert == Streuwert && Schlüssel(Sätze, Hier.Nummer) == Gesucht)
-            Treffer.push_back(Hier.Nummer);
+        if (Hier.Streuwert == Streuwert && Schlüssel(Sätze, Hier.Nummer) == Gesucht) Treffer(Hier.Nummer);
         Stelle = Hier.Nächstes;
     }
+}
+
+std::vector<Satznummer> Pfadverzeichnis::Finden(const Satzspeicher& Sätze, std::string_view Pfad) {
+    std::vector<Satznummer> Treffer;
+    Durchgehen(Sätze, Pfad, [&](Satznummer Nummer) { Treffer.push_back(Nummer); });
     std::sort(Treffer.begin(), Treffer.end());
     Treffer.erase(std::unique(Treffer.begin(), Treffer.end()), Treffer.end());
     return Treffer;
+}
+
+Satznummer Pfadverzeichnis::ErstenFinden(const Satzspeicher& Sätze, std::string_view Pfad) {
+    Satznummer Erster = 0;
+    Durchgehen(Sätze, Pfad, [&](Satznummer Nummer) {
+        if (Erster == 0 || Nummer < Erster) Erster = Nummer;
+    });
+    return Erster;
 }
 
 }  // namespace liedwerk

@@ -16,6 +16,8 @@ class Pfadverzeichnis {
   public:
     // The records with this path in ascending order.
     std::vector<Satznummer> Finden(const Satzspeicher& Sätze, std::string_view Pfad);
+    // The first of them; 0 for none.
+    Satznummer ErstenFinden(const Satzspeicher& Sätze, std::string_view Pfad);
 
   private:
     // One link of a chain. A record whose path has changed gets a new one; the old one stays, and whoever
@@ -25,6 +27,9 @@ class Pfadverzeichnis {
         Satznummer Nummer = 0;
         std::uint32_t Nächstes = 0;  // place in Glieder + 1; 0 ends the chain
     };
+    // Calls Treffer for each link that leads to a record with this path; a record may come more than once.
+    template <class Besuch>
+    void Durchgehen(const Satzspeicher& Sätze, std::string_view Pfad, Besuch&& Treffer);
     void Nachführen(const Satzspeicher& Sätze);
     void Aufbauen(const Satzspeicher& Sätze);
     void Einfügen(const Satzspeicher& Sätze, Satznummer Nummer);

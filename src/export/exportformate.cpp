@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "basis/oberflaeche.h"
+#include "basis/pfad.h"
 #include "basis/text.h"
 #include "index/felder.h"
 #include "index/indexformat.h"
@@ -118,7 +119,7 @@ Exportformatierung TextFormat(const Katalog& Index, const Exportspalten& Spalten
                       std::string& Ziel, Satznummer Nummer, std::size_t) mutable {
         for (const Platzfeld& Feld : Reihe) {
             WertLesen(Index, Nummer, Feld.Feld, Wert);
-            if (Wert.find_first_of(Zeilenende) != std::string::npos) Wert = Einzeilig(std::move(Wert));
+            if (HatZeilenende(Wert)) Wert = Einzeilig(std::move(Wert));
             WertInZeichen(Ziel, Wert, Marke);
             if (!Feld.Letzter) Ziel += Trenner;
         }

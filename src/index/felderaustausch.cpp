@@ -9,6 +9,7 @@
 #include "index/indexformat.h"
 #include "index/indexinhalt.h"
 #include "index/indexzeilen.h"
+#include "index/satzzeile.h"
 #include "index/wert.h"
 #include "index/zeilenlaengen.h"
 
@@ -36,8 +37,7 @@ void ZeileBilden(std::string& Ziel, const Satzspeicher& Sätze, Satznummer Numme
         Werte[i] = Sicht.Roh(Feld);
         if (IstZahlfeld(Feld) && Werte[i].empty()) {
             Werte[i] = "0";
-        } else if (Werte[i].size() > static_cast<std::size_t>(HöchsteLänge) ||
-                   Werte[i].find_first_of(Zeilenende) != std::string_view::npos) {
+        } else if (Werte[i].size() > static_cast<std::size_t>(HöchsteLänge) || HatZeilenende(Werte[i])) {
             Eigene[i] = IndexwertEinpassen(Werte[i], static_cast<std::size_t>(HöchsteLänge));
             Werte[i] = Eigene[i];
         }
@@ -105,14 +105,15 @@ Zeilenlängen LängenDer(std::string_view Zeile) {
     return LängenLesen(Zeile, Datenzeile.size(), Zeilenfelder.size() + 1);
 }
 
-// Calls Ablegen(value, field number) for the values in front of the first empty one, the path's among them.
+// Calls Ablegen(value, place in Zeilenfelder) for the values in front of the first empty one, the path's
+// among them.
 template <class Ablage>
 void WerteNehmen(std::string_view Zeile, const Zeilenlängen& Längen, Ablage&& Ablegen) {
     std::string_view Rest = Zeile.substr(Längen.Strich);
     for (std::size_t i = 0; i < Zeilenfelder.size(); ++i) {
         const std::string_view Wert = Rest.substr(0, static_cast<std::size_t>(Längen.Längen[i]));
         if (Wert.empty()) return;
-        Ablegen(Wert, Zeilenfelder[i]);
+        Ablegen(Wert, i);
         Rest.remove_prefix(Wert.size());
     }
 }
@@ -137,8 +138,8 @@ void ZeilePrüfen(const Feldimport& Lauf, std::string_view Zeile, std::int64_t N
                     " (Lesen), Zeile = '" + IndexwertLesen(Zeile) + "'");
     }
     if (Längen.Strich == 0) return;
-    WerteNehmen(Zeile, Längen, [&](std::string_view Wert, int Feld) {
-        if (Feld != FeldPfad) return;
+    WerteNehmen(Zeile, Längen, [&](std::string_view Wert, std::size_t Platz) {
+        if (Platz != 0) return;
         const Satznummer Satz = Lauf.Finden(IndexwertLesen(Wert));
         if (Satz == 0) return;
         Gefundene.push_back({Satz, Zeile});
@@ -164,27 +165,32 @@ std::optional<std::vector<Feldzeile>> ZeilenZuordnen(const Feldimport& Lauf, std
     return Gefundene;
 }
 
-// The values of a line put into a record, of which only the fields of such a line count.
-void WerteSetzen(Datensatz& Satz, std::string_view Zeile) {
-    WerteNehmen(Zeile, LängenDer(Zeile), [&](std::string_view Wert, int Feld) {
-        if (Feld != FeldPfad)
-            DatensatzFeldSetzen(IndexwertLesen(IndexwertEinpassen(Wert, Wert.size())), Satz, Feld);
-    });
+// What the store holds for a field once a value of a line has been put into it; a value that fails the test
+// of its kind leaves a number as it was.
+std::string NeuerRohwert(std::string_view Alter, std::string_view Wert, int Feld) {
+    Datensatz Satz;
+    DatensatzFeldSetzen(IndexwertLesen(Alter), Satz, Feld);
+    DatensatzFeldSetzen(IndexwertLesen(IndexwertEinpassen(Wert, Wert.size())), Satz, Feld);
+    return Rohwert(Satz, Feld);
 }
 
 void WerteÜbernehmen(Satzspeicher& Sätze, const Feldzeile& Fund) {
-    // Most lines of a second import bring nothing new; the four fields tell it, and the record stays as it
-    // is.
-    const Satzsicht Sicht = Sätze.Sicht(Fund.Nummer);
-    Datensatz Alt;
-    for (const int Feld : Zeilenfelder)
-        DatensatzFeldSetzen(IndexwertLesen(Sicht.Roh(Feld)), Alt, Feld);
-    Datensatz Neu = Alt;
-    WerteSetzen(Neu, Fund.Zeile);
-    if (Neu == Alt) return;
-    Datensatz Ganz = Sätze.Lesen(Fund.Nummer);
-    WerteSetzen(Ganz, Fund.Zeile);
-    Sätze.Setzen(Fund.Nummer, Sätze.Pfad(Fund.Nummer), Ganz);
+    std::array<std::string_view, Zeilenfelder.size()> Alte;
+    SatzzeileFelder(Sätze.PlatzVon(Fund.Nummer).Zeile, Zeilenfelder, Alte);
+    std::array<std::string, Zeilenfelder.size()> Halter;
+    std::array<Rohfeld, Zeilenfelder.size()> Neue;
+    std::size_t Anzahl = 0;
+    WerteNehmen(Fund.Zeile, LängenDer(Fund.Zeile), [&](std::string_view Wert, std::size_t Platz) {
+        // Most lines of a second import bring nothing new: the same bytes stand for the same value.
+        if (Platz == 0 || Wert == Alte[Platz]) return;
+        const int Feld = Zeilenfelder[Platz];
+        Halter[Platz] = NeuerRohwert(Alte[Platz], Wert, Feld);
+        const bool Gleich = IstZahlfeld(Feld)
+                                ? RohwertZahl(Halter[Platz], Feld) == RohwertZahl(Alte[Platz], Feld)
+                                : Halter[Platz] == Alte[Platz];
+        if (!Gleich) Neue[Anzahl++] = {Feld, Halter[Platz]};
+    });
+    if (Anzahl > 0) Sätze.RohwerteSetzen(Fund.Nummer, std::span(Neue).first(Anzahl));
 }
 
 // The whole file; nothing, which has been logged and shown, when it is missing or cannot be read.

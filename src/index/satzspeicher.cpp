@@ -124,11 +124,19 @@ void Satzspeicher::Setzen(Satznummer Nummer, std::string_view Pfad, const Datens
 }
 
 void Satzspeicher::PfadSetzen(Satznummer Nummer, std::string_view Pfad) {
+    const std::string Bytes = IndexwertSchreiben(Pfad);
+    const Rohfeld Neu{FeldPfad, Bytes};
+    RohwerteSetzen(Nummer, {&Neu, 1});
+}
+
+void Satzspeicher::RohwerteSetzen(Satznummer Nummer, std::span<const Rohfeld> Neue) {
     Platz Neu = PlatzVon(Nummer);
     Rohwerte Werte;
-    const int Anzahl = SatzzeileZerlegen(Neu.Zeile, Werte);
-    const std::string Bytes = IndexwertSchreiben(Pfad);
-    Werte[FeldPfad - 1] = Bytes;
+    int Anzahl = SatzzeileZerlegen(Neu.Zeile, Werte);
+    for (const Rohfeld& Eines : Neue) {
+        if (Eines.Feld > Anzahl) Anzahl = ErweiterungVorgeben(Werte);
+        Werte[static_cast<std::size_t>(Eines.Feld - 1)] = Eines.Wert;
+    }
     SatzzeileBilden(Speicher->Entwurf, Werte, Anzahl);
     Neu.Speicherform = IstSpeicherform(Werte, Anzahl, Neu.Id3v2);
     Neu.Länge = static_cast<std::uint32_t>(Speicher->Entwurf.size());

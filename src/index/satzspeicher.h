@@ -31,6 +31,12 @@ class Satzsicht {
     std::array<std::string_view, FeldAnzahl> Werte;
 };
 
+// A field with its bytes as the file holds them, canonical (satzzeile.h, Rohwert).
+struct Rohfeld {
+    int Feld = 0;
+    std::string_view Wert;
+};
+
 class Satzspeicher {
   public:
     Satzspeicher();
@@ -58,6 +64,8 @@ class Satzspeicher {
     Datensatz Lesen(Satznummer Nummer) const;
     void Setzen(Satznummer Nummer, std::string_view Pfad, const Datensatz& Daten);
     void PfadSetzen(Satznummer Nummer, std::string_view Pfad);
+    // Single fields replaced; the others and the marks keep what they are.
+    void RohwerteSetzen(Satznummer Nummer, std::span<const Rohfeld> Neue);
     Satznummer Anhängen(std::string_view Pfad, const Datensatz& Daten);
     // Appends all records of another store, which is empty afterwards. Their lines are not copied, unless
     // they are few.

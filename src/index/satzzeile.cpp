@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstring>
 
+#include "basis/pfad.h"
 #include "basis/text.h"
 #include "index/indexformat.h"
 #include "index/wert.h"
@@ -148,6 +149,13 @@ void SatzzeileBilden(std::string& Zeile, const Rohwerte& Werte, int Anzahl) {
         Zeile += Werte[i];
 }
 
+int ErweiterungVorgeben(Rohwerte& Werte) {
+    static const Datensatz Leer = DatensatzVorZeile();
+    static const Rohsatz Vorgabe({}, Leer);
+    std::copy(Vorgabe.Werte.begin() + GrundfeldAnzahl, Vorgabe.Werte.end(), Werte.begin() + GrundfeldAnzahl);
+    return FeldAnzahl;
+}
+
 bool ErweiterungWirdGeschrieben(const Rohwerte& Werte, std::uint8_t HatId3v2) {
     return HatId3v2 == TagVorhanden || !Werte[Platznummer(FeldBenutzerDaten)].empty() ||
            RohwertZahl(Werte[Platznummer(FeldQualität)], FeldQualität) > 0;
@@ -158,9 +166,14 @@ bool IstSpeicherform(const Rohwerte& Werte, int Anzahl, std::uint8_t HatId3v2) {
     for (int Feld = 1; Feld <= Anzahl; ++Feld) {
         const std::string_view Wert = Werte[Platznummer(Feld)];
         if (Wert.size() > static_cast<std::size_t>(HöchsteLänge)) return false;
-        if (Feld != FeldV2Qualität && Wert.find_first_of(Zeilenende) != Wert.npos) return false;
+        if (Feld != FeldV2Qualität && HatZeilenende(Wert)) return false;
     }
     return true;
+}
+
+std::string Rohwert(const Datensatz& Daten, int Feld) {
+    std::string Halter;
+    return std::string(std::visit(Rohform{Halter, Daten}, Felder[Platznummer(Feld)].Ort));
 }
 
 Rohsatz::Rohsatz(std::string_view Pfad, const Datensatz& Daten) {

@@ -31,10 +31,15 @@ void SatzzeileFelder(const char* Zeile, std::span<const int> Felder, std::span<s
 // Writes the line of the first Anzahl values into Zeile (emptied first), without line end.
 void SatzzeileBilden(std::string& Zeile, const Rohwerte& Werte, int Anzahl);
 
+// Gives the extended group of a line that has only the basic one its start values; the new number of fields.
+int ErweiterungVorgeben(Rohwerte& Werte);
 // True when the extended group of a record goes into the file.
 bool ErweiterungWirdGeschrieben(const Rohwerte& Werte, std::uint8_t HatId3v2);
 // True when a save writes the line of these values as it stands: nothing to cut, to blank or to leave out.
 bool IstSpeicherform(const Rohwerte& Werte, int Anzahl, std::uint8_t HatId3v2);
+
+// The raw value of one field; not of the path, which is no member.
+std::string Rohwert(const Datensatz& Daten, int Feld);
 
 // The raw values of a record. Views into the record and into this object; both must outlive them.
 class Rohsatz {

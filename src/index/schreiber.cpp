@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "basis/pfad.h"
 #include "index/indexformat.h"
 #include "index/optionszeilen.h"
 #include "index/satzzeile.h"
@@ -126,7 +127,7 @@ void SatzzeileSchreiben(const Speichervorgang& Lauf, Satznummer Nummer, Dateiers
                                         "' ist länger als " + std::to_string(HöchsteLänge) +
                                         " Zeichen und wird gekürzt - '" + Lauf.Index.Sätze.Pfad(Nummer) +
                                         "'");
-        } else if (Werte[i].find_first_of(Zeilenende) == std::string_view::npos) {
+        } else if (!HatZeilenende(Werte[i])) {
             continue;
         }
         Eingepasst[i] = IndexwertEinpassen(Werte[i], Höchste);
@@ -143,14 +144,14 @@ Satznummer StreckeSchreiben(const Satzspeicher& Sätze, Satznummer Nummer, Datei
     const char* const Anfang = Sätze.PlatzVon(Nummer).Zeile;
     const char* Ende = Anfang + Sätze.PlatzVon(Nummer).Länge;
     // Behind every line of the store at least two bytes are readable.
-    const auto HatZeilenende = [&] { return std::string_view(Ende, Zeilenende.size()) == Zeilenende; };
+    const auto EndeSteht = [&] { return std::string_view(Ende, Zeilenende.size()) == Zeilenende; };
     while (Nummer < Sätze.Anzahl() && static_cast<std::size_t>(Ende - Anfang) < BytesJeMeldung) {
         const auto& Nächster = Sätze.PlatzVon(Nummer + 1);
-        if (!Nächster.Speicherform || Nächster.Zeile != Ende + Zeilenende.size() || !HatZeilenende()) break;
+        if (!Nächster.Speicherform || Nächster.Zeile != Ende + Zeilenende.size() || !EndeSteht()) break;
         Ende = Nächster.Zeile + Nächster.Länge;
         ++Nummer;
     }
-    const bool MitEnde = HatZeilenende();
+    const bool MitEnde = EndeSteht();
     Ersatz.Schreiben({Anfang, static_cast<std::size_t>(Ende - Anfang) + (MitEnde ? Zeilenende.size() : 0)});
     if (!MitEnde) Ersatz.Schreiben(Zeilenende);
     return Nummer;
