@@ -20,6 +20,8 @@ void EintragÄndern(const Umbenennumgebung& Umgebung, Satznummer Nummer, const s
     Satzspeicher& Sätze = Dateien.Index.Sätze;
     SatzUmziehen(Dateien, Nummer, Neu);
     if (Dateien.Werte.Mp3TagLesen == "000") return;
+    // An entry may be set right while its medium is away: then what it knows is all there is.
+    if (!VorherLeeren && !DateiExistiert(Neu)) return;
     const Datensatz Alt = VorherLeeren ? Datensatz{} : Sätze.Lesen(Nummer);
     Sätze.Setzen(Nummer, Neu, Umgebung.Leser(Neu, Alt, HinzufügeLeseauftrag(Dateien.Werte.Mp3TagLesen)));
 }

@@ -202,6 +202,7 @@ TEST_F(Umbenennprobe, FunktionenAmIndexLassenDieDateiInRuhe) {
         In("zwei.mp3"));
     EXPECT_EQ(Inhalt("eins.mp3"), "eins.mp3");
     EXPECT_EQ(Inhalt("zwei.mp3"), "(fehlt)");
+    EXPECT_EQ(Gelesen, 0) << "nothing would be left of what the entry knows";
     // The typed entry must be a file; it is asked for again until it is, or until the person gives up.
     Eingaben = {"fehlt.mp3", "eins.mp3"};
     const auto Ergebnis = Tun(Eins, {.Funktion = F::IndexManuell, .VorherLeeren = true});
