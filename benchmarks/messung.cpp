@@ -123,7 +123,7 @@ struct Umfeld {
                 .Log = Log,
                 .Ordner = Ordner,
                 .Medium = Medium,
-                .Laufwerk = {.Drives = Drives, .Werte = Werte, .Log = Log, .DiskId = {}},
+                .Laufwerk = {.Drives = Drives, .Werte = Werte, .Log = Log},
                 .Pfade = Pfade,
                 .Leser = Leser()};
     }
