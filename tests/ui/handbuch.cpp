@@ -61,10 +61,12 @@ class HandbuchProbe : public testing::Test {
 };
 
 TEST_F(HandbuchProbe, JederGenannteMenüpunktIstDaUndHatEinenNamen) {
-    static const QRegularExpression Fett(u"\\*\\*([^*\\n]+ → [^*\\n]+)\\*\\*"_s);
+    static const QRegularExpression Fett(u"\\*\\*([^*|]+ → [^*|]+)\\*\\*"_s);
     int Anzahl = 0;
     for (const auto& Fund : Fett.globalMatch(Handbuch())) {
-        EXPECT_TRUE(Wege.contains(Fund.captured(1))) << Fund.captured(1).toStdString();
+        // The page is filled by hand: a line may end within.
+        const QString Weg = Fund.captured(1).simplified();
+        EXPECT_TRUE(Wege.contains(Weg)) << Weg.toStdString();
         ++Anzahl;
     }
     EXPECT_GT(Anzahl, 20) << "the handbook was not read";
