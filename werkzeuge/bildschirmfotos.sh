@@ -144,9 +144,9 @@ cp "$arbeit/vorher.lwi" "$index"
 form beenden 'xdotool key ctrl+q'
 
 # Audio CDs: an image, and what is remembered of it
-printf 'FILE "Nordlicht.wav" WAVE\n  TRACK 01 AUDIO\n    INDEX 01 00:00:00\n  TRACK 02 AUDIO\n    INDEX 01 03:34:00\n' \
+printf 'FILE "Nordlicht.bin" BINARY\n  TRACK 01 AUDIO\n    INDEX 01 00:00:00\n  TRACK 02 AUDIO\n    INDEX 01 03:34:00\n' \
     >"$arbeit/Nordlicht.cue"
-truncate -s 75499244 "$arbeit/Nordlicht.wav"
+truncate -s 75499200 "$arbeit/Nordlicht.bin"
 mkdir -p "$LIEDWERK_ORDNER/CDDB"
 printf '%s\r\n' lwifcddb1 '# xmcd' DISCID=0b01ac02 'DTITLE=Nordlicht Trio / Gezeiten' DYEAR=1987 DGENRE=Folk \
     TTITLE0=Ebbe TTITLE1=Flut >"$LIEDWERK_ORDNER/CDDB/0b01ac02.dat"
