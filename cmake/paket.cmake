@@ -21,7 +21,7 @@ The program speaks German. The package holds the desktop program and
 liedwerk-cli, which runs the same without a window.")
 # The libraries that the programs link come from dpkg-shlibdeps; what Qt loads while it runs does not.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-qpa-plugins, qt6-wayland, qt6-translations-l10n, libqt6svg6, dbus-user-session | dbus-x11")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-qpa-plugins, qt6-wayland, qt6-translations-l10n, dbus-user-session | dbus-x11")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "audacious | vlc | strawberry | celluloid")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 include(CPack)
