@@ -161,6 +161,7 @@ struct Einstellungen {
 #define LIEDWERK_LISTE(Name) std::vector<std::string> Name;
     LIEDWERK_EINSTELLUNGSLISTEN(LIEDWERK_LISTE)
 #undef LIEDWERK_LISTE
+    bool operator==(const Einstellungen&) const = default;
 };
 
 // Calls Besuch(name, reference) for every single value in the order of the table.

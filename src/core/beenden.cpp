@@ -112,23 +112,6 @@ void OhnePersonSpeichern(Anwendung& Programm) {
     DateiSpeichern(Index, OhneSicherung, Still, Rettung, false);
 }
 
-void EinstellungenSichern(Anwendung& Programm, bool MitMeldung) {
-    Einstellungen& Werte = Programm.Werte;
-    if (Programm.TagLesenNurLauf) Werte.Mp3TagLesen = Programm.TagLesenGemerkt;
-    if (Programm.Index.Programmmodus == ModusIndexdatei && !Programm.NameVonKommandozeile) {
-        // The standard index is remembered as "none named", so that a program folder on a stick may move.
-        const std::string& Name = Programm.Index.IndexDateiname;
-        Werte.Dateiname = Name == Standardindex(Programm) ? std::string() : Name;
-    }
-    const std::string Fehler = EinstellungenSchreiben(Werte, Programm.Dienst.Nutzerwerte);
-    if (Fehler.empty()) return;
-    Programm.Log.Schreiben("EinstellungenSchreiben: Fehler - " + Fehler + " " +
-                           Zeitstempel(Programm.Dienst.Zeit));
-    if (MitMeldung)
-        Programm.Dienst.Person.Melden(Symbol::Ausrufezeichen,
-                                      "Die Einstellungen konnten nicht gespeichert werden.\n" + Fehler);
-}
-
 // Everything behind the choice what closing shall do.
 bool Beenden(Anwendung& Programm, Schließgrund Grund) {
     const bool SitzungEndet = Grund == Schließgrund::Betriebssystem;
@@ -184,6 +167,23 @@ bool FensterSchließen(Anwendung& Programm, Schließgrund Grund) {
 
 bool SofortBeenden(Anwendung& Programm) {
     return Beenden(Programm, Schließgrund::Programm);
+}
+
+void EinstellungenSichern(Anwendung& Programm, bool MitMeldung) {
+    Einstellungen Werte = Programm.Werte;
+    if (Programm.TagLesenNurLauf) Werte.Mp3TagLesen = Programm.TagLesenGemerkt;
+    if (Programm.Index.Programmmodus == ModusIndexdatei && !Programm.NameVonKommandozeile) {
+        // The standard index is remembered as "none named", so that a program folder on a stick may move.
+        const std::string& Name = Programm.Index.IndexDateiname;
+        Werte.Dateiname = Name == Standardindex(Programm) ? std::string() : Name;
+    }
+    const std::string Fehler = EinstellungenSchreiben(Werte, Programm.Dienst.Nutzerwerte);
+    if (Fehler.empty()) return;
+    Programm.Log.Schreiben("EinstellungenSchreiben: Fehler - " + Fehler + " " +
+                           Zeitstempel(Programm.Dienst.Zeit));
+    if (MitMeldung)
+        Programm.Dienst.Person.Melden(Symbol::Ausrufezeichen,
+                                      "Die Einstellungen konnten nicht gespeichert werden.\n" + Fehler);
 }
 
 void RegelmäßigSpeichern(Anwendung& Programm) {

@@ -19,6 +19,9 @@ bool SofortBeenden(Anwendung& Programm);
 enum class Speicherwunsch { Speichern, NichtSpeichern, Abbrechen };
 Speicherwunsch SpeicherfrageStellen(Anwendung& Programm);
 
+// Writes the settings, but not what holds for this run only. A failure is logged, and told with MitMeldung.
+void EinstellungenSichern(Anwendung& Programm, bool MitMeldung);
+
 // One tick's look at RegelmäßigSpeichernAlle; never during a long run.
 void RegelmäßigSpeichern(Anwendung& Programm);
 

@@ -12,6 +12,7 @@
 #include "ui/qt/exportaktionen.h"
 #include "ui/qt/extrasaktionen.h"
 #include "ui/qt/indexaktionen.h"
+#include "ui/qt/optionenaktionen.h"
 #include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
 #include "ui/qt/tagaktionen.h"
@@ -231,6 +232,7 @@ void frmMain::TeileAnlegen() {
     TagfunktionenaktionenAnlegen(*Platz);
     TerminaktionenAnlegen(*Platz);
     ExtrasaktionenAnlegen(*Platz);
+    OptionenaktionenAnlegen(*Platz);
     Platz->Datei.addSeparator();
     Platz->Datei.addAction(mnuBeenden);
     Platz->Hilfe.addAction(mnuInfo);

@@ -1,0 +1,272 @@
+#include "ui/qt/frmoptionen.h"
+
+#include <QFontInfo>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+
+#include "core/optionenlauf.h"
+#include "ui/qt/formkopf.h"
+#include "ui/qt/frmausschlussliste.h"
+#include "ui/qt/frmkopieren.h"
+#include "ui/qt/frmtaglieblingsgenre.h"
+#include "ui/qt/qttext.h"
+#include "ui/qt/symbole.h"
+
+using namespace Qt::StringLiterals;
+
+namespace liedwerk {
+namespace {
+
+const Option& OptionVon(std::string_view Name) {
+    return *std::ranges::find(Optionen(), Name, &Option::Name);
+}
+
+}  // namespace
+
+frmOptionen::frmOptionen(Anwendung& Lauf, Optionswege Ziele, QWidget* Eltern)
+    : QDialog(Eltern),
+      Programm(Lauf),
+      Wege(std::move(Ziele)),
+      Anfang(OptionenEntwurf(Lauf)),
+      Entwurf(Anfang),
+      Felder(Entwurf, [this] { ÄnderungenNachführen(); }) {
+    setObjectName(u"frmOptionen"_s);
+    setWindowTitle(u"Optionen"_s);
+    QVBoxLayout* const Spalte = Formspalte(*this);
+    SeitenAnlegen(*Spalte);
+    ZusätzeAnlegen();
+    FußAnlegen(*Spalte);
+    EntwurfZeigen();
+    resize(fontMetrics().averageCharWidth() * 132, fontMetrics().height() * 36);
+    lstSeiten->setFocus();
+}
+
+void frmOptionen::SeitenAnlegen(QVBoxLayout& Spalte) {
+    auto* const Links = new QVBoxLayout;
+    txtSuche = new QLineEdit(this);
+    txtSuche->setObjectName(u"txtSuche"_s);
+    txtSuche->setAccessibleName(u"Option suchen"_s);
+    txtSuche->setPlaceholderText(u"Option suchen (Strg+F)"_s);
+    txtSuche->setClearButtonEnabled(true);
+    txtSuche->addAction(Symbolbild("suchen"), QLineEdit::LeadingPosition);
+    lstSeiten = new QListWidget(this);
+    lstSeiten->setObjectName(u"lstSeiten"_s);
+    lstSeiten->setAccessibleName(u"Seiten der Optionen"_s);
+    lstSeiten->setIconSize(QSize(22, 22));
+    lstSeiten->setSpacing(2);
+    Links->addWidget(txtSuche);
+    Links->addWidget(lstSeiten, 1);
+    Seiten = new QStackedWidget(this);
+    Seiten->setObjectName(u"Seiten"_s);
+    for (const Optionsblatt& Blatt : Optionsblätter()) {
+        lstSeiten->addItem(new QListWidgetItem(Symbolbild(Blatt.Bild), QtText(Blatt.Name)));
+        Seiten->addWidget(Felder.SeiteAnlegen(Blatt, Seiten));
+    }
+    const int Breite = fontMetrics().averageCharWidth() * 30;
+    txtSuche->setFixedWidth(Breite);
+    lstSeiten->setFixedWidth(Breite);
+    auto* const Mitte = new QHBoxLayout;
+    Mitte->setSpacing(18);
+    Mitte->addLayout(Links);
+    Mitte->addWidget(Seiten, 1);
+    Spalte.addLayout(Mitte, 1);
+    connect(lstSeiten, &QListWidget::currentRowChanged, Seiten, &QStackedWidget::setCurrentIndex);
+    connect(txtSuche, &QLineEdit::textChanged, this, [this](const QString& Text) { txtSuche_Change(Text); });
+    auto* const mnuSuche = new QAction(this);
+    mnuSuche->setShortcut(QKeySequence::Find);
+    connect(mnuSuche, &QAction::triggered, this, [this] {
+        txtSuche->setFocus();
+        txtSuche->selectAll();
+    });
+    addAction(mnuSuche);
+    lstSeiten->setCurrentRow(0);
+}
+
+QPushButton* frmOptionen::KnopfAnlegen(QVBoxLayout& Spalte, const QString& Name, const QString& Text,
+                                       std::function<void()> Handler) {
+    auto* const Knopf = new QPushButton(Text, Spalte.parentWidget());
+    Knopf->setObjectName(Name);
+    Knopf->setAutoDefault(false);
+    connect(Knopf, &QPushButton::clicked, this, std::move(Handler));
+    auto* const Zeile = new QHBoxLayout;
+    Zeile->addWidget(Knopf);
+    Zeile->addStretch(1);
+    Spalte.addLayout(Zeile);
+    return Knopf;
+}
+
+void frmOptionen::ZusätzeAnlegen() {
+    SchriftwahlAnlegen();
+    KnopfAnlegen(Felder.Gruppe(Optionsseite::Wiedergabe, "Speicherung von Abspiel-Statistiken"),
+                 u"cmdStatistikLöschen"_s, u"&Gesammelte Statistikdaten löschen"_s,
+                 [this] { StatistikLöschenLauf(Programm); })
+        ->setEnabled(Programm.Index.IndexAnzahl() > 0);
+    // Kept: the told advice of the adding.
+    auto& Lesen = Felder.Gruppe(Optionsseite::Dateien, "Aus den Dateien lesen");
+    TextHinzufügen(Lesen, u"lblGeschwindigkeit"_s,
+                   u"Sie können die Geschwindigkeit des Hinzufügens von Dateien verbessern, indem Sie "
+                   u"Einstellungen deaktivieren!"_s);
+    KnopfAnlegen(Felder.Gruppe(Optionsseite::Dateien, "Dateien kopieren/verschieben"),
+                 u"cmdKopierenEinstellen"_s, u"&Zielordner und Vorgehen..."_s, [this] {
+                     EntwurfBearbeiten([this](Einstellungen& Werte) {
+                         frmKopieren(Werte, Programm.Dienst.Person, this).exec();
+                     });
+                 });
+    auto& Listen = Felder.Gruppe(Optionsseite::Tags, "Listen");
+    KnopfAnlegen(Listen, u"cmdAusschlußliste"_s, u"Aus&schlußliste für AutoTAG..."_s, [this] {
+        EntwurfBearbeiten([this](Einstellungen& Werte) { frmAusschlußliste(Werte, this).exec(); });
+    });
+    KnopfAnlegen(Listen, u"cmdLieblingsGenre"_s, u"Lie&blings-Genres..."_s, [this] {
+        EntwurfBearbeiten([this](Einstellungen& Werte) {
+            frmTagLieblingsGenre(Werte, Programm.Dienst.Person, this).exec();
+        });
+    });
+    if (Wege.IndexOptionen) {
+        auto& Ordner = Felder.Gruppe(Optionsseite::Medien, "Ordner des Index");
+        TextHinzufügen(Ordner, u"lblIndexOptionen"_s,
+                       u"Welche Ordner abgeglichen werden, gehört zum jeweiligen Index."_s);
+        KnopfAnlegen(Ordner, u"cmdSynchronisation"_s, u"&Index-Optionen..."_s,
+                     [this] { Wege.IndexOptionen(this); });
+    }
+    if (Wege.Sicherungskopien) {
+        KnopfAnlegen(Felder.Gruppe(Optionsseite::Sicherheit, "Sicherungskopien"), u"cmdSicherungskopien"_s,
+                     u"Sicherungskopie &wiederherstellen..."_s, [this] { Wege.Sicherungskopien(this); });
+    }
+    if (Wege.Passwort) {
+        KnopfAnlegen(
+            Felder.Gruppe(Optionsseite::Sicherheit, "Sperre"), u"cmdPasswort"_s, u"Pass&wort festlegen..."_s,
+            [this] { EntwurfBearbeiten([this](Einstellungen& Werte) { Wege.Passwort(Werte, this); }); });
+    }
+    KnopfAnlegen(Felder.Gruppe(Optionsseite::Hinweise, "Diese Fenster zeigen"), u"cmdAlleHinweise"_s,
+                 u"Alle &wieder einschalten"_s, [this] { cmdAlleHinweise_Click(); });
+}
+
+void frmOptionen::SchriftwahlAnlegen() {
+    auto& Spalte = Felder.Gruppe(Optionsseite::Darstellung, "Schrift der Liste");
+    chkSchriftDesktop = new QCheckBox(u"&Schrift des Desktops verwenden"_s, Spalte.parentWidget());
+    chkSchriftDesktop->setObjectName(u"chkSchriftDesktop"_s);
+    Spalte.insertWidget(0, chkSchriftDesktop);
+    connect(chkSchriftDesktop, &QCheckBox::clicked, this, [this](bool An) { chkSchriftDesktop_Click(An); });
+}
+
+// The defaults name a font of another desktop and stand for this one's own.
+void frmOptionen::chkSchriftDesktop_Click(bool An) {
+    const Einstellungen Vorgabe;
+    const QFontInfo Schrift(QGuiApplication::font());
+    Entwurf.ListeFont = An ? Vorgabe.ListeFont : Utf8Text(Schrift.family());
+    Entwurf.lngEinstellungenListeFontSize =
+        An ? Vorgabe.lngEinstellungenListeFontSize : std::max(4, Schrift.pointSize());
+    EntwurfZeigen();
+}
+
+void frmOptionen::SchriftwahlZeigen() {
+    const Einstellungen Vorgabe;
+    const bool Desktop = Entwurf.ListeFont == Vorgabe.ListeFont &&
+                         Entwurf.lngEinstellungenListeFontSize == Vorgabe.lngEinstellungenListeFontSize;
+    chkSchriftDesktop->setChecked(Desktop);
+    for (const std::string_view Name : {"ListeFont", "lngEinstellungenListeFontSize"})
+        Felder.Bedienung(OptionVon(Name))->setEnabled(!Desktop);
+}
+
+void frmOptionen::FußAnlegen(QVBoxLayout& Spalte) {
+    const auto Knöpfe = KnöpfeHinzufügen(
+        Spalte, *this, {{u"cmdOk"_s, u"&OK"_s, Accepted}, {u"cmdAbbrechen"_s, u"Abbrechen"_s, Rejected}});
+    Knöpfe[0]->setDefault(true);
+    auto* const Fuß = static_cast<QHBoxLayout*>(Spalte.itemAt(Spalte.count() - 1)->layout());
+    const auto Knopf = [&](const QString& Name, const QString& Text, int Platz,
+                           std::function<void()> Handler) {
+        auto* const Neu = new QPushButton(Text, this);
+        Neu->setObjectName(Name);
+        Neu->setAutoDefault(false);
+        Neu->setMinimumHeight(Knöpfe[0]->minimumHeight());
+        connect(Neu, &QPushButton::clicked, this, std::move(Handler));
+        Fuß->insertWidget(Platz, Neu);
+        return Neu;
+    };
+    cmdÜbernehmen =
+        Knopf(u"cmdÜbernehmen"_s, u"Über&nehmen"_s, Fuß->count(), [this] { cmdÜbernehmen_Click(); });
+    Knopf(u"cmdVorgaben"_s, u"&Vorgaben dieser Seite"_s, 0, [this] { cmdVorgaben_Click(); });
+    if (Wege.IndexOptionen)
+        Knopf(u"cmdIndexOptionen"_s, u"Inde&x-Optionen..."_s, 1, [this] { Wege.IndexOptionen(this); });
+}
+
+void frmOptionen::EntwurfZeigen() {
+    Felder.Zeigen();
+    ÄnderungenNachführen();
+}
+
+void frmOptionen::ÄnderungenNachführen() {
+    SchriftwahlZeigen();
+    if (cmdÜbernehmen == nullptr) return;
+    cmdÜbernehmen->setEnabled(!(Entwurf == Anfang));
+}
+
+const Optionsblatt& frmOptionen::Gezeigt() const {
+    return Optionsblätter()[static_cast<std::size_t>(std::max(0, Seiten->currentIndex()))];
+}
+
+void frmOptionen::SeiteZeigen(Optionsseite Seite) {
+    lstSeiten->setCurrentRow(static_cast<int>(Seite));
+}
+
+void frmOptionen::txtSuche_Change(const QString& Text) {
+    const QString Gesucht = Text.trimmed();
+    int Erste = -1;
+    for (std::size_t Platz = 0; Platz < Optionsblätter().size(); ++Platz) {
+        const int Zeile = static_cast<int>(Platz);
+        const bool Passt = Felder.Hervorheben(Optionsblätter()[Platz], Gesucht);
+        lstSeiten->item(Zeile)->setHidden(!Passt);
+        if (Passt && Erste < 0) Erste = Zeile;
+    }
+    if (Erste >= 0 && lstSeiten->item(lstSeiten->currentRow())->isHidden()) lstSeiten->setCurrentRow(Erste);
+}
+
+void frmOptionen::cmdVorgaben_Click() {
+    const Optionsblatt& Blatt = Gezeigt();
+    if (Programm.Dienst.Person.JaNein(Symbol::Frage,
+                                      "Möchten Sie alle Einstellungen der Seite '" + std::string(Blatt.Name) +
+                                          "' auf ihre Vorgaben zurücksetzen?",
+                                      Antwort::Nein) != Antwort::Ja)
+        return;
+    for (const Option& Eine : Optionen())
+        if (Eine.Seite == Blatt.Seite) OptionVorgabe(Entwurf, Eine);
+    EntwurfZeigen();
+}
+
+void frmOptionen::cmdAlleHinweise_Click() {
+    for (const Option& Eine : Optionen())
+        if (Eine.Seite == Optionsseite::Hinweise) OptionZahlSetzen(Entwurf, Eine, 1);
+    EntwurfZeigen();
+}
+
+void frmOptionen::EntwurfBearbeiten(const std::function<void(Einstellungen&)>& Form) {
+    Form(Entwurf);
+    EntwurfZeigen();
+}
+
+bool frmOptionen::Übernehmen() {
+    if (const auto Fehler = OptionenPrüfen(Entwurf, Anfang)) {
+        txtSuche->clear();
+        SeiteZeigen(Fehler->Wo->Seite);
+        Programm.Dienst.Person.Melden(Symbol::Information, Fehler->Meldung);
+        Felder.Bedienung(*Fehler->Wo)->setFocus();
+        return false;
+    }
+    OptionenÜbernehmen(Programm, Anfang, Entwurf);
+    Anfang = OptionenEntwurf(Programm);
+    Entwurf = Anfang;
+    EntwurfZeigen();
+    return true;
+}
+
+void frmOptionen::cmdÜbernehmen_Click() {
+    Übernehmen();
+}
+
+void frmOptionen::done(int Ergebnis) {
+    if (Ergebnis == Accepted && !Übernehmen()) return;
+    QDialog::done(Ergebnis);
+}
+
+}  // namespace liedwerk
