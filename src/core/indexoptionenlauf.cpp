@@ -80,9 +80,8 @@ std::string DateitypHinzufügen(Indexoptionen& Optionen, std::string_view Endung
     std::string Meldung = EndungPrüfen(Optionen, Neue, Optionen.Dateitypen.size());
     if (!Meldung.empty()) return Meldung;
     // Ahead of the entry for all others, where the person looks for it.
-    const auto Stelle = std::ranges::find_if(Optionen.Dateitypen, [](const Dateityp& Typ) {
-        return EintragsEndung(Typ.Eintrag) == AlleAnderen;
-    });
+    const auto Stelle = std::ranges::find_if(
+        Optionen.Dateitypen, [](const Dateityp& Typ) { return EintragsEndung(Typ.Eintrag) == AlleAnderen; });
     Optionen.Dateitypen.insert(Stelle, {Neue + "=1", "010"});
     return {};
 }
@@ -110,7 +109,8 @@ std::string DateitypEntfernen(Indexoptionen& Optionen, std::size_t Platz) {
     }
     TypVerwaltetSetzen(Typ, false);
     return "Der Dateityp '" + Endung +
-           "' gehört zu den Vorgaben und bleibt in der Liste.\nSeine Dateien werden jetzt nicht mehr verwaltet.";
+           "' gehört zu den Vorgaben und bleibt in der Liste.\nSeine Dateien werden jetzt nicht mehr "
+           "verwaltet.";
 }
 
 std::string SyncRegelPrüfen(const Indexoptionen& Optionen, std::size_t Platz) {
@@ -151,8 +151,10 @@ void IndexoptionenÜbernehmen(Anwendung& Programm, Indexoptionen Neu) {
     Programm.Index.Optionen = std::move(Neu);
     Programm.Index.IndexGeändert = true;
     SpaltenAusIndex(Programm);
-    // What a search finds may hang on it.
-    if (Tags) SucheAktualisieren(Programm);
+    // What the running search finds may hang on it.
+    if (Tags &&
+        (Programm.Abfragen.SucheAnzahl() > 0 || !Programm.Dienst.Fenster.SuchzeileLesen().Begriff.empty()))
+        SucheAktualisieren(Programm);
     Programm.Dienst.Fenster.ListeZeigen();
     Programm.Dienst.Fenster.AuswahlZeigen();
 }

@@ -20,14 +20,6 @@ void LogMitStempel(Anwendung& Programm, std::string_view Text) {
     if (Programm.Log.Aktiv()) Programm.Log.Schreiben(std::string(Text) + Zeitstempel(Programm.Dienst.Zeit));
 }
 
-void ZuletztGeladenAufnehmen(Anwendung& Programm, const std::string& Name) {
-    auto& Liste = Programm.Werte.ZuletztGeladen;
-    std::erase_if(Liste, [&](const std::string& Alter) { return PfadeGleich(Alter, Name); });
-    Liste.insert(Liste.begin(), Name);
-    if (Liste.size() > HöchstensZuletztGeladen) Liste.resize(HöchstensZuletztGeladen);
-    Programm.Dienst.Fenster.ZuletztGeladenZeigen();
-}
-
 // The search when one runs, else the whole index.
 void ListeAuffrischen(Anwendung& Programm) {
     const Suchzeile Zeile = Programm.Dienst.Fenster.SuchzeileLesen();
@@ -196,7 +188,15 @@ bool StandardDateiLaden(Anwendung& Programm, std::int16_t Modus, bool StillErste
     return Index.Programmmodus != ModusNichtsGeladen;
 }
 
-bool AndereDateiLaden(Anwendung& Programm, std::string_view Dateiname) {
+void ZuletztGeladenAufnehmen(Anwendung& Programm, const std::string& Name) {
+    auto& Liste = Programm.Werte.ZuletztGeladen;
+    std::erase_if(Liste, [&](const std::string& Alter) { return PfadeGleich(Alter, Name); });
+    Liste.insert(Liste.begin(), Name);
+    if (Liste.size() > HöchstensZuletztGeladen) Liste.resize(HöchstensZuletztGeladen);
+    Programm.Dienst.Fenster.ZuletztGeladenZeigen();
+}
+
+bool AndereDateiLaden(Anwendung& Programm, std::string_view Dateiname, bool StillErstellen) {
     switch (SpeicherfrageStellen(Programm)) {
         case Speicherwunsch::Abbrechen:
             return false;
@@ -211,7 +211,7 @@ bool AndereDateiLaden(Anwendung& Programm, std::string_view Dateiname) {
     Programm.TagLesenNurLauf = false;
     Programm.NameVonKommandozeile = false;
     Programm.Index.IndexDateiname = Dateiname;
-    return StandardDateiLaden(Programm, ModusNichtsGeladen, false);
+    return StandardDateiLaden(Programm, ModusNichtsGeladen, StillErstellen);
 }
 
 std::string Standardindex(const Anwendung& Programm) {

@@ -16,8 +16,11 @@ bool StandardDateiLaden(Anwendung& Programm, std::int16_t Modus, bool StillErste
                         const std::vector<std::string>& Namen = {});
 
 // Another index in place of the current one: asks the saving question first when that is changed. False when
-// the person cancelled or the load failed.
-bool AndereDateiLaden(Anwendung& Programm, std::string_view Dateiname);
+// the person cancelled or the load failed. StillErstellen: a missing file is a new index.
+bool AndereDateiLaden(Anwendung& Programm, std::string_view Dateiname, bool StillErstellen = false);
+
+// Puts an index in front of the recent files.
+void ZuletztGeladenAufnehmen(Anwendung& Programm, const std::string& Name);
 
 // The index that stands for an empty name: lwStamm.lwi in the program folder.
 std::string Standardindex(const Anwendung& Programm);

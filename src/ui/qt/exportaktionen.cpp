@@ -24,6 +24,21 @@ QString Feldername(const Anwendung& Programm) {
     return QtText(std::string(DateiOhneEndung(Programm.Index.IndexDateiname)) + ".ifd");
 }
 
+void Anzeigen(Anwendung& Programm, const std::string& Datei) {
+    Programmstart* const Programme = Programm.Dienst.Programme;
+    const Exportanzeige Wie = ExportAnzeigeFragen(Programm.Dienst.Person, Datei);
+    if (Wie == Exportanzeige::Keine || Programme == nullptr) return;
+    const auto Gestartet = Wie == Exportanzeige::Editor ? MitTexteditorÖffnen(*Programme, Datei)
+                                                        : Programme->MitAnwendungÖffnen(Datei);
+    if (Gestartet) return;
+    Programm.Dienst.Person.Melden(Symbol::Ausrufezeichen,
+                                  "Die Datei '" + Datei +
+                                      "' wurde gespeichert, kann aber nicht angezeigt werden.\n" +
+                                      Gestartet.Fehler);
+}
+
+}  // namespace
+
 void FelderSpeichern(Anwendung& Programm, QWidget* Eltern) {
     QString Datei =
         QFileDialog::getSaveFileName(Eltern, u"Index-Felder speichern"_s, Feldername(Programm), Felderfilter);
@@ -42,21 +57,6 @@ void FelderImportieren(Anwendung& Programm, QWidget* Eltern) {
         Eltern, u"Index-Felder importieren"_s, QtText(PfadVon(Programm.Index.IndexDateiname)), Felderfilter);
     if (!Datei.isEmpty()) FelderImportierenLauf(Programm, PfadAusQt(Datei));
 }
-
-void Anzeigen(Anwendung& Programm, const std::string& Datei) {
-    Programmstart* const Programme = Programm.Dienst.Programme;
-    const Exportanzeige Wie = ExportAnzeigeFragen(Programm.Dienst.Person, Datei);
-    if (Wie == Exportanzeige::Keine || Programme == nullptr) return;
-    const auto Gestartet = Wie == Exportanzeige::Editor ? MitTexteditorÖffnen(*Programme, Datei)
-                                                        : Programme->MitAnwendungÖffnen(Datei);
-    if (Gestartet) return;
-    Programm.Dienst.Person.Melden(Symbol::Ausrufezeichen,
-                                  "Die Datei '" + Datei +
-                                      "' wurde gespeichert, kann aber nicht angezeigt werden.\n" +
-                                      Gestartet.Fehler);
-}
-
-}  // namespace
 
 void ExportaktionenAnlegen(Fensterplatz& Platz) {
     Anwendung& Programm = Platz.Programm;

@@ -14,4 +14,8 @@ void ExportaktionenAnlegen(Fensterplatz& Platz);
 // mode has no export.
 void ExportierenAusführen(Anwendung& Programm, QWidget* Eltern, const std::vector<Satznummer>& Sätze);
 
+// Asks for a file, then saves the index fields in it, imports them from it.
+void FelderSpeichern(Anwendung& Programm, QWidget* Eltern);
+void FelderImportieren(Anwendung& Programm, QWidget* Eltern);
+
 }  // namespace liedwerk
