@@ -41,6 +41,8 @@ class Optionenformen : public testing::Test {
         QTimer::singleShot(0, qApp, [Tun = std::move(Tun)] {
             QPointer<QWidget> Form = QApplication::activeModalWidget();
             ASSERT_NE(Form, nullptr);
+            // Shortcuts belong to the window that has the keyboard.
+            ASSERT_TRUE(QTest::qWaitForWindowActive(Form));
             Tun(*Form);
             if (Form != nullptr && Form->isVisible()) {
                 ADD_FAILURE() << Form->objectName().toStdString() << " ist noch offen";

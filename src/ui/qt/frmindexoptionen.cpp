@@ -64,6 +64,7 @@ QWidget* frmIndexOptionen::DateitypenAnlegen() {
         {u"Datei-Endung"_s, u"Verwaltet"_s, u"MPEG-Audio"_s, u"Audio-Player"_s, u"Bild"_s});
     lstDateitypen->header()->setObjectName(u"lstDateitypenSpalten"_s);
     lstDateitypen->header()->setStretchLastSection(false);
+    lstDateitypen->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     lstDateitypen->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     connect(lstDateitypen, &QTreeWidget::itemSelectionChanged, this, [this] { TypAuswahlZeigen(); });
     Reihe->addWidget(lstDateitypen, 1);

@@ -84,7 +84,7 @@ frmIndexStatistik::frmIndexStatistik(Indexstatistik Zahlen, std::string_view Ind
     connect(Knöpfe[0], &QPushButton::clicked, this, [this] { cmdKopieren_Click(); });
     Knöpfe[1]->setDefault(true);
     BildZeigen();
-    resize(fontMetrics().averageCharWidth() * 130, fontMetrics().height() * 32);
+    resize(fontMetrics().averageCharWidth() * 130, fontMetrics().height() * 40);
     cboTeilung->setFocus();
 }
 

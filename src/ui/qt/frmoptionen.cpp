@@ -38,7 +38,7 @@ frmOptionen::frmOptionen(Anwendung& Lauf, Optionswege Ziele, QWidget* Eltern)
     ZusätzeAnlegen();
     FußAnlegen(*Spalte);
     EntwurfZeigen();
-    resize(fontMetrics().averageCharWidth() * 132, fontMetrics().height() * 36);
+    resize(fontMetrics().averageCharWidth() * 132, fontMetrics().height() * 43);
     lstSeiten->setFocus();
 }
 

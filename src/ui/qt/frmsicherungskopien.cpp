@@ -29,7 +29,9 @@ frmSicherungskopien::frmSicherungskopien(Anwendung& Lauf, QWidget* Eltern) : QDi
     lstSicherungskopien->setHeaderLabels({u"Sicherungskopie"_s, u"Dateien"_s, u"Größe"_s});
     lstSicherungskopien->header()->setObjectName(u"lstSicherungskopienSpalten"_s);
     lstSicherungskopien->header()->setStretchLastSection(false);
+    lstSicherungskopien->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     lstSicherungskopien->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    lstSicherungskopien->setTextElideMode(Qt::ElideMiddle);
     Spalte->addWidget(lstSicherungskopien, 1);
     const auto Knöpfe = KnöpfeHinzufügen(*Spalte, *this,
                                          {{u"cmdWiederherstellen"_s, u"&Wiederherstellen..."_s, Accepted},
@@ -45,7 +47,7 @@ frmSicherungskopien::frmSicherungskopien(Anwendung& Lauf, QWidget* Eltern) : QDi
             [this] { cmdWiederherstellen_Click(); });
     ListeFüllen();
     ZählungStarten();
-    resize(fontMetrics().averageCharWidth() * 120, fontMetrics().height() * 22);
+    resize(fontMetrics().averageCharWidth() * 138, fontMetrics().height() * 22);
     lstSicherungskopien->setFocus();
 }
 

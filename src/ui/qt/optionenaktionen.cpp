@@ -54,7 +54,7 @@ void OptionenaktionenAnlegen(Fensterplatz& Platz) {
                                     [&Programm, Fenster, Handler] { Handler(Programm, Fenster); });
     };
     QAction* const mnuIndexdateien = Aktion(u"mnuIndexdateien"_s, u"Indexdateien &verwalten..."_s, "sammlung",
-                                            {QKeySequence(u"Ctrl+Shift+I"_s)}, IndexdateienZeigen);
+                                            {QKeySequence(u"Ctrl+Shift+L"_s)}, IndexdateienZeigen);
     QAction* const mnuIndexStatistik =
         Aktion(u"mnuIndexStatistik"_s, u"Index-S&tatistik..."_s, "statistik", {}, IndexstatistikZeigen);
     QAction* const mnuIndexOptionen =
