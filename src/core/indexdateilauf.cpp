@@ -51,6 +51,15 @@ bool NeuenIndexAnlegen(Anwendung& Programm, const std::string& Name) {
                                "Möchten Sie diese laden?");
         if (Wille != Antwort::Ja) return false;
     }
+    // The index in use goes only when the new one can come.
+    const std::string_view Ordner = PfadVon(Name);
+    if (!Ordner.empty() && !OrdnerExistiert(Ordner)) {
+        Programm.Dienst.Person.Melden(Symbol::Information,
+                                      "Der Ordner '" + std::string(Ordner) +
+                                          "' existiert nicht.\nBitte wählen Sie einen anderen für die neue "
+                                          "Indexdatei.");
+        return false;
+    }
     SpaltenInIndex(Programm);
     return AndereDateiLaden(Programm, Name, true);
 }

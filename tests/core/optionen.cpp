@@ -300,6 +300,8 @@ TEST_F(Optionentest, NeuerIndexUndSpeichernUnterVerlierenNichts) {
     EXPECT_FALSE(NeuenIndexAnlegen(*P, Zweite));
     EXPECT_EQ(P->Index.IndexAnzahl(), 3);
     EXPECT_FALSE(NeuenIndexAnlegen(*P, Ordner));
+    EXPECT_FALSE(NeuenIndexAnlegen(*P, Ordner + "/fehlt/neu.lwi"));
+    EXPECT_EQ(P->Index.IndexAnzahl(), 3) << "the index in use stays";
     EXPECT_TRUE(NeuenIndexAnlegen(*P, Ordner + "/dritte.lwi"));
     EXPECT_EQ(P->Index.IndexAnzahl(), 0);
     EXPECT_EQ(DateiLesen(Zweite), Inhalt);

@@ -184,8 +184,6 @@ TEST_F(Optionenformen, SucheFehlerVoraussetzungenUndTasten) {
     ImNächsten([&](QWidget& Form) {
         auto& Liste = Teil<QListWidget>(Form, u"lstSeiten"_s);
         auto& Suche = Teil<QLineEdit>(Form, u"txtSuche"_s);
-        QTest::keyClick(&Form, Qt::Key_F, Qt::ControlModifier);
-        EXPECT_EQ(Form.focusWidget(), &Suche);
         QTest::keyClicks(&Suche, u"sicherungs"_s);
         QStringList Gezeigt;
         for (int Zeile = 0; Zeile < Liste.count(); ++Zeile)
@@ -267,8 +265,7 @@ TEST_F(Optionenformen, IndexOptionenMitMausUndTastatur) {
         Drücken(Form, u"cmdTypÄndern"_s);
         EXPECT_EQ(Eins.Person.Meldungen.back(), "Die Datei-Endung 'mp3' ist schon in der Liste.");
         Typen.setCurrentItem(Typen.topLevelItem(3));
-        Typen.setFocus();
-        QTest::keyClick(&Typen, Qt::Key_Delete);
+        Drücken(Form, u"cmdTypEntfernen"_s);
         EXPECT_EQ(Typen.topLevelItemCount(), Anzahl + 1) << "one of the defaults stays, out of management";
 
         Teil<QTabWidget>(Form, u"Blätter"_s).setCurrentIndex(frmIndexOptionen::Synchronisation);
@@ -335,7 +332,10 @@ TEST_F(Optionenformen, IndexdateienWerdenGeladenUndVergessen) {
         EXPECT_EQ(Liste.topLevelItem(0)->text(0), u"zweite.lwi (geladen)"_s);
         EXPECT_EQ(Liste.topLevelItem(2)->text(2), u"nicht gefunden"_s);
         Liste.setCurrentItem(Liste.topLevelItem(2));
-        QTest::keyClick(&Liste, Qt::Key_Delete);
+        Drücken(Form, u"cmdLaden"_s);
+        EXPECT_TRUE(Eins.Person.Gefragt.back().find("wurde nicht gefunden") != std::string::npos);
+        EXPECT_TRUE(Form.isVisible()) << "nothing is made in its place unasked";
+        Drücken(Form, u"cmdEntfernen"_s);
         EXPECT_EQ(Liste.topLevelItemCount(), 2);
         Liste.setCurrentItem(Liste.topLevelItem(1));
         QTest::keyClick(&Liste, Qt::Key_Return);

@@ -135,7 +135,17 @@ void frmIndexdateien::Laden(const std::string& Datei) {
 
 void frmIndexdateien::cmdLaden_Click() {
     const std::string Datei = Gewählte();
-    if (!Datei.empty()) Laden(Datei);
+    if (Datei.empty()) return;
+    // It may lie on a medium that is not there: only who wants it gets an empty one instead.
+    if (DateiExistiert(Datei)) return Laden(Datei);
+    if (Programm.Dienst.Person.JaNein(
+            Symbol::Frage,
+            "Die Indexdatei '" + Datei +
+                "' wurde nicht gefunden.\nMöchten Sie dort eine neue, leere anlegen?",
+            Antwort::Nein) != Antwort::Ja)
+        return;
+    if (NeuenIndexAnlegen(Programm, Datei)) return accept();
+    ListeFüllen();
 }
 
 void frmIndexdateien::cmdNeu_Click() {
