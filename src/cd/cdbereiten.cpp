@@ -44,8 +44,8 @@ void InhaltÜbernehmen(const clsCcd& Disc, CDDaten& Daten) {
 void StandardtitelSetzen(CDDaten& Daten) {
     for (int i = 0; i < Daten.AnzahlTitel; ++i)
         Daten.Titel[static_cast<std::size_t>(i)].Titel = "Titel " + std::to_string(i + 1);
-    Daten.Album = "Unbekanntes Album";
-    Daten.Interpret = "Unbekannter Interpret";
+    Daten.Album = CDStandardAlbum;
+    Daten.Interpret = CDStandardInterpret;
 }
 
 }  // namespace

@@ -29,6 +29,12 @@ struct CDTitel {
     bool operator==(const CDTitel&) const = default;
 };
 
+// What a disc is called that nobody knows.
+inline constexpr std::string_view CDStandardAlbum = "Unbekanntes Album";
+inline constexpr std::string_view CDStandardInterpret = "Unbekannter Interpret";
+// The number that stands for no genre: the highest that comes back from a file, above all names.
+inline constexpr std::int16_t CDOhneGenre = 145;
+
 struct CDDaten {
     std::string ID;  // disc id
     std::string Laufwerk;

@@ -4,12 +4,13 @@
 #include <gtest/gtest.h>
 
 #include "plattform/httpleser.h"
-#include "server.h"
+#include "werkzeuge/webserver.h"
 
 namespace liedwerk::test {
 namespace {
 
 using namespace std::chrono_literals;
+using werkzeuge::Server;
 using Leitung = Server::Leitung;
 
 constexpr auto Frist = 500ms;

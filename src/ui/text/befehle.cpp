@@ -88,6 +88,15 @@ const std::vector<Befehl>& Befehlstabelle() {
          1,
          1,
          CdInfoAusführen},
+        {"cddb",
+         "cddb [--wahl N] LAUFWERK",
+         "Zeigt die Daten einer Audio-CD (Laufwerk oder Abbild): die gemerkten, sonst die des Servers in der "
+         "Einstellung CDDBServer, die dann gemerkt werden.\n"
+         "  --wahl N             die N-te CD, wenn mehrere passen",
+         {{"--wahl", true}},
+         1,
+         1,
+         CddbAusführen},
         {"datei-info",
          "datei-info [--lesecode 1111] [--zeilen-entfernen] DATEI...",
          "Liest Mediendateien und zeigt alles, was gefunden wurde. Ein Index wird nicht gebraucht.\n"

@@ -44,6 +44,8 @@ Ausgang SortierenAusführen(const Globaloptionen& Global, const Befehlseingabe& 
 Ausgang ExportAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang FelderSchreibenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang FelderLesenAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
+// befehle_cddb.cpp
+Ausgang CddbAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 // befehle_cd.cpp
 Ausgang CdInfoAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);
 Ausgang CdCacheAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe);

@@ -1,10 +1,10 @@
 // A small HTTP server on loopback whose behaviour is a function: it sees the request and sends what it likes.
+// For tests and for trying; nothing of the programs uses it.
 #pragma once
 
 #include <arpa/inet.h>
 #include <atomic>
 #include <chrono>
-#include <cstdlib>
 #include <functional>
 #include <mutex>
 #include <poll.h>
@@ -16,7 +16,7 @@
 #include <unistd.h>
 #include <vector>
 
-namespace liedwerk::test {
+namespace liedwerk::werkzeuge {
 
 class Server {
   public:
@@ -24,7 +24,7 @@ class Server {
     class Leitung {
       public:
         Leitung(int Steckdose, const std::atomic<bool>& Halt) : Griff(Steckdose), Ende(Halt) {}
-        // False when the client has gone or the test ends.
+        // False when the client has gone or the server ends.
         bool Senden(std::string_view Bytes) {
             while (!Bytes.empty() && !Ende) {
                 pollfd Warten{Griff, POLLOUT, 0};
@@ -40,7 +40,7 @@ class Server {
             return Senden("HTTP/1.1 " + std::string(Status) + "\r\nContent-Length: " +
                           std::to_string(Inhalt.size()) + "\r\n\r\n" + std::string(Inhalt));
         }
-        // Waits; false when the client has gone or the test ends.
+        // Waits; false when the client has gone or the server ends.
         bool Warten(std::chrono::milliseconds Dauer) const {
             const auto Bis = std::chrono::steady_clock::now() + Dauer;
             while (!Ende && std::chrono::steady_clock::now() < Bis) {
@@ -58,7 +58,6 @@ class Server {
     using Verhalten = std::function<void(const std::string& Anfrage, Leitung& Weg)>;
 
     explicit Server(Verhalten Wie) : Tun(std::move(Wie)), Griff(socket(AF_INET, SOCK_STREAM, 0)) {
-        unsetenv("http_proxy");  // no detour over a proxy of the machine that runs the tests
         sockaddr_in Ort{};
         Ort.sin_family = AF_INET;
         Ort.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
@@ -132,4 +131,4 @@ class Server {
     std::thread Annahme;
 };
 
-}  // namespace liedwerk::test
+}  // namespace liedwerk::werkzeuge
