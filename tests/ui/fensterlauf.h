@@ -76,6 +76,9 @@ struct Umgebung {
     // Without them nothing is played.
     Spielerkanal* Spieler = nullptr;
     Programmstart* Programme = nullptr;
+    // Without them there are no audio CDs.
+    const CDLaufwerke* CDs = nullptr;
+    Http* Netz = nullptr;
 };
 
 struct Lauf {
@@ -84,6 +87,8 @@ struct Lauf {
                            Welt.Ordner()}) {
         Programm.Dienst.Spieler = Welt.Spieler;
         Programm.Dienst.Programme = Welt.Programme;
+        Programm.Dienst.CDs = Welt.CDs;
+        Programm.Dienst.Netz = Welt.Netz;
         Fenster.Anbinden(Programm);
         Fenster.Beendet = [this] { Beendet = true; };
         Main(Programm, Startauftrag{});

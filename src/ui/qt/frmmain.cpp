@@ -8,6 +8,7 @@
 
 #include "core/suchlauf.h"
 #include "suche/vervollstaendigung.h"
+#include "ui/qt/cdaktionen.h"
 #include "ui/qt/dateiaktionen.h"
 #include "ui/qt/exportaktionen.h"
 #include "ui/qt/extrasaktionen.h"
@@ -230,6 +231,7 @@ void frmMain::TeileAnlegen() {
     ExportaktionenAnlegen(*Platz);
     TagaktionenAnlegen(*Platz);
     TagfunktionenaktionenAnlegen(*Platz);
+    if (Programm->Dienst.CDs != nullptr) CDAktionenAnlegen(*Platz);
     TerminaktionenAnlegen(*Platz);
     ExtrasaktionenAnlegen(*Platz);
     OptionenaktionenAnlegen(*Platz);
