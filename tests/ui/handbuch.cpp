@@ -5,6 +5,7 @@
 #include <QSet>
 
 #include "basis/datei.h"
+#include "plattform/speicher/cdlaufwerke.h"
 #include "plattform/speicher/spieler.h"
 #include "tests/ui/fensterlauf.h"
 
@@ -46,15 +47,17 @@ void WegeSammeln(const QMenu& Menü, const QString& Davor, QMap<QString, QAction
 class HandbuchProbe : public testing::Test {
   protected:
     HandbuchProbe() {
-        // The menu "Wiedergabe" is there only with a player to speak to.
+        // Some entries are there only with a player to speak to and drives that may hold a CD.
         Welt.Spieler = &Kanal;
         Welt.Programme = &Programme;
+        Welt.CDs = &Scheiben;
         Eins = std::make_unique<Lauf>(Welt);
         for (QAction* const Menü : Eins->Fenster.menuBar()->actions())
             WegeSammeln(*Menü->menu(), OhneBuchstabe(Menü->text()), Wege);
     }
     speicher::Spieler Kanal;
     speicher::Programme Programme;
+    speicher::CDs Scheiben;
     Umgebung Welt;
     std::unique_ptr<Lauf> Eins;
     QMap<QString, QAction*> Wege;
