@@ -38,6 +38,8 @@ const std::set<std::string_view> NichtInDenOptionen = {
     "AutoDJFindeAnzahl", "AutoDJAuslassenZeit", "AutoDJAuslassenGröße", "AutoDJAuslassenVorKurzem",
     "AutoDJFindenVorLängerem", "AutoDJID3v1Verwenden", "AutoDJID3v2Verwenden", "AutoDJTopWieviel",
     "AutoDJTopZeitraum", "AutoDJTopEinheit", "AutoDJGenre",
+    // switches of the menus, stored queries
+    "FehlendeMedienZeigen", "SucheUmlauteGleich", "GespeicherteSuche",
     // kept without effect
     "AutomtischSpeichernNurBeiEingaben"};
 
