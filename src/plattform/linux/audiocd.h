@@ -11,9 +11,14 @@
 #include <string_view>
 
 #include "basis/datei.h"
+#include "plattform/cdlaufwerke.h"
 #include "plattform/ordnerleser.h"
 
 namespace liedwerk {
+
+// A drive's own list of tracks, without reading the disc further; no tracks when there is no disc or a part
+// of the list cannot be read.
+CDInhalt GeräteinhaltLesen(const std::string& Gerät);
 
 // The CD ("/dev/sr0/", "/x/Album.cue/") that a path names or goes through, by its text alone and whether or
 // not it is there; nothing for every other path, and for what is a real folder.

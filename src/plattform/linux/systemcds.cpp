@@ -5,6 +5,7 @@
 
 #include "basis/datei.h"
 #include "plattform/cdabbild.h"
+#include "plattform/linux/audiocd.h"
 
 namespace liedwerk {
 namespace {
@@ -30,6 +31,10 @@ CDInhalt Systemcds::InhaltLesen(std::string_view Laufwerk) const {
         if (!Grund.empty()) Inhalt.Fehlertext += " (" + Grund + ")";
         return Inhalt;
     }
+    // The library tells that the disc has sound, but leaves out data tracks at its end and what lies before
+    // them: the disc id counts them.
+    CDInhalt Ganzer = GeräteinhaltLesen(Name);
+    if (!Ganzer.Spuren.empty()) return Ganzer;
     const int Letzter = discid_get_last_track_num(Disc.get());
     for (int Nummer = discid_get_first_track_num(Disc.get()); Nummer <= Letzter; ++Nummer)
         Inhalt.Spuren.push_back({discid_get_track_offset(Disc.get(), Nummer), false});
