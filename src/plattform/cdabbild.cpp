@@ -104,12 +104,15 @@ constexpr std::array<Sektorart, 17> Sektorarten = {{{"AUDIO", 2352},
 CDInhalt AbbildFehler(std::string Text) {
     CDInhalt Inhalt;
     Inhalt.Fehlernummer = UngültigesAbbild;
+    // Names in a sheet may hold anything.
+    std::ranges::replace_if(
+        Text, [](unsigned char Byte) { return Byte < 0x20 || Byte == 0x7F; }, ' ');
     Inhalt.Fehlertext = std::move(Text);
     return Inhalt;
 }
 
 std::optional<std::int64_t> AbbildZahl(std::string_view Text) {
-    constexpr std::size_t Stellen = 9;
+    constexpr std::size_t Stellen = 10;  // the bytes of a long disc need them
     if (Text.empty() || Text.size() > Stellen) return std::nullopt;
     std::int64_t Wert = 0;
     for (const char Ziffer : Text) {

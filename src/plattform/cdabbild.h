@@ -34,8 +34,8 @@ bool IstCDAbbild(std::string_view Pfad);
 // Reads the sheet and the files beside it.
 CDInhalt CDAbbildLesen(std::string_view Pfad);
 
-// For the two forms of sheets: a failure, a number of up to nine digits, "mm:ss:ff" in frames, and the disc
-// of tracks that are checked to follow one another.
+// For the two forms of sheets: a failure (its text becomes one line), a number of up to ten digits,
+// "mm:ss:ff" in frames, and the disc of tracks that are checked to follow one another.
 CDInhalt AbbildFehler(std::string Text);
 std::optional<std::int64_t> AbbildZahl(std::string_view Text);
 std::optional<std::int64_t> AbbildZeit(std::string_view Text);

@@ -126,7 +126,8 @@ class Tocleser {
         Spuren.push_back({*Sektor + (MitNebenkanal ? Nebenkanal : 0), !GleichOhneGroß(Modus, "AUDIO"), 0, 0});
     }
 
-    // A length at the place in hand: "mm:ss:ff", or samples, in a data track bytes. Nothing for another word.
+    // A length at the place in hand: "mm:ss:ff", or samples, in a data track bytes. Nothing for another word;
+    // one that begins like a length and is none is an error.
     std::optional<std::int64_t> Länge() {
         if (Hier >= Worte.size() || Worte[Hier].Quotiert) return std::nullopt;
         const std::string& Text = Worte[Hier].Text;
@@ -134,13 +135,25 @@ class Tocleser {
         if (const auto Zeit = AbbildZeit(Text)) Samples = *Zeit * SamplesJeFrame;
         if (const auto Zahl = AbbildZahl(Text)) Samples = Spuren.back().Daten ? SamplesVon(*Zahl) : *Zahl;
         if (Samples) ++Hier;
+        if (!Samples && !Text.empty() && Text.front() >= '0' && Text.front() <= '9')
+            Beanstanden("steht die ungültige Länge '" + Text + "'");
         return Samples;
+    }
+
+    // What is wrong in the track at hand; the first error counts.
+    void Beanstanden(const std::string& Grund) {
+        if (Fehler.empty())
+            Fehler =
+                "Das CD-Abbild ist ungültig: In Titel " + std::to_string(Spuren.size()) + " " + Grund + ".";
     }
 
     // "#bytes": where in the file the piece begins.
     std::int64_t Versatz() {
         if (Hier >= Worte.size() || Worte[Hier].Quotiert || !Worte[Hier].Text.starts_with('#')) return 0;
-        return AbbildZahl(std::string_view(Worte[Hier++].Text).substr(1)).value_or(0);
+        const std::string& Text = Worte[Hier++].Text;
+        const auto Bytes = AbbildZahl(std::string_view(Text).substr(1));
+        if (!Bytes) Beanstanden("steht die ungültige Stelle '" + Text + "'");
+        return Bytes.value_or(0);
     }
 
     std::int64_t SamplesVon(std::int64_t Bytes) const {
@@ -153,12 +166,8 @@ class Tocleser {
         while (Hier < Worte.size() && !Worte[Hier].Quotiert && AbbildSektor(Worte[Hier].Text))
             ++Hier;
         const auto Samples = Länge();
-        if (!Samples) {
-            Fehler = "Das CD-Abbild ist ungültig: In Titel " + std::to_string(Spuren.size()) +
-                     " fehlt eine Länge.";
-            return;
-        }
-        Spuren.back().Samples += *Samples;
+        if (!Samples) return Beanstanden("fehlt eine Länge");
+        Anhängen(*Samples);
         if (Davor) Spuren.back().Davor = *Samples;
     }
 
@@ -167,6 +176,7 @@ class Tocleser {
     }
 
     std::optional<Abbilddatei> Datei(const std::string& Name) {
+        if (!Fehler.empty()) return std::nullopt;
         auto Angaben = Nachsehen(Name);
         constexpr std::uint64_t Grenze = std::uint64_t{1} << 46U;
         if (!Angaben || Angaben->Größe > Grenze) {
@@ -182,10 +192,7 @@ class Tocleser {
         if (Hier < Worte.size() && GleichOhneGroß(Worte[Hier].Text, "SWAP")) ++Hier;
         const std::int64_t Bytes = Versatz();
         const std::int64_t Beginn = Länge().value_or(0);
-        if (const auto Samples = Länge()) {
-            Spuren.back().Samples += *Samples;
-            return;
-        }
+        if (const auto Samples = Länge()) return Anhängen(*Samples);
         const auto Angaben = Datei(Name);
         if (!Angaben) return;
         const bool Wave = Angaben->BytesJeSekunde != 0;
@@ -203,10 +210,7 @@ class Tocleser {
     void DatenLesen() {
         const std::string Name = Dateiname();
         const std::int64_t Bytes = Versatz();
-        if (const auto Samples = Länge()) {
-            Spuren.back().Samples += *Samples;
-            return;
-        }
+        if (const auto Samples = Länge()) return Anhängen(*Samples);
         const auto Angaben = Datei(Name);
         if (Angaben) RestAnhängen(Name, SamplesVon(static_cast<std::int64_t>(Angaben->Größe) - Bytes));
     }
@@ -215,8 +219,15 @@ class Tocleser {
         if (Samples < 0) {
             Fehler = "Die Datei '" + Name + "' ist kürzer, als das CD-Abbild sagt.";
         } else {
-            Spuren.back().Samples += Samples;
+            Anhängen(Samples);
         }
+    }
+
+    // Any number of pieces may stand in a sheet; no disc is as long as the bound, and no sum overflows.
+    void Anhängen(std::int64_t Samples) {
+        constexpr std::int64_t Grenze = std::int64_t{1} << 48U;
+        Spuren.back().Samples += Samples;
+        if (Spuren.back().Samples > Grenze) Beanstanden("ist der Klang länger als jede CD");
     }
 
     std::vector<Wort> Worte;

@@ -105,6 +105,11 @@ TEST(Abbild, TocBlätter) {
         {"TRACK AUDIO\nFILE \"null.wav\" 00:00:01", "!"},
         {"TRACK AUDIO\nFILE \"riesig.bin\" 0", "!"},
         {"TRACK AUDIO\nSILENCE", "!"},
+        {"TRACK AUDIO\nFILE \"1.wav\" 0 00:60:00", "!"},  // no length: not the rest of the file
+        {"TRACK AUDIO\nFILE \"1.wav\" 0x10", "!"},
+        {"TRACK AUDIO\nFILE \"1.wav\" #x 0 00:00:01", "!"},
+        {"TRACK AUDIO\nFILE \"1.wav\" 0 00:01:00\nSTART 1:0", "!"},
+        {"TRACK AUDIO RW\nFILE \"fehlt\" #1000000000 0 00:00:01", "150 151"},
         {"TRACK AUDIO", "!"},
         {"TRACK", "!"},
         {"{{{{ TRACK AUDIO \"", "!"},
@@ -112,6 +117,12 @@ TEST(Abbild, TocBlätter) {
     };
     for (const Fall& Einer : Fälle)
         EXPECT_EQ(Plätze(TocAuswerten(Einer.Blatt, Nachsehen)), Einer.Erwartet) << Einer.Blatt;
+    std::string Endlos = "TRACK AUDIO\n";
+    for (int i = 0; i < 40000; ++i)
+        Endlos += "SILENCE 9999999999:0:0\n";
+    EXPECT_EQ(Plätze(TocAuswerten(Endlos, Nachsehen)), "!") << "no sum overflows";
+    EXPECT_EQ(TocAuswerten("TRACK AUDIO\nFILE \"a\\033[2J\nb\"", Nachsehen).Fehlertext,
+              "Die Datei 'a [2J b' des CD-Abbildes fehlt oder ist zu lang.");
 }
 
 std::string Wave(std::size_t Frames) {
