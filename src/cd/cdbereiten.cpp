@@ -41,6 +41,20 @@ void InhaltÜbernehmen(const clsCcd& Disc, CDDaten& Daten) {
     }
 }
 
+// Takes what the cache knows of the disc. A file without titles knows nothing; one with fewer than the disc
+// has hides none of its tracks.
+bool AusSpeicherLesen(CDStand& Stand, const CDSpeicherumgebung& Speicher) {
+    const CDDaten Vorher = Stand.Daten;
+    if (!CDDBCDLesen(Stand, Speicher, Vorher.ID, true)) return false;
+    if (Stand.Daten.AnzahlTitel == 0) {
+        Stand.Daten = Vorher;
+        CDVergessen(Stand);
+        return false;
+    }
+    Stand.Daten.AnzahlTitel = std::max(Stand.Daten.AnzahlTitel, Vorher.AnzahlTitel);
+    return true;
+}
+
 void StandardtitelSetzen(CDDaten& Daten) {
     for (int i = 0; i < Daten.AnzahlTitel; ++i)
         Daten.Titel[static_cast<std::size_t>(i)].Titel = "Titel " + std::to_string(i + 1);
@@ -59,15 +73,17 @@ CDBereitung CDDBDatenBereiten(CDStand& Stand, const CDUmgebung& Umgebung, std::s
     const std::string Beginn = "CDDBStart: Start - " + Name + ", " + std::string(Server);
     const bool AudioCD = Umgebung.LaufwerkIstAudioCD(Laufwerk);
     const bool Gelesen = AudioCD && Disc.Init(Umgebung.CDs, Laufwerk);
-    // The disc decides, not the drive's name: another one may have been put in meanwhile.
+    // The disc decides, not the drive's name alone: another one may have been put in meanwhile. And a record
+    // out of a file knows no drive.
     const bool Geladen = Gelesen && !Stand.CDDBZuletztID.empty() && Disc.DiskID == Stand.CDDBZuletztID &&
-                         Daten.ID == Disc.DiskID;
+                         Daten.ID == Disc.DiskID && Daten.Laufwerk == Name;
     if (Geladen) {
         Daten.Protokoll.clear();
         CDProtokollieren(Daten, Beginn);
         return CDBereitung::Geladen;
     }
     Daten = {};
+    CDVergessen(Stand);
     CDProtokollieren(Daten, Beginn);
     if (!AudioCD) {
         return Scheitern(Daten, " - Laufwerk '" + Name +
@@ -79,7 +95,7 @@ CDBereitung CDDBDatenBereiten(CDStand& Stand, const CDUmgebung& Umgebung, std::s
     if (!Gelesen) return Scheitern(Daten, " bei CD-Initialisierung - " + CDFehlertext(Disc));
     Daten.Laufwerk = Name;
     InhaltÜbernehmen(Disc, Daten);
-    if (CDDBCDLesen(Stand, Umgebung.Speicher, Daten.ID, true)) return CDBereitung::AusSpeicher;
+    if (AusSpeicherLesen(Stand, Umgebung.Speicher)) return CDBereitung::AusSpeicher;
     StandardtitelSetzen(Daten);
     return CDBereitung::Unbekannt;
 }

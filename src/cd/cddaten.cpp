@@ -4,6 +4,11 @@
 
 namespace liedwerk {
 
+void CDVergessen(CDStand& Stand) {
+    Stand.CDDBZuletztID.clear();
+    Stand.CDDBZuletztLaufwerk.clear();
+}
+
 bool CDIDGültig(std::string_view ID) {
     constexpr std::string_view Ziffern = "0123456789abcdefABCDEF";
     return ID.size() == 8 && ID.find_first_not_of(Ziffern) == std::string_view::npos;

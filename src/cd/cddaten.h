@@ -68,6 +68,9 @@ struct CDStand {
     std::string CDDBFehlerText;
 };
 
+// No CD is loaded any more; the record stays.
+void CDVergessen(CDStand& Stand);
+
 // True for exactly eight hexadecimal digits: only such an id may become the name of a file.
 bool CDIDGültig(std::string_view ID);
 

@@ -60,7 +60,10 @@ class CDFrage {
         Stand = {};
         Gelesen = CDDBDatenBereiten(Stand, Umgebung, Laufwerk, Programm.Werte.CDDBServer, Disc) !=
                   CDBereitung::Gescheitert;
-        if (Gelesen && Programm.CD.Daten.ID == Disc.DiskID) Stand.Daten = Programm.CD.Daten;
+        // A record out of a file alone has the id, but not the disc's places.
+        if (Gelesen && Programm.CD.Daten.ID == Disc.DiskID &&
+            Programm.CD.Daten.LeadOutOffset == Disc.TrackOffset(Disc.TrackCount))
+            Stand.Daten = Programm.CD.Daten;
     }
 
     std::mutex Sperre;

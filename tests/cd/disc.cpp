@@ -110,6 +110,31 @@ TEST_F(Discprobe, EineAndereScheibeImSelbenLaufwerkErbtNichts) {
     EXPECT_EQ(Stand.Daten.ID, "");
 }
 
+TEST_F(Discprobe, EinSatzAusEinerDateiIstNichtDerDerScheibeUndVerdecktKeinenTitel) {
+    Ordner.Datei("cd/Track01.cda");
+    CDs.Liste[Laufwerk] = Inhalt({150, 15363}, 95462);
+    ASSERT_EQ(Bereiten(), CDBereitung::Unbekannt);
+    const std::string ID = Stand.Daten.ID;
+    const std::string Datei = "CDDB/" + ID + ".dat";
+    Ordner.Datei(Datei, "lwifcddb1\r\nDTITLE=A / B\r\nTTITLE0=Eins\r\n");
+    Stand = {};
+    ASSERT_TRUE(CDDBCDLesen(Stand, Umgebung.Speicher, ID, true));
+    EXPECT_EQ(Bereiten(), CDBereitung::AusSpeicher);
+    EXPECT_EQ(Stand.Daten.Laufwerk, Laufwerk);
+    EXPECT_EQ(Stand.Daten.LeadOutOffset, 95462);
+    EXPECT_EQ(Stand.Daten.AnzahlTitel, 2) << "the file has one title, the disc two";
+    EXPECT_EQ(Stand.Daten.Titel[1].Dauer, 1068);
+
+    Umgebung.LaufwerkIstAudioCD = [](std::string_view) { return false; };
+    EXPECT_EQ(Bereiten(), CDBereitung::Gescheitert);
+    EXPECT_EQ(Stand.CDDBZuletztID + Stand.CDDBZuletztLaufwerk, "");
+    Umgebung.LaufwerkIstAudioCD = [](std::string_view) { return true; };
+    Ordner.Datei(Datei, "lwifcddb1\r\nDTITLE=A / B\r\nDYEAR=1999\r\n");
+    EXPECT_EQ(Bereiten(), CDBereitung::Unbekannt);
+    EXPECT_EQ(Stand.Daten.Titel[1].Titel + Stand.Daten.Jahr, "Titel 2");
+    EXPECT_EQ(Stand.CDDBZuletztID, "");
+}
+
 TEST(CDTitel, DerSatzFolgtDerScheibeUndSonstNichts) {
     CDDaten Daten;
     Daten.AnzahlTitel = 3;
