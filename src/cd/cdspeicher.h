@@ -20,7 +20,8 @@ struct CDSpeicherumgebung {
     std::string Programm;  // name and version, as "Liedwerk 1.00"
 };
 
-// The file of a disc; empty for an id that is no eight hexadecimal digits.
+// The file of a disc, in small letters or as it lies there; empty for an id that is no eight hexadecimal
+// digits.
 std::string CDDatei(const CDSpeicherumgebung& Umgebung, std::string_view ID);
 
 // Writes the record under the id. True when the file stands; false, logged, otherwise: then an old file is

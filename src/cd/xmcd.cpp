@@ -203,7 +203,7 @@ bool CDDBCDVerarbeiten(std::string_view Bytes, CDDaten& Daten, Protokoll& Log) {
     }
     Daten.Text = XmcdTextVonBytes(Bytes);
     Leser Lauf(Daten, Log);
-    for (const auto& Zeile : Teilen(Ersetzen(Daten.Text, Zeilenende, "\n"), "\n"))
+    for (const auto& Zeile : Teilen(Ersetzen(Ersetzen(Daten.Text, Zeilenende, "\n"), "\r", "\n"), "\n"))
         Lauf.Zeile(Zeile);
     Lauf.Abschließen();
     return true;

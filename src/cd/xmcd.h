@@ -4,6 +4,7 @@
 // value that is too long stands in several lines of the same key, a line break in it as "\n".
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,9 @@
 #include "cd/cddaten.h"
 
 namespace liedwerk {
+
+// More than a hundred titles of many lines need, in bytes: the most that is read from a file.
+inline constexpr std::uint64_t XmcdHöchsteBytes = 1 << 20;
 
 // The text of bytes that came from a server or a file: UTF-8 when they are valid UTF-8, else Windows-1252.
 // Control characters other than CR and LF become blanks.
@@ -20,8 +24,8 @@ std::string XmcdTextVonBytes(std::string_view Bytes);
 std::string XmcdBytesVonText(std::string_view Text);
 
 // Fills titles, album, artist, year, genres and free text of the record from the bytes of an xmcd text, a
-// server's status line in front of it or not; what the text does not name stays. Lines may end with CR LF or
-// LF. False, logged, for an empty text.
+// server's status line in front of it or not; what the text does not name stays. Lines may end with CR LF, LF
+// or CR. False, logged, for an empty text.
 bool CDDBCDVerarbeiten(std::string_view Bytes, CDDaten& Daten, Protokoll& Log);
 
 // The xmcd text of the record, lines separated by CR LF, none at the end. Programm is name and version, as

@@ -64,9 +64,15 @@ TEST_F(Speicherprobe, EinGescheitertesSchreibenLässtDieAlteDatei) {
     const auto Vorher = DateiLesen(Datei);
     Ordner.Datei("CDDB/8a0b2c0d.dat~/im Weg");
     EXPECT_FALSE(CDDBCDSpeichern(Stand, Umgebung, "8a0b2c0d", Album("Neu")));
-    EXPECT_NE(Log.Zeilen.back().find("die temporäre Datei"), std::string::npos);
+    EXPECT_NE(Log.Zeilen.back().find("nicht gelöscht werden konnte: "), std::string::npos);
     EXPECT_EQ(DateiLesen(Datei), Vorher);
     std::filesystem::remove_all(Datei + "~");
+    {
+        Dateiersatz Anderer;
+        ASSERT_EQ(Anderer.Öffnen(Datei, Datei + "~"), Dateiersatz::Öffnung::Bereit);
+        EXPECT_FALSE(CDDBCDSpeichern(Stand, Umgebung, "8a0b2c0d", Album("Neu")));
+        EXPECT_NE(Log.Zeilen.back().find("ein anderes Programm"), std::string::npos);
+    }
     std::filesystem::remove(Datei);
     Ordner.Datei("CDDB/8a0b2c0d.dat/im Weg");
     EXPECT_FALSE(CDDBCDSpeichern(Stand, Umgebung, "8a0b2c0d", Album("Neu")));
@@ -84,9 +90,14 @@ TEST_F(Speicherprobe, DieListeZeigtNurGültigeDateienAufEinerZeile) {
     Ordner.Datei("CDDB/55555555.dat", "");
     Ordner.Datei("CDDB/name.dat", "lwifcddb1\r\nDTITLE=a / b");
     Ordner.Datei("CDDB/66666666.dat/x");
+    const std::string Groß = Ordner.Datei("CDDB/0A0B2C0D.DAT", "lwifcddb1\r\nDTITLE=a / Groß");
     const auto Liste = CDDBCDsSuchen(Umgebung);
-    ASSERT_EQ(Liste.size(), 2U);
-    EXPECT_EQ(CDZeilentext(Liste.front()), "(Unbekanntes Album) - (Unbekannter Interpret)");
+    ASSERT_EQ(Liste.size(), 3U);
+    EXPECT_EQ(Liste.front().Datei, Groß) << "from a system that knows no case";
+    ASSERT_TRUE(CDDBCDSpeichern(Stand, Umgebung, "0a0b2c0d", Album("Neu")));
+    EXPECT_TRUE(CDDBCDLesen(Stand, Umgebung, "0a0b2c0d", true) && Stand.Daten.Album == "Neu");
+    EXPECT_TRUE(CDDBCDLöschen(Stand, Umgebung, "0a0b2c0d") && !DateiExistiert(Groß));
+    EXPECT_EQ(CDZeilentext(Liste[1]), "(Unbekanntes Album) - (Unbekannter Interpret)");
     EXPECT_EQ(CDZeilentext(Liste.back()), "C  - A B");
     EXPECT_EQ(Liste.back().Datei, Ordner.In("CDDB/22222222.dat"));
     speicher::Person Person;

@@ -36,6 +36,7 @@ TEST_F(Xmcdprobe, EineAntwortFülltDenSatz) {
     EXPECT_EQ(Daten.ID3Genre, 17);
     EXPECT_EQ(Daten.Erweitert, "Notiz\r\nEnde\r\nMehr");
     EXPECT_TRUE(Log.Zeilen.empty());
+    EXPECT_EQ(Gelesen("# x\rTTITLE0=A\rTTITLE1=B").AnzahlTitel, 2) << "bare returns end lines too";
     // Answers with bare line feeds and in UTF-8 read the same.
     EXPECT_EQ(Gelesen("DTITLE=Bj\xC3\xB6rk / Début\nTTITLE0=\xD0\x9F\nDGENRE=Jazz\n").Titel[0].Titel, "П");
 }
