@@ -83,8 +83,9 @@ Ausgang CdCacheAusführen(const Globaloptionen& Global, const Befehlseingabe&) {
 
 Ausgang XmcdAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe) {
     const std::string& Name = Eingabe.Argumente.front();
-    const auto Text = EingabeLesen(Name);
-    if (!Text) return Gescheitert("Die Datei '" + Name + "' konnte nicht gelesen werden.");
+    const auto Text = EingabeLesen(Name, XmcdHöchsteBytes);
+    if (!Text)
+        return Gescheitert("Die Datei '" + Name + "' konnte nicht gelesen werden oder ist größer als 1 MiB.");
     Programmlauf Lauf(Global);
     if (!Lauf.Bereit()) return Ausgang::Fehlgeschlagen;
     CDDaten Daten;

@@ -1,9 +1,9 @@
 #include "ui/text/lauf.h"
 
+#include <array>
 #include <charconv>
 #include <filesystem>
 #include <iostream>
-#include <iterator>
 #include <limits>
 #include <numeric>
 #include <system_error>
@@ -31,6 +31,17 @@ namespace {
 std::unique_ptr<Uhr> LaufUhr(const Globaloptionen& Global) {
     if (Global.Jetzt) return std::make_unique<FesteUhr>(*Global.Jetzt);
     return std::make_unique<Systemuhr>();
+}
+
+// All of the standard input; nothing when there is more of it than that.
+std::optional<std::string> StandardeingabeLesen(std::uint64_t Höchstens) {
+    std::string Text;
+    std::array<char, 1 << 16> Stück{};
+    while (std::cin.read(Stück.data(), Stück.size()) || std::cin.gcount() > 0) {
+        Text.append(Stück.data(), static_cast<std::size_t>(std::cin.gcount()));
+        if (Text.size() > Höchstens) return std::nullopt;
+    }
+    return Text;
 }
 
 std::string OrdnerDesLaufs(const Globaloptionen& Global) {
@@ -213,10 +224,9 @@ std::vector<std::string> EingabePfade(const std::vector<std::string>& Namen) {
     return Pfade;
 }
 
-std::optional<std::string> EingabeLesen(std::string_view Name) {
+std::optional<std::string> EingabeLesen(std::string_view Name, std::uint64_t Höchstens) {
     constexpr std::string_view Bytefolgemarke = "\xEF\xBB\xBF";
-    auto Text = Name == "-" ? std::string(std::istreambuf_iterator<char>(std::cin), {})
-                            : DateiLesen(EingabePfad(Name));
+    auto Text = Name == "-" ? StandardeingabeLesen(Höchstens) : DateiLesen(EingabePfad(Name), Höchstens);
     if (Text && Text->starts_with(Bytefolgemarke)) Text->erase(0, Bytefolgemarke.size());
     return Text;
 }

@@ -1,6 +1,7 @@
 // One run of a command: settings, ports and index opened, results put out, messages to standard error.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -64,8 +65,8 @@ Ausgang Gescheitert(std::string_view Text);
 std::string EingabePfad(std::string_view Name);
 std::vector<std::string> EingabePfade(const std::vector<std::string>& Namen);
 // The content of a named file, "-" for the standard input, without a byte-order mark of UTF-8; nothing when
-// it cannot be read.
-std::optional<std::string> EingabeLesen(std::string_view Name);
+// it cannot be read or has more than Höchstens bytes.
+std::optional<std::string> EingabeLesen(std::string_view Name, std::uint64_t Höchstens = UINT64_MAX);
 // The record numbers of arguments, not yet compared with an index; nothing when one is no whole number.
 std::optional<std::vector<Satznummer>> NummernLesen(const std::vector<std::string>& Argumente);
 
