@@ -163,7 +163,10 @@ void WertAnhängen(std::vector<std::string>& Zeilen, std::string_view Schlüssel
 // The head of the free text. A year that would not come back as it is stays in its own line alone.
 std::string Jahresangabe(const CDDaten& Daten) {
     const bool Vierstellig = Daten.Jahr.size() == 4 && IstNumerisch(Daten.Jahr);
-    return "YEAR: " + (Vierstellig ? Daten.Jahr : std::string()) + " ID3G: " + std::to_string(Daten.ID3Genre);
+    // A number below 0 would come back as that of the first genre.
+    const bool Bekannt = Daten.ID3Genre >= 0 && Daten.ID3Genre < CDOhneGenre;
+    return "YEAR: " + (Vierstellig ? Daten.Jahr : std::string()) +
+           " ID3G: " + std::to_string(Bekannt ? Daten.ID3Genre : CDOhneGenre);
 }
 
 // The lines of the free text share a value as long as they fit. The reader puts a line break between two

@@ -34,7 +34,7 @@ TEST_F(Speicherprobe, GespeichertesKommtWiederUndWirdNichtZweimalGelesen) {
     const auto Inhalt = DateiLesen(Datei);
     ASSERT_TRUE(Inhalt);
     EXPECT_TRUE(Inhalt->starts_with("lwifcddb1\r\n# xmcd\r\n"));
-    EXPECT_TRUE(Inhalt->ends_with("TTITLE0=\xC4\r\nEXTD=YEAR:  ID3G: -1\r\nEXTT0=\r\nPLAYORDER=\r\n"));
+    EXPECT_TRUE(Inhalt->ends_with("TTITLE0=\xC4\r\nEXTD=YEAR:  ID3G: 145\r\nEXTT0=\r\nPLAYORDER=\r\n"));
     EXPECT_FALSE(DateiExistiert(Datei + "~"));
 
     Stand.Daten.Laufwerk = "/dev/sr1";
