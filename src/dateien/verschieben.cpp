@@ -6,6 +6,7 @@
 
 #include "basis/dateiname.h"
 #include "basis/pfad.h"
+#include "basis/schreibrecht.h"
 #include "basis/text.h"
 #include "basis/zahl.h"
 
@@ -177,15 +178,16 @@ void Ausführen(const Begleitung& Dabei, std::string_view Quelle, bool Verschieb
     }
 }
 
-std::optional<std::string> Hindernis(std::string_view Quelle, std::string_view Ziel) {
+std::optional<std::string> Hindernis(std::string_view Quelle, std::string_view Ziel, bool Verschieben) {
     if (!DateiExistiert(Quelle)) {
+        // Kept: the same words for a copy.
         return "Die Datei '" + std::string(Quelle) +
                "' (Quelldatei) kann nicht verschoben oder umbenannt werden.\n" +
                (OrdnerExistiert(Quelle) ? "Sie ist ein Ordner." : "Diese existiert nicht.");
     }
     // Seen from here a path of another system would be a name in whatever folder the program stands.
     if (IstPosixPfad(Quelle) != IstPosixPfad(Ziel) || !TeileEindeutig(Ziel) || HatZeilenende(Ziel))
-        return Fehlersatz(Quelle, Ziel, true, "Das ist hier kein gültiger Dateiname");
+        return Fehlersatz(Quelle, Ziel, Verschieben, "Das ist hier kein gültiger Dateiname");
     return std::nullopt;
 }
 
@@ -200,7 +202,7 @@ Verschiebeergebnis DateiVerschieben(Oberfläche& Person, std::string_view Quelle
         Ergebnis.Gelungen = true;
         return Ergebnis;
     }
-    if (auto Grund = Hindernis(Quelle, Ziel)) {
+    if (auto Grund = Hindernis(Quelle, Ziel, Verschieben)) {
         Ergebnis.Fehlertext = std::move(*Grund);
         return Ergebnis;
     }
@@ -215,7 +217,7 @@ Verschiebeergebnis DateiVerschieben(Oberfläche& Person, std::string_view Quelle
         return Ergebnis;
     }
     if (Verschieben && !SchreibtestDatei(Person, Quelle)) {
-        Ergebnis.Übersprungen = true;
+        Ergebnis.Übersprungen = Ergebnis.Gesperrt = true;
         return Ergebnis;
     }
     switch (WegFinden(Person, Quelle, Ergebnis.Ziel, Überschreiben)) {
@@ -245,8 +247,11 @@ Verschiebeergebnis DateiVerschieben(Oberfläche& Person, std::string_view Quelle
 bool SchreibtestDatei(Oberfläche& Person, std::string_view Pfad) {
     // Whoever rewrites a media file holds its temporary name locked. The file itself is not renamed to and
     // fro as a trial: a crash in between would leave it under a name that is none.
-    const auto Frei = [Temporär = std::string(Pfad) + "~lwitmp"] {
-        return SperreLesen(Temporär) != Sperrzustand::Gehalten;
+    const auto Frei = [Datei = std::string(Pfad)] {
+        if (SperreLesen(Datei + "~lwitmp") == Sperrzustand::Gehalten) return false;
+        // What is gone already is in nobody's way. A move to another file system would leave its source
+        // behind in a folder that cannot be written.
+        return !DateiExistiert(Datei) || (DateiBeschreibbar(Datei) && OrdnerBeschreibbar(PfadVon(Datei)));
     };
     if (Frei()) return true;
     return Person.DateiNichtVerfügbarSchreibenZeigen(

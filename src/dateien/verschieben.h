@@ -29,6 +29,7 @@ struct Verschiebeergebnis {
     bool Umgezogen = false;     // the source is gone and the target is there: a record may take the path Ziel
     bool Abgebrochen = false;   // the person has ended the run
     bool Übersprungen = false;  // the person wants this file left alone
+    bool Gesperrt = false;      // Übersprungen since the file cannot be written now, not for the target
     std::string Ziel;           // the target in the end; another one than asked for after "Umbenennen"
     std::string Fehlertext;     // what went wrong, for the person; empty when there is nothing to show
 };
@@ -39,8 +40,9 @@ struct Verschiebeergebnis {
 Verschiebeergebnis DateiVerschieben(Oberfläche& Person, std::string_view Quelle, std::string_view Ziel,
                                     bool Verschieben, std::int16_t Überschreiben, std::int64_t Position = 0);
 
-// SchreibtestDatei: false while another run of the program is writing this file anew, and the person does not
-// want to wait for it. Renaming or deleting it at that moment would bring the old name back.
+// SchreibtestDatei: false while another run of the program is writing this file anew, or file or folder give
+// no permission to write, and the person does not want to wait for it. Renaming or deleting it while it is
+// written would bring the old name back.
 bool SchreibtestDatei(Oberfläche& Person, std::string_view Pfad);
 
 // The next free name beside a file: Vor + running number + Nach + its extension, counted up from Mitte.

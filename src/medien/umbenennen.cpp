@@ -18,10 +18,15 @@ void EintragÄndern(const Umbenennumgebung& Umgebung, Satznummer Nummer, const s
                    bool VorherLeeren) {
     const Dateiumgebung& Dateien = Umgebung.Dateien;
     Satzspeicher& Sätze = Dateien.Index.Sätze;
+    // An entry may be set right while its medium is away: then what it knows is all there is, the label of
+    // the medium included.
+    if (!VorherLeeren && !DateiExistiert(Neu)) {
+        Sätze.PfadSetzen(Nummer, Neu);
+        Dateien.Index.IndexGeändert = true;
+        return;
+    }
     SatzUmziehen(Dateien, Nummer, Neu);
     if (Dateien.Werte.Mp3TagLesen == "000") return;
-    // An entry may be set right while its medium is away: then what it knows is all there is.
-    if (!VorherLeeren && !DateiExistiert(Neu)) return;
     const Datensatz Alt = VorherLeeren ? Datensatz{} : Sätze.Lesen(Nummer);
     Sätze.Setzen(Nummer, Neu, Umgebung.Leser(Neu, Alt, HinzufügeLeseauftrag(Dateien.Werte.Mp3TagLesen)));
 }
@@ -41,6 +46,7 @@ Umbenennergebnis DateiBewegen(const Umbenennumgebung& Umgebung, Satznummer Numme
         DateiVerschieben(Dateien.Person, Pfad, Plan.Neu, true, ÜberschreibenFragen, Umgebung.Position);
     Ergebnis.Behandelt = Bewegt.Gelungen;
     Ergebnis.Übersprungen = Bewegt.Übersprungen;
+    Ergebnis.Gesperrt = Bewegt.Gesperrt;
     Ergebnis.Abgebrochen = Bewegt.Abgebrochen;
     Ergebnis.Meldung = Bewegt.Fehlertext;
     if (!Bewegt.Umgezogen) return Ergebnis;

@@ -28,6 +28,7 @@ struct Umbenennergebnis {
     bool Behandelt = false;     // the file was treated, or there was nothing to do
     bool Geändert = false;      // name, entry, attributes or content are new
     bool Übersprungen = false;  // left alone by the person's answer; no reason to ask again
+    bool Gesperrt = false;      // Übersprungen since the file cannot be written now, not for the target
     bool Abgebrochen = false;   // the person has ended the run
     std::string Neu;            // the path in the end
     std::string Meldung;        // what went wrong, for the person

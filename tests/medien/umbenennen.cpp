@@ -210,6 +210,15 @@ TEST_F(Umbenennprobe, FunktionenAmIndexLassenDieDateiInRuhe) {
     EXPECT_EQ(Person.Meldungen.size(), 1u);
     EXPECT_EQ(Index.Sätze.Zahl(Eins, FeldAbspielHäufigkeit), 0) << "emptied, as chosen";
     EXPECT_FALSE(Tun(Eins, {.Funktion = F::Manuell}).Behandelt);
+    // Set right while its medium is away, the entry is still looked for under the label of that medium.
+    Datensatz Fern;
+    Fern.Wechselmedium = "STICK";
+    const Satznummer Zwei = SatzAnhängen(Index, In("stick/alt.mp3"), Fern);
+    const Umbenennauftrag Ersetzt{
+        .Funktion = F::IndexZeichenErsetzen, .Ersetzen = "alt", .ErsetzenDurch = "neu"};
+    EXPECT_EQ(Tun(Zwei, Ersetzt).Neu, In("stick/neu.mp3"));
+    EXPECT_EQ(Index.Sätze.Pfad(Zwei), In("stick/neu.mp3"));
+    EXPECT_EQ(Index.Sätze.Text(Zwei, FeldWechselmedium), "STICK");
 }
 
 TEST_F(Umbenennprobe, AttributeUndLeereDateien) {

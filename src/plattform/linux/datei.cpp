@@ -345,7 +345,11 @@ Sperrzustand SperreLesen(std::string_view Temporär) {
     if (!Name) return Sperrzustand::Keine;
     const Griffhalter Griff(Beharrlich([&] { return ::open(Name->c_str(), ZumLesen | O_NOFOLLOW); }));
     // What cannot be judged, and what is none of our files, counts as held, so that nobody deletes it.
-    if (!Griff) return errno == ENOENT || errno == ENOTDIR ? Sperrzustand::Keine : Sperrzustand::Gehalten;
+    // A name that the file system cannot hold is nobody's file.
+    if (!Griff) {
+        const bool Fehlt = errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG;
+        return Fehlt ? Sperrzustand::Keine : Sperrzustand::Gehalten;
+    }
     struct stat Offen {};
     if (::fstat(Griff.Wert(), &Offen) != 0 || !S_ISREG(Offen.st_mode)) return Sperrzustand::Gehalten;
     if (Beharrlich([&] { return ::flock(Griff.Wert(), LOCK_SH | LOCK_NB); }) != 0)

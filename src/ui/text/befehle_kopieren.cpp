@@ -84,9 +84,13 @@ class Namensgeber {
         Zeile.Ergebnis = Ergebnis.Behandelt;
         Zeile.Meldung = Ergebnis.Meldung;
         if (Zeile.Ergebnis || !Zeile.Meldung.empty()) return;
-        Zeile.Meldung = Ergebnis.Übersprungen
-                            ? "Die Zieldatei existiert bereits."
-                            : "Keine Variable des Formats konnte durch Daten ersetzt werden.";
+        if (Ergebnis.Gesperrt) {
+            Zeile.Meldung = "Die Datei wurde ausgelassen.";
+        } else {
+            Zeile.Meldung = Ergebnis.Übersprungen
+                                ? "Die Zieldatei existiert bereits."
+                                : "Keine Variable des Formats konnte durch Daten ersetzt werden.";
+        }
     }
 
     Programmlauf& Lauf;
