@@ -1,6 +1,9 @@
 #include "dateien/kopieren.h"
 
+#include <set>
+#include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 #include "basis/pfad.h"
 #include "basis/text.h"
@@ -40,30 +43,54 @@ class Stapeldateien {
         for (const Satznummer Nummer : Sätze)
             Aufnehmen(Index.Pfad(Nummer));
     }
-    void Aufnehmen(std::string_view Pfad) {
-        // Folded, since the target may be a file system for which the names are the same.
-        if (KannErsetzen()) Pfade.insert(Falten(Pfad));
+    void Aufnehmen(const std::string& Pfad) {
+        if (!KannErsetzen()) return;
+        // Folded, since the target may be a file system for which the names are the same. By its path alone a
+        // source is known whose medium is still away, by its place on the disk one behind a linked folder.
+        Pfade.insert(Falten(Pfad));
+        if (const auto Stand = DateistandLesen(Pfad)) Orte.emplace(Stand->Gerät, Stand->Inode);
     }
     std::int16_t RegelFür(std::string_view Ziel) const {
-        if (!KannErsetzen() || !Pfade.contains(Falten(Ziel))) return Regel;
+        if (!KannErsetzen() || !Enthält(Ziel)) return Regel;
         return Regel == ÜberschreibenÄltereSonstNie ? ÜberschreibenNie : ÜberschreibenFragen;
     }
+    // Where the file of an earlier record with the same path has gone; nothing when there was none.
+    const std::string* ErledigtNach(const std::string& Pfad) const {
+        const auto Fund = Erledigte.find(Pfad);
+        return Fund == Erledigte.end() ? nullptr : &Fund->second;
+    }
+    void Erledigen(const std::string& Pfad, const std::string& Ziel) { Erledigte.emplace(Pfad, Ziel); }
 
   private:
-    bool KannErsetzen() const { return Regel != ÜberschreibenFragen && Regel != ÜberschreibenNie; }
+    bool KannErsetzen() const {
+        return Regel == ÜberschreibenImmer || Regel == ÜberschreibenÄltereSonstFragen ||
+               Regel == ÜberschreibenÄltereSonstNie;
+    }
+    bool Enthält(std::string_view Ziel) const {
+        if (Pfade.contains(Falten(Ziel))) return true;
+        const auto Stand = DateistandLesen(Ziel);
+        return Stand && Orte.contains({Stand->Gerät, Stand->Inode});
+    }
     std::int16_t Regel;
     std::unordered_set<std::string> Pfade;
+    std::set<std::pair<std::uint64_t, std::uint64_t>> Orte;  // device and inode
+    std::unordered_map<std::string, std::string> Erledigte;  // target by source
 };
 
 void EinzelnKopieren(const Dateiumgebung& Umgebung, Satznummer Nummer, const Kopierauftrag& Auftrag,
                      std::int64_t Position, bool Letzter, Stapeldateien& Stapel, Kopierbericht& Bericht) {
     const std::string Pfad = Umgebung.Index.Sätze.Pfad(Nummer);
+    if (const std::string* const Dort = Stapel.ErledigtNach(Pfad)) {
+        if (Auftrag.Verschieben) SatzUmziehen(Umgebung, Nummer, *Dort);
+        return;
+    }
     const std::string Ziel = KopierzielBilden(Pfad, LaufwerkDesPfades(Umgebung.Laufwerk, Pfad), Auftrag);
     const auto Ergebnis =
         DateiVerschieben(Umgebung.Person, Pfad, Ziel, Auftrag.Verschieben, Stapel.RegelFür(Ziel), Position);
-    if (Ergebnis.Getan) {
+    if (Ergebnis.Getan) Stapel.Aufnehmen(Ergebnis.Ziel);
+    if (Ergebnis.Getan && (!Auftrag.Verschieben || Ergebnis.Umgezogen)) {
         ++Bericht.Anzahl;
-        Stapel.Aufnehmen(Ergebnis.Ziel);
+        Stapel.Erledigen(Pfad, Ergebnis.Ziel);
     }
     if (!Ergebnis.Gelungen) Bericht.Gelungen = false;
     if (Ergebnis.Umgezogen) {

@@ -188,6 +188,13 @@ TEST_F(Kopierprobe, WasNichtGehtLässtDieQuelleUndSagtWarum) {
     const std::string Lang = std::string(251, 'l') + ".mp3";
     EXPECT_TRUE(DateiVerschieben(Person, Quelle, Ordner.In(Lang), false, 0).Gelungen);
     EXPECT_EQ(Inhalt(Lang), "quelle");
+    EXPECT_TRUE(Verschieben(Lang, "b" + Lang.substr(1)).Umgezogen);
+    const Satznummer Langer[] = {SatzAnhängen(Index, Ordner.In("b" + Lang.substr(1)), {})};
+    EXPECT_EQ(DateienLöschen(Umgebung, Langer, false, false).Gelöscht.size(), 1U);
+    // Copied is not moved.
+    EXPECT_NE(
+        DateiVerschieben(Person, Quelle, "q.mp3", false, 0).Fehlertext.find("nicht nach 'q.mp3' kopiert"),
+        std::string::npos);
 }
 
 TEST_F(Kopierprobe, ÜberDateisystemeGanzOderGarNicht) {
@@ -265,7 +272,10 @@ TEST_F(Kopierprobe, EinStapelErsetztNieUngefragtEineSeinerDateien) {
         std::int16_t Regel;
         bool Verschieben;
         bool Gefragt;
-    } Fälle[] = {{2, false, true}, {2, true, true}, {3, true, true}, {4, true, false}, {1, true, false}};
+        const char* Ziel = "ziel";
+    } Fälle[] = {{2, false, true}, {2, true, true},  {3, true, true},          {4, true, false},
+                 {1, true, false}, {9, true, false}, {2, false, true, "link"}, {3, true, true, "link"}};
+    fs::create_directory_symlink(Ordner.In("ziel"), Ordner.In("link"));
     for (const auto& Fall : Fälle) {
         SCOPED_TRACE(std::to_string(Fall.Regel) + (Fall.Verschieben ? " verschoben" : " kopiert"));
         fs::remove_all(Ordner.In("ziel"));
@@ -278,13 +288,29 @@ TEST_F(Kopierprobe, EinStapelErsetztNieUngefragtEineSeinerDateien) {
         for (const char* const Name : {"a/lied.mp3", "b/lied.mp3", "a/da.mp3"})
             Alter(Ordner.In(Name), 1000);  // old enough for the rules that look at it
         Werte.LeereOrdnerLöschen = 0;
-        DateienKopierenVerschieben(Umgebung, Alle, {Ordner.In("ziel"), false, Fall.Verschieben, Fall.Regel});
-        EXPECT_EQ(Inhalt("ziel/lied.mp3"), Fall.Regel == 1 ? "fremd" : "eins");
+        DateienKopierenVerschieben(Umgebung, Alle,
+                                   {Ordner.In(Fall.Ziel), false, Fall.Verschieben, Fall.Regel});
+        EXPECT_EQ(Inhalt("ziel/lied.mp3"), Fall.Regel == 1 || Fall.Regel == 9 ? "fremd" : "eins");
         EXPECT_EQ(Inhalt("b/lied.mp3"), "zwei");
         EXPECT_EQ(Inhalt("a/da.mp3"), "neu");
         EXPECT_EQ(Inhalt("ziel/da.mp3"), "alt");
         EXPECT_EQ(Person.Gefragt.size(), Fall.Gefragt ? 2U : 0U);
     }
+}
+
+TEST_F(Kopierprobe, ZweiSätzeEinerDateiSindEineArbeit) {
+    const Satznummer Beide[] = {Lied("a/lied.mp3"), Lied("a/lied.mp3")};
+    Werte.LeereOrdnerLöschen = 0;
+    for (const bool Verschieben : {false, true}) {
+        fs::remove_all(Ordner.In("ziel"));
+        const auto Bericht =
+            DateienKopierenVerschieben(Umgebung, Beide, {Ordner.In("ziel"), false, Verschieben, 2});
+        EXPECT_TRUE(Bericht.Gelungen);
+        EXPECT_EQ(Bericht.Anzahl, 1);
+        for (const Satznummer Nummer : Beide)
+            EXPECT_EQ(Index.Sätze.Pfad(Nummer), Ordner.In(Verschieben ? "ziel/lied.mp3" : "a/lied.mp3"));
+    }
+    EXPECT_TRUE(Person.Gefragt.empty());
 }
 
 TEST_F(Kopierprobe, GelöschtWirdNurWasBestätigtIstUndNieAmPapierkorbVorbei) {
