@@ -1,5 +1,7 @@
 #include "core/synchronisierlauf.h"
 
+#include <utility>
+
 #include "core/hinzufuegelauf.h"
 #include "core/suchlauf.h"
 #include "dateien/synchronisieren.h"
@@ -39,13 +41,21 @@ bool FehlendeEntfernen(Anwendung& Programm) {
     return true;
 }
 
-void ListeNachführen(Anwendung& Programm, const Synchronisierergebnis& Ergebnis) {
+// How often records were changed so far; two equal values say that none was in between.
+std::pair<std::uint64_t, std::size_t> Änderungsstand(const Katalog& Index) {
+    return {Index.Sätze.Generation(), Index.Sätze.GeänderteSätze().size()};
+}
+
+void ListeNachführen(Anwendung& Programm, const Synchronisierergebnis& Ergebnis, bool Geändert) {
     if (Ergebnis.Entfernt > 0) {
         // The numbers of the records have moved.
         Programm.Ansicht.Auswahl.clear();
         SucheAktualisieren(Programm);
     } else if (Ergebnis.Hinzugefügt > 0) {
         NeueSätzeZeigen(Programm, Ergebnis.Hinzugefügt);
+    } else if (Geändert) {
+        // Records have followed their moved files.
+        SucheAktualisieren(Programm);
     }
     Programm.Dienst.Fenster.AuswahlZeigen();
 }
@@ -69,6 +79,7 @@ Synchronisierergebnis SynchronisierenLauf(Anwendung& Programm) {
                       "Klicken Sie dazu einfach in den 'Optionen' auf 'Index-Optionen'.");
     Synchronisierergebnis Ergebnis;
     const Satznummer Vorher = Index.IndexAnzahl();
+    const auto Stand = Änderungsstand(Index);
     Ergebnis.Gelungen = OrdnerHinzufügen(Programm);
     Ergebnis.Hinzugefügt = Index.IndexAnzahl() - Vorher;
     if (Ergebnis.Gelungen) Ergebnis.Gelungen = FehlendeEntfernen(Programm);
@@ -77,7 +88,7 @@ Synchronisierergebnis SynchronisierenLauf(Anwendung& Programm) {
     Person.StatusZeigen((Ergebnis.Gelungen ? "Synchronisation fertig: " : "Synchronisation abgebrochen: ") +
                         std::to_string(Ergebnis.Entfernt) + " Datei(en) entfernt, " +
                         std::to_string(Ergebnis.Hinzugefügt) + " Datei(en) hinzugefügt");
-    ListeNachführen(Programm, Ergebnis);
+    ListeNachführen(Programm, Ergebnis, Änderungsstand(Index) != Stand);
     return Ergebnis;
 }
 

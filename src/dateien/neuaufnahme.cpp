@@ -70,12 +70,13 @@ const std::string& Neuaufnahme::MediumDesPfades(const std::string& Pfad) {
     return Medien[Laufwerk] = Umgebung.Medium.AktuellesWechselmedium;
 }
 
-Satznummer Neuaufnahme::DoppelterSatz(const std::string& Pfad) {
+std::vector<Satznummer> Neuaufnahme::DoppelteSätze(const std::string& Pfad) {
     const auto& Sätze = Umgebung.Index.Sätze;
-    for (const Satznummer Nummer : Umgebung.Pfade.Finden(Sätze, Pfad)) {
-        if (Sätze.Text(Nummer, FeldWechselmedium) == MediumDesPfades(Pfad)) return Nummer;
-    }
-    return 0;
+    std::vector<Satznummer> Treffer = Umgebung.Pfade.Finden(Sätze, Pfad);
+    std::erase_if(Treffer, [&](Satznummer Nummer) {
+        return Sätze.Text(Nummer, FeldWechselmedium) != MediumDesPfades(Pfad);
+    });
+    return Treffer;
 }
 
 bool Neuaufnahme::ZeilenendeMelden(const std::string& Pfad) {
@@ -101,7 +102,10 @@ Neuaufnahme::Plan Neuaufnahme::Planen(const std::string& Pfad, const Aufnahmereg
     if (!Neu.Zeigen) return Neu;
     const bool Fehlt = Regel.ErstVorhanden && !IstGewöhnlicheDatei(Pfad);
     if (Fehlt || HatZeilenende(Pfad)) return Neu;
-    if (Regel.KeineDoppelten) Neu.Treffer = DoppelterSatz(Pfad);
+    if (Regel.KeineDoppelten) {
+        const auto Doppelte = DoppelteSätze(Pfad);
+        if (!Doppelte.empty()) Neu.Treffer = Doppelte.front();
+    }
     Neu.Art = Neu.Treffer != 0 ? Schritt::Doppelt : Schritt::Lesen;
     if (Neu.Art != Schritt::Lesen) return Neu;
     const auto& Auftrag = IstOrdner ? Ordnerauftrag : Dateiauftrag;
@@ -200,7 +204,8 @@ std::optional<std::string> Neuaufnahme::Umziehen(const std::string& Pfad, const 
         return std::nullopt;
     }
     const auto Ergebnis = KopierenInOrdner(Umgebung.Person, Pfad, Regel.Ordner, Ziel, true, ÜberschreibenNie);
-    if (Ergebnis.Gelungen) {
+    // A copy whose source could not be removed is told as a failure: the file keeps its own path.
+    if (Ergebnis.Gelungen && Ergebnis.Fehlertext.empty()) {
         // A file that stays because its target exists already keeps its own path.
         if (!Ergebnis.Umgezogen) return Pfad;
         LeerenOrdnerAnbieten(Umgebung, PfadVon(Pfad));
@@ -216,10 +221,20 @@ std::optional<std::string> Neuaufnahme::Umziehen(const std::string& Pfad, const 
     return Fortfahren ? std::optional(Pfad) : std::nullopt;
 }
 
-void Neuaufnahme::SatzMitnehmen(Satznummer Nummer, const std::string& Ort) {
-    Datensatz Satz = Umgebung.Index.Sätze.Lesen(Nummer);
-    Satz.Wechselmedium = MediumDesPfades(Ort);
-    Umgebung.Index.Sätze.Setzen(Nummer, Ort, Satz);
+void Neuaufnahme::SätzeMitnehmen(const std::vector<Satznummer>& Nummern, const std::string& Pfad,
+                                 const std::string& Ort) {
+    const auto Umschreiben = [&](const std::vector<Satznummer>& Welche, const std::string& Wohin) {
+        for (const Satznummer Nummer : Welche) {
+            Datensatz Satz = Umgebung.Index.Sätze.Lesen(Nummer);
+            Satz.Wechselmedium = MediumDesPfades(Wohin);
+            Umgebung.Index.Sätze.Setzen(Nummer, Wohin, Satz);
+        }
+    };
+    // No file stood at the target: a record there had lost its own. It changes places with the file's
+    // records, and so goes on as what it was, the record of a file that is missing.
+    const auto Verwaiste = DoppelteSätze(Ort);
+    Umschreiben(Nummern, Ort);
+    Umschreiben(Verwaiste, Pfad);
     Umgebung.Index.IndexGeändert = true;
 }
 
@@ -234,11 +249,11 @@ bool Neuaufnahme::UmziehenUndAufnehmen(std::span<const std::string> Pfade, const
         if (!Umgebung.Person.FortschrittZeigen(Pfad, Position)) return false;
         if (ZeilenendeMelden(Pfad)) continue;
         bool Abbruch = false;
-        const Satznummer Bisheriger = DoppelterSatz(Pfad);
+        const auto Bisherige = DoppelteSätze(Pfad);
         const auto Ort = Umziehen(Pfad, Regel, Abbruch);
         if (!Ort) return !Abbruch;
-        if (Bisheriger != 0 && *Ort != Pfad) {
-            SatzMitnehmen(Bisheriger, *Ort);
+        if (!Bisherige.empty() && *Ort != Pfad) {
+            SätzeMitnehmen(Bisherige, Pfad, *Ort);
             continue;
         }
         const Plan Was = Planen(*Ort, Danach, Leser);

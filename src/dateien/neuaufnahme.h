@@ -12,6 +12,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "dateien/hinzufuegen.h"
 #include "dateien/vorleser.h"
@@ -63,8 +64,10 @@ class Neuaufnahme {
 
     bool Gesucht(const std::string& Pfad, const Aufnahmeregel& Regel, bool IstOrdner) const;
     std::optional<std::string> Umziehen(const std::string& Pfad, const Aufnahmeregel& Regel, bool& Abbruch);
-    // The record of a file that was moved to Ort goes with it, with all that the person has put into it.
-    void SatzMitnehmen(Satznummer Nummer, const std::string& Ort);
+    // The records of a file that was moved from Pfad to Ort go with it, with all that the person has put into
+    // them.
+    void SätzeMitnehmen(const std::vector<Satznummer>& Nummern, const std::string& Pfad,
+                        const std::string& Ort);
     Plan Planen(const std::string& Pfad, const Aufnahmeregel& Regel, Vorleser& Leser);
     bool Ausführen(const std::string& Pfad, const Plan& Was, const Aufnahmeregel& Regel, Vorleser& Leser,
                    std::int64_t Position);
@@ -72,7 +75,8 @@ class Neuaufnahme {
     void Eintragen(Leseposten& Posten, const std::string& Wechselmedium);
     void DoppeltenVermerken(Satznummer Nummer, const std::string& Pfad);
     bool ZeilenendeMelden(const std::string& Pfad);
-    Satznummer DoppelterSatz(const std::string& Pfad);
+    // The records of this path on the medium that is in its drive now, in ascending order.
+    std::vector<Satznummer> DoppelteSätze(const std::string& Pfad);
     const std::string& MediumDesPfades(const std::string& Pfad);
     bool Zeigen(std::int64_t Position) { return Umgebung.Person.FortschrittZeigen({}, Position); }
 

@@ -281,6 +281,25 @@ TEST_F(Hinzufügeprobe, VorherVerschobenesStehtMitNeuemOrtImIndexUndNichtsWirdEr
     EXPECT_FALSE(OrdnerExistiert(Ordner.In("ein/leer")));
 }
 
+TEST_F(Hinzufügeprobe, AlleSätzeEinerVerschobenenDateiGehenMitUndKeinerTrifftEinenAnderen) {
+    const auto Quelle = Ordner.Datei("ein/a.mp3");
+    const auto Ziel = Ordner.In("fertig/a.mp3");
+    for (const auto& Pfad : {Quelle, Quelle, Ziel}) {  // the file of the last one is gone
+        Datensatz Satz;
+        Satz.AbspielHäufigkeit = Index.IndexAnzahl() + 1;
+        SatzAnhängen(Index, Pfad, Satz);
+    }
+    Ordnerauftrag Auftrag;
+    Auftrag.Ordner = Ordner.In("ein");
+    Auftrag.KopierenInOrdner = Ordner.In("fertig");
+    EXPECT_EQ(EinfachOrdnerHinzufügen(Umgebung(), Auftrag).Anzahl, 0);
+    ASSERT_EQ(Index.IndexAnzahl(), 3);
+    for (const Satznummer Nummer : {1, 2, 3}) {
+        EXPECT_EQ(Index.Sätze.Pfad(Nummer), Nummer == 3 ? Quelle : Ziel);
+        EXPECT_EQ(Index.Sätze.Lesen(Nummer).AbspielHäufigkeit, Nummer);
+    }
+}
+
 TEST_F(Hinzufügeprobe, EinMisslungenesVerschiebenFragtUndBehältWasDaIst) {
     Ordner.Datei("ein/a.mp3");
     Ordner.Datei("ein/b.mp3");
