@@ -143,6 +143,7 @@ Tagumgebung TagumgebungVon(Anwendung& Programm) {
             Programm.Medium,
             MediumumgebungVon(Programm),
             Programm.Dienst.Person,
+            Programm.Reste,
             ProgrammnameMitVersion(),
             Programm.Dienst.Programmordner};
 }

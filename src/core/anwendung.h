@@ -82,6 +82,7 @@ struct Anwendung {
     Mediumspeicher Medium;
     Pfadverzeichnis Pfade;
     Tagverzeichnis Tagtexte;
+    Rettung Reste{Dienst.Zeit};  // interrupted saves of tags
     CDStand CD;
 
     std::string Kommandozeile;          // as it was given, for messages

@@ -276,7 +276,8 @@ void Start::Ausführen() {
         }
         Stufe("Main: Fenster prüfen/freigeben ", [this] { FensterFreigeben(); });
         Stufe("", [this] {
-            UnterbrocheneVollenden(Programm.Dienst.Programmordner, Programm.Dienst.Ordner, Person);
+            UnterbrocheneVollenden(Programm.Dienst.Programmordner, Programm.Dienst.Ordner, Person,
+                                   Programm.Reste);
         });
         if (!TagWeg()) Stufe("Main: Ereignisse prüfen ", [this] { EreignissePrüfen(); });
         Stufe("Main: Start abschließen ", [this] {

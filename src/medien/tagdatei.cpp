@@ -80,6 +80,7 @@ class Tagdatei {
     void Öffnen() {
         Datei = Lesedatei::Öffnen(Pfad, &Hindernis);
         if (!Hindernis) Hindernis = Datei.Sperren(Pfad);
+        if (!Hindernis) Hindernis = UnterbrochenesSpeichern(Pfad);
     }
     std::string_view Pfad;
     Lesedatei Datei;

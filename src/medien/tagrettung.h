@@ -1,27 +1,40 @@
 // What an interrupted save of tags has left behind is brought to its end: at the start of the program, and
 // when the file is next read for the editor or saved.
+//
+// Unasked that goes only where the file is surely torn: it has several names, and its time is the one that
+// our overwriting gives it and the helper file "~lwineu". Any other time means that another program may have
+// saved it since; then the person decides, "Nein" preset. tagumschreiben.h leaves what is found here.
 #pragma once
 
+#include <set>
 #include <string>
 #include <string_view>
 
 #include "basis/oberflaeche.h"
+#include "basis/uhr.h"
 #include "plattform/ordnerleser.h"
 
 namespace liedwerk {
 
-// A file with several names whose overwriting was interrupted gets its whole new content, which lies beside
-// it, and the person is told; where it may be another file by now (a single name, or older than that content)
-// the person is asked first. A file that another run holds is left alone. Costs one look at the disk where
-// there is nothing to do.
-void SpeichernVollenden(std::string_view Pfad, Oberfläche& Person);
+// What a run of the program takes from one look at a file to the next.
+struct Rettung {
+    const Uhr& Zeit;
+    std::set<std::string> Erwähnt{};  // files, links resolved, about which the person was asked or told
+};
 
-// The same for a file that is to be saved; one that is missing gets its temporary file back under its name
-// where the person wants that. True when the file is there at the end.
-bool DateiZurückholen(std::string_view Pfad, Oberfläche& Person);
+// A file whose save was interrupted gets its whole new content, which lies beside it, and the person is told
+// or asked; about each file once in a run. A file that another run holds is left alone. Costs one look at the
+// disk where there is nothing to do.
+void SpeichernVollenden(std::string_view Pfad, Oberfläche& Person, Rettung& Lauf);
 
-// At the start: the same for all files that marks in the folder name. Marks of files that are not at hand or
-// in use stay for the next start.
-void UnterbrocheneVollenden(const std::string& Merkordner, const Ordnerleser& Ordner, Oberfläche& Person);
+// The same for a file that is to be saved; the question comes every time, since the save has to be refused
+// while the content lies there. A missing file gets its temporary file back under its name where the person
+// wants that.
+void DateiZurückholen(std::string_view Pfad, Oberfläche& Person, Rettung& Lauf);
+
+// At the start: the same for all files that marks in the folder name. Marks of files that are not at hand, in
+// use, or not finished stay for the next start, for 90 days.
+void UnterbrocheneVollenden(const std::string& Merkordner, const Ordnerleser& Ordner, Oberfläche& Person,
+                            Rettung& Lauf);
 
 }  // namespace liedwerk

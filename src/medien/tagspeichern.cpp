@@ -10,7 +10,6 @@
 #include "medien/id3v1.h"
 #include "medien/id3v2.h"
 #include "medien/tagdatei.h"
-#include "medien/tagrettung.h"
 #include "medien/tagverlust.h"
 
 namespace liedwerk {
@@ -147,7 +146,7 @@ void BlockSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Blo
 
 // True when the file can be worked on; asks for its medium, or for its return from an interrupted save.
 bool IstVerfügbar(const Tagumgebung& Umgebung, const Tagarbeit& Arbeit) {
-    DateiZurückholen(Arbeit.Pfad, Umgebung.Person);
+    DateiZurückholen(Arbeit.Pfad, Umgebung.Person, Umgebung.Reste);
     return Arbeit.Nummer == 0 ||
            DateiNichtVerfügbarPrüfen(Umgebung.Index, Arbeit.Nummer, Umgebung.Medium, Umgebung.Mediumfragen,
                                      Umgebung.Person, false) == Verfügbarkeit::Weiter;
@@ -188,7 +187,7 @@ bool TagHatInhalt(const Datensatz& Satz, Tagblock Block) {
 
 Tagarbeit TagarbeitBeginnen(const Tagumgebung& Umgebung, std::string_view Pfad, Satznummer Nummer) {
     Tagarbeit Arbeit{std::string(Pfad), Nummer, {}, {}};
-    SpeichernVollenden(Pfad, Umgebung.Person);
+    SpeichernVollenden(Pfad, Umgebung.Person, Umgebung.Reste);
     if (Nummer > 0) Arbeit.Satz = Umgebung.Index.Sätze.Lesen(Nummer);
     for (const Tagblock Block : Tagblöcke)
         TagBlockLeeren(Arbeit.Satz, Block);
@@ -233,7 +232,7 @@ Tagsergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagau
 
 bool TagEntfernen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block, bool Still,
                   std::string* Meldung) {
-    DateiZurückholen(Arbeit.Pfad, Umgebung.Person);
+    DateiZurückholen(Arbeit.Pfad, Umgebung.Person, Umgebung.Reste);
     std::string Text;
     bool Entfernt = false;
     if (!EntfernenErlaubt(Umgebung, Arbeit, Block)) {

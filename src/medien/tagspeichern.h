@@ -18,6 +18,7 @@
 #include "dateien/medium.h"
 #include "index/katalog.h"
 #include "medien/medienlesen.h"
+#include "medien/tagrettung.h"
 
 namespace liedwerk {
 
@@ -40,6 +41,7 @@ struct Tagumgebung {
     Mediumspeicher& Medium;
     Mediumumgebung Mediumfragen;
     Oberfläche& Person;
+    Rettung& Reste;
     std::string Programmname;  // with version, for the field of the software
     std::string Merkordner{};  // where a start looks for saves that were interrupted; empty: nowhere
     // Runs the rewriting of a file, which may take long; missing: as it is. A window gives it a thread of its

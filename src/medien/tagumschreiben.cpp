@@ -1,7 +1,9 @@
 #include "medien/tagumschreiben.h"
 
+#include <array>
 #include <cerrno>
-#include <functional>
+#include <cinttypes>
+#include <cstdio>
 
 #include "basis/mehrfachnamen.h"
 #include "basis/pfad.h"
@@ -15,31 +17,37 @@ constexpr std::string_view MarkeEndung = ".lwimerk";
 // More than any path of the system.
 constexpr std::uint64_t HöchsteMarkenlänge = 65536;
 
-// A path with something behind it. A name that is too long for that on common file systems is shortened.
+// The same number for the same bytes in every version of the program (FNV-1a).
+std::uint64_t Kennzahl(std::string_view Bytes) {
+    std::uint64_t Zahl = 0xCBF29CE484222325U;
+    for (const char Zeichen : Bytes)
+        Zahl = (Zahl ^ static_cast<unsigned char>(Zeichen)) * 0x100000001B3U;
+    return Zahl;
+}
+
+// A path with something behind it. A name that is too long for that on common file systems is shortened and
+// told from others of the same beginning by a number of the whole of it.
 std::string MitEndung(std::string_view Pfad, std::string_view Endung) {
-    const std::size_t Höchstlänge = 255 - Endung.size();
-    const std::size_t Namenslänge = DateinameVon(Pfad).size();
-    if (Namenslänge > Höchstlänge) {
-        Pfad.remove_suffix(Namenslänge - Höchstlänge);
-        // Not in the midst of a character.
-        while ((static_cast<unsigned char>(Pfad.back()) & 0xC0U) == 0x80U)
-            Pfad.remove_suffix(1);
-        if (static_cast<unsigned char>(Pfad.back()) >= 0xC0U) Pfad.remove_suffix(1);
-    }
-    return std::string(Pfad).append(Endung);
+    constexpr std::size_t HöchsterName = 255;
+    const std::string_view Name = DateinameVon(Pfad);
+    if (Name.size() + Endung.size() <= HöchsterName) return std::string(Pfad).append(Endung);
+    std::array<char, 18> Kennung{};
+    std::snprintf(Kennung.data(), Kennung.size(), "~%016" PRIx64, Kennzahl(Name));
+    const std::string Schluss = Kennung.data() + std::string(Endung);
+    Pfad.remove_suffix(Name.size() + Schluss.size() - HöchsterName);
+    // Not in the midst of a character.
+    while ((static_cast<unsigned char>(Pfad.back()) & 0xC0U) == 0x80U)
+        Pfad.remove_suffix(1);
+    if (static_cast<unsigned char>(Pfad.back()) >= 0xC0U) Pfad.remove_suffix(1);
+    return std::string(Pfad) + Schluss;
 }
 
 // Prepares the new content for the name that it shall have.
 Ausgang Vorbereiten(Dateiersatz& Ersatz, std::string_view Pfad, bool MehrereNamen) {
     if (!DateiBeschreibbar(Pfad)) return {Schritt::Zugriff, KeineSchreibrechte()};
-    const std::string Gesichert = TagGesichertname(Pfad);
-    if (DateiExistiert(Gesichert)) {
-        return {Schritt::Vorläufig,
-                {EEXIST, "Ein früheres Speichern wurde unterbrochen; der vollständige Inhalt liegt in '" +
-                             Gesichert + "'"}};
-    }
     const std::string Vorbild(MehrereNamen ? Pfad : std::string_view());
-    switch (Ersatz.Öffnen(MehrereNamen ? Gesichert : std::string(Pfad), TagTemporärname(Pfad), Vorbild)) {
+    switch (Ersatz.Öffnen(MehrereNamen ? TagGesichertname(Pfad) : std::string(Pfad), TagTemporärname(Pfad),
+                          Vorbild)) {
         case Dateiersatz::Öffnung::Bereit:
             return {};
         case Dateiersatz::Öffnung::Gesperrt:
@@ -140,6 +148,13 @@ bool WurdeAbgebrochen(const Dateifehler& Fehler) {
     return Fehler.Nummer == ECANCELED;
 }
 
+Dateifehler UnterbrochenesSpeichern(std::string_view Pfad) {
+    const std::string Gesichert = TagGesichertname(VerweiseAuflösen(Pfad));
+    if (!DateiExistiert(Gesichert)) return {};
+    return {EEXIST, "Ein früheres Speichern wurde unterbrochen; der vollständige Inhalt liegt in '" +
+                        Gesichert + "'. Schließen Sie das Speichern ab oder löschen Sie diese Datei"};
+}
+
 Dateifehler KeineSchreibrechte() {
     return {EACCES, "Auf die Datei kann nicht geschrieben werden"};
 }
@@ -167,22 +182,22 @@ Ausgang NeuSchreiben(std::string_view Name, const Lesedatei& Quelle, std::initia
 
 Dateifehler GesichertesÜbertragen(std::string_view Pfad, const Dateistand& Stand, bool& Angefangen) {
     const std::string Gesichert = TagGesichertname(Pfad);
-    Angefangen = false;
-    Dateifehler Fehler;
-    const Lesedatei Neu = Lesedatei::Öffnen(Gesichert, &Fehler);
-    if (!Fehler) Fehler = DateiinhaltÜberschreiben(Pfad, Stand, Neu, Angefangen);
+    Dateifehler Fehler = DateiinhaltÜberschreiben(Pfad, Stand, Gesichert, Angefangen);
     if (Fehler && Angefangen) Fehler.Text += ". Ihr vollständiger neuer Inhalt liegt in '" + Gesichert + "'";
     if (Fehler) return Fehler;
     Fehler = DateiLöschen(Gesichert);
-    if (!Fehler) return {};
+    if (!Fehler) {
+        // Not before: with the old time the file is known as ours, however far its overwriting came.
+        ÄnderungszeitErneuern(Pfad);
+        return {};
+    }
     Angefangen = false;
     Fehler.Text = "Ihr neuer Inhalt steht in ihr, aber es bleibt etwas zurück: " + Fehler.Text;
     return MitHilfsdatei(std::move(Fehler), Gesichert);
 }
 
 std::string SchreibmarkeName(std::string_view Pfad) {
-    return std::string(MarkeAnfang) + std::to_string(std::hash<std::string_view>{}(Pfad)) +
-           std::string(MarkeEndung);
+    return std::string(MarkeAnfang) + std::to_string(Kennzahl(Pfad)) + std::string(MarkeEndung);
 }
 
 bool IstSchreibmarke(std::string_view Name) {
@@ -191,6 +206,7 @@ bool IstSchreibmarke(std::string_view Name) {
 }
 
 Schreibmarke SchreibmarkeLesen(std::string_view Markendatei) {
+    if (!EigeneDatei(Markendatei)) return {};
     const std::string Inhalt = DateiLesen(Markendatei, HöchsteMarkenlänge).value_or("");
     const std::size_t Zeilenende = Inhalt.find('\n');
     if (Zeilenende == Inhalt.npos) return {};

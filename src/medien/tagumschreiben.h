@@ -20,7 +20,8 @@ namespace liedwerk {
 // What stands behind a media file's path while it is rewritten.
 inline constexpr std::string_view TagTemporärEndung = "~lwitmp";
 
-// The name under which the file's new content is prepared; a name that is too long for it is shortened.
+// The name under which the file's new content is prepared; a name that is too long for it is
+// shortened and holds a number of the whole one.
 std::string TagTemporärname(std::string_view Pfad);
 // The name of the whole new content of a file with several names (hard links) while it is overwritten in
 // place.
@@ -60,6 +61,9 @@ struct Ausgang {
 bool LiegtAmZugriff(const Dateifehler& Fehler);
 // True when Schreibrahmen::Weiter has ended the rewriting.
 bool WurdeAbgebrochen(const Dateifehler& Fehler);
+// The failure of a file beside which the whole new content of an interrupted save lies: what is written now
+// would be lost when that save is finished. Empty where there is none.
+Dateifehler UnterbrochenesSpeichern(std::string_view Pfad);
 // The failure of a file that cannot be opened for writing.
 Dateifehler KeineSchreibrechte();
 
@@ -85,7 +89,7 @@ inline constexpr std::string_view SchreibmarkeUnfertig = "~";
 // The name of a mark's file for a path, and whether a name is one, finished or not.
 std::string SchreibmarkeName(std::string_view Pfad);
 bool IstSchreibmarke(std::string_view Name);
-// Reads a mark; its Inode is 0 when it is none that this program has written.
+// Reads a mark; its Inode is 0 when it is none that this user's program has written.
 Schreibmarke SchreibmarkeLesen(std::string_view Markendatei);
 
 }  // namespace liedwerk

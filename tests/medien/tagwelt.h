@@ -23,6 +23,7 @@ class Tagwelt : public Medien {
     speicher::Laufwerksliste Drives;
     speicher::Protokollliste Log;
     speicher::Person Person;
+    Rettung Reste{Zeit};
     Tagumgebung Welt{Index,
                      Werte,
                      [this](std::string_view Pfad, const Datensatz& Satz, const Leseauftrag& Was) {
@@ -33,6 +34,7 @@ class Tagwelt : public Medien {
                      Medium,
                      {Drives, Werte, Log, {}},
                      Person,
+                     Reste,
                      "Liedwerk 1.00"};
 };
 

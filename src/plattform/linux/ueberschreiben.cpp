@@ -62,12 +62,12 @@ void Zurücknehmen(int Griff, std::uint64_t Größe, std::uint64_t Stelle, std::
 }
 
 // Opens a file for overwriting while it is in the state that the caller has seen.
-Dateifehler BekanntesÖffnen(std::string_view Pfad, const Dateistand& Erwartet, Griffhalter& Ergebnis) {
+Dateifehler BekanntesÖffnen(std::string_view Pfad, const Dateistand& Erwartet, Griffhalter& Ergebnis,
+                            struct stat& Angaben) {
     const auto Name = Systempfad(Pfad);
     if (!Name) return LetzterSystemfehler();
     Griffhalter Griff(
         Beharrlich([&] { return ::open(Name->c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
-    struct stat Angaben {};
     if (!Griff || ::fstat(Griff.Wert(), &Angaben) != 0) return LetzterSystemfehler();
     if (!S_ISREG(Angaben.st_mode)) return Systemfehler(EINVAL, "Das ist keine gewöhnliche Datei");
     if (StandVon(Angaben) != Erwartet) return Systemfehler(EBUSY, DateiVerändert);
@@ -75,12 +75,47 @@ Dateifehler BekanntesÖffnen(std::string_view Pfad, const Dateistand& Erwartet, 
     return {};
 }
 
+// Sets the modification time. Where the system does not let us, the person is asked more often than needed.
+void ZeitSetzen(int Griff, const timespec& Zeit) {
+    const timespec Zeiten[2] = {{0, UTIME_OMIT}, Zeit};
+    ::futimens(Griff, Zeiten);
+}
+
+// Gives the helper file the time by which a torn file is known again, and brings that to the disk.
+Dateifehler ZeitVermerken(std::string_view Hilfsdatei, const timespec& Zeit) {
+    const auto Name = Systempfad(Hilfsdatei);
+    if (!Name) return LetzterSystemfehler();
+    const Griffhalter Griff(Beharrlich(
+        [&] { return ::open(Name->c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW); }));
+    if (!Griff) return LetzterSystemfehler();
+    ZeitSetzen(Griff.Wert(), Zeit);
+    return Festschreiben(Griff.Wert()) ? Dateifehler{} : LetzterSystemfehler();
+}
+
+// Every change is followed by the old time at once, also one that failed half-way.
+Dateifehler BlöckeÜbertragen(int Griff, const Lesedatei& Quelle, const timespec& Zeit) {
+    constexpr std::uint64_t Blockgröße = 1 << 20;
+    for (std::uint64_t Stelle = 0; Stelle < Quelle.Größe(); Stelle += Blockgröße) {
+        const std::string Block = Quelle.Lesen(Stelle, Blockgröße);
+        if (Block.size() != std::min(Blockgröße, Quelle.Größe() - Stelle)) return Systemfehler(EIO);
+        Dateifehler Fehler;
+        if (!SpanneSchreiben(Griff, Stelle, Block)) Fehler = LetzterSystemfehler();
+        ZeitSetzen(Griff, Zeit);
+        if (Fehler) return Fehler;
+    }
+    if (Beharrlich([&] { return ::ftruncate(Griff, static_cast<off_t>(Quelle.Größe())); }) != 0)
+        return LetzterSystemfehler();
+    ZeitSetzen(Griff, Zeit);
+    return Festschreiben(Griff) ? Dateifehler{} : LetzterSystemfehler();
+}
+
 }  // namespace
 
 Dateifehler DateiÜberschreiben(std::string_view Pfad, const Dateistand& Erwartet, std::uint64_t Stelle,
                                std::string_view Bytes) {
     Griffhalter Griff;
-    if (auto Fehler = BekanntesÖffnen(Pfad, Erwartet, Griff)) return Fehler;
+    struct stat Angaben {};
+    if (auto Fehler = BekanntesÖffnen(Pfad, Erwartet, Griff, Angaben)) return Fehler;
     const std::uint64_t Größe = Erwartet.Größe;
     std::string Alt(Stelle < Größe ? std::min<std::uint64_t>(Bytes.size(), Größe - Stelle) : 0, '\0');
     if (!SpanneLesen(Griff.Wert(), Stelle, Alt)) return LetzterSystemfehler();
@@ -97,22 +132,47 @@ bool HatWeitereNamen(std::string_view Pfad) {
     return Name && ::stat(Name->c_str(), &Angaben) == 0 && S_ISREG(Angaben.st_mode) && Angaben.st_nlink > 1;
 }
 
+bool IstHilfsdateiVon(std::string_view Hilfsdatei, std::string_view Datei) {
+    if (EigeneDatei(Hilfsdatei)) return true;
+    const auto Name = Systempfad(Hilfsdatei);
+    const auto Neben = Systempfad(Datei);
+    struct stat Angaben {};
+    struct stat Alt {};
+    return ::geteuid() == 0 && Name && Neben && ::lstat(Name->c_str(), &Angaben) == 0 &&
+           ::stat(Neben->c_str(), &Alt) == 0 && S_ISREG(Angaben.st_mode) && Angaben.st_nlink == 1 &&
+           Angaben.st_uid == Alt.st_uid;
+}
+
 Dateifehler DateiinhaltÜberschreiben(std::string_view Pfad, const Dateistand& Erwartet,
-                                     const Lesedatei& Quelle, bool& Angefangen) {
-    constexpr std::uint64_t Blockgröße = 1 << 20;
+                                     std::string_view Quelle, bool& Angefangen) {
     Angefangen = false;
+    Dateifehler Fehler;
+    const Lesedatei Neu = Lesedatei::Öffnen(Quelle, &Fehler);
+    if (Fehler) return Fehler;
     Griffhalter Griff;
-    if (auto Fehler = BekanntesÖffnen(Pfad, Erwartet, Griff)) return Fehler;
-    if (!PlatzBelegen(Griff.Wert(), Erwartet.Größe, Quelle.Größe())) return LetzterSystemfehler();
+    struct stat Alt {};
+    Fehler = BekanntesÖffnen(Pfad, Erwartet, Griff, Alt);
+    if (Fehler) return Fehler;
+    if (!PlatzBelegen(Griff.Wert(), Erwartet.Größe, Neu.Größe())) Fehler = LetzterSystemfehler();
+    ZeitSetzen(Griff.Wert(), Alt.st_mtim);
+    if (!Fehler) Fehler = ZeitVermerken(Quelle, Alt.st_mtim);
+    if (Fehler) return Fehler;
     Angefangen = true;
-    for (std::uint64_t Stelle = 0; Stelle < Quelle.Größe(); Stelle += Blockgröße) {
-        const std::string Block = Quelle.Lesen(Stelle, Blockgröße);
-        if (Block.size() != std::min(Blockgröße, Quelle.Größe() - Stelle)) return Systemfehler(EIO);
-        if (!SpanneSchreiben(Griff.Wert(), Stelle, Block)) return LetzterSystemfehler();
-    }
-    const auto Kürzen = [&] { return ::ftruncate(Griff.Wert(), static_cast<off_t>(Quelle.Größe())); };
-    if (Beharrlich(Kürzen) != 0 || !Festschreiben(Griff.Wert())) return LetzterSystemfehler();
-    return {};
+    return BlöckeÜbertragen(Griff.Wert(), Neu, Alt.st_mtim);
+}
+
+bool GleicheÄnderungszeit(std::string_view Eine, std::string_view Andere) {
+    const auto A = Systempfad(Eine);
+    const auto B = Systempfad(Andere);
+    struct stat VonA {};
+    struct stat VonB {};
+    return A && B && ::stat(A->c_str(), &VonA) == 0 && ::stat(B->c_str(), &VonB) == 0 &&
+           VonA.st_mtim.tv_sec == VonB.st_mtim.tv_sec && VonA.st_mtim.tv_nsec == VonB.st_mtim.tv_nsec;
+}
+
+void ÄnderungszeitErneuern(std::string_view Pfad) {
+    const timespec Zeiten[2] = {{0, UTIME_OMIT}, {0, UTIME_NOW}};
+    if (const auto Name = Systempfad(Pfad)) ::utimensat(AT_FDCWD, Name->c_str(), Zeiten, 0);
 }
 
 }  // namespace liedwerk

@@ -114,7 +114,7 @@ Programmlauf::Programmlauf(const Globaloptionen& Global)
     }
     for (const auto& [Name, Wert] : Global.Setzen)
         EinstellungSetzen(P.Werte, Name, Wert);
-    UnterbrocheneVollenden(P.Dienst.Programmordner, P.Dienst.Ordner, P.Dienst.Person);
+    UnterbrocheneVollenden(P.Dienst.Programmordner, P.Dienst.Ordner, P.Dienst.Person, P.Reste);
     P.StartZeit = P.LetzteSpeicherung = P.Dienst.Zeit.Jetzt();
     IstBereit = true;
 }
