@@ -139,6 +139,8 @@ inline constexpr std::int32_t DesktopFarbe = -1;
     X(Text, AutoDJTopEinheit, "d") \
     X(Kurz, TAGsVerlustFragen, 1) \
     X(Kurz, TAGsModern, 0) \
+    X(Kurz, FehlendeMedienZeigen, 0) \
+    X(Kurz, SucheUmlauteGleich, 0) \
     X(Text, TermineIndex, "") \
     X(Text, TermineIndexPrüfsumme, "")
 
@@ -148,6 +150,7 @@ inline constexpr std::int32_t DesktopFarbe = -1;
     X(AutoTagFormate) \
     X(GenreBevorzugte) \
     X(ZuletztGeladen) \
+    X(GespeicherteSuche) \
     X(AutoDJGenre)
 // clang-format on
 

@@ -14,7 +14,8 @@ void SucheAktualisieren(Anwendung& Programm, bool MitVorschlägen) {
     if (!Fehler.empty()) Person.Melden(Symbol::Ausrufezeichen, Fehler);
 
     const auto Ergebnis = IndexDurchsuchen(Programm.Index, Programm.Puffer, Programm.Abfragen,
-                                           MitVorschlägen || Programm.Werte.SucheVorschlägeErstellen == 1);
+                                           MitVorschlägen || Programm.Werte.SucheVorschlägeErstellen == 1,
+                                           Programm.Werte.SucheUmlauteGleich == 1);
     if (!Ergebnis.Gelungen)
         Person.Melden(Symbol::Ausrufezeichen,
                       "Die Suche konnte aufgrund eines Fehlers nicht durchgeführt werden.");

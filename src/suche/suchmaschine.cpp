@@ -8,6 +8,7 @@
 #include "basis/text.h"
 #include "basis/zahl.h"
 #include "suche/feldwert.h"
+#include "suche/umlaute.h"
 #include "suche/vorschlaege.h"
 
 namespace liedwerk {
@@ -50,17 +51,23 @@ bool OrtPrüfen(int Wo, std::string_view Wert, std::string_view Ganz) {
     }
 }
 
+// A mark of a record whose text has to be looked at.
+constexpr std::uint8_t Vielleicht = 2;
+
 // One word of a query, tested on records: whether the word passes there.
 class Wortprüfung {
   public:
     Wortprüfung(const Katalog& Durchsucht, Suchpuffer& Puffer, const Suchabfrage& Abfrage,
-                std::string_view Gesucht, Satznummer Von, Satznummer Bis)
+                std::string_view Gesucht, Satznummer Von, Satznummer Bis, bool MitUmlauten)
         : Index(Durchsucht),
           Feld(FeldFinden(Abfrage.Feld)),
           Code(SuchcodeLesen(Abfrage.Code)),
           Ganz(Abfrage.Begriff),
           Wort(Gesucht),
-          Beginn(Von) {
+          Beginn(Von),
+          UmlauteGleich(MitUmlauten && Anzeigetyp(Feld, Code.BeideTags == 1) == Feldtyp::Text &&
+                        !VergleichtZahlen(Code.Wo)) {
+        if (UmlauteGleich) Aufgelöst = UmlauteAuflösen(Falten(Wort));
         // Everything stands in an empty word's way but what every record has.
         if (Feld.Kennung == Feldkennung::Standardsuche && Feld.Bekannt && Wort.empty()) {
             Immer = OrtPrüfen(Code.Wo, {}, Ganz);
@@ -69,18 +76,32 @@ class Wortprüfung {
         const std::string_view ImPuffer = VergleichtZahlen(Code.Wo) ? std::string_view{} : Wort;
         if (Suchpuffer::Geeignet(Feld, BeideTags(), ImPuffer))
             Fundstellen = Puffer.Treffer(Index, Feld, BeideTags(), ImPuffer, Von, Bis);
+        if (UmlauteGleich && !Fundstellen.empty() && !Wort.empty()) {
+            const auto Mögliche = Puffer.Treffer(Index, Feld, BeideTags(), Umlautkern(Aufgelöst), Von, Bis);
+            for (std::size_t Stelle = 0; Stelle < Mögliche.size(); ++Stelle) {
+                if (Fundstellen[Stelle] == 0 && Mögliche[Stelle] != 0) Fundstellen[Stelle] = Vielleicht;
+            }
+        }
     }
 
     bool Besteht(Satznummer Nummer) {
         if (Immer) return *Immer;
         if (!Fundstellen.empty()) {
-            if (Fundstellen[static_cast<std::size_t>(Nummer - Beginn)] == 0) return false;
-            if (Code.Wo == Irgendwo || Code.Wo > WoKleiner) return true;
+            const std::uint8_t Fund = Fundstellen[static_cast<std::size_t>(Nummer - Beginn)];
+            if (Fund == 0) return false;
+            const bool Überall = Code.Wo == Irgendwo || Code.Wo > WoKleiner;
+            if (Überall && Fund != Vielleicht) return true;
         }
         Feldtyp Typ{};
         if (!FeldWert(Index, Nummer, Feld, Wertform::Anzeigen, BeideTags(), Wert, Typ)) return false;
-        if (Fundstellen.empty() && !Enthalten(Typ)) return false;
-        return OrtPrüfen(Code.Wo, Wert, Ganz);
+        const bool Genau = Fundstellen.empty()
+                               ? Enthalten(Typ)
+                               : Fundstellen[static_cast<std::size_t>(Nummer - Beginn)] != Vielleicht;
+        if (Genau && OrtPrüfen(Code.Wo, Wert, Ganz)) return true;
+        if (!UmlauteGleich || Wert.empty()) return false;
+        const std::string Eben = UmlauteAuflösen(Falten(Wert));
+        return Eben.find(Aufgelöst) != std::string::npos &&
+               OrtPrüfen(Code.Wo, Eben, UmlauteAuflösen(Falten(Ganz)));
     }
 
   private:
@@ -99,6 +120,8 @@ class Wortprüfung {
     std::string_view Ganz;
     std::string_view Wort;
     Satznummer Beginn;
+    bool UmlauteGleich;                     // what only UmlauteAuflösen makes equal is a hit, too
+    std::string Aufgelöst;                  // the word so
     std::optional<bool> Immer;              // the answer, when it is the same for all records
     std::vector<std::uint8_t> Fundstellen;  // from Beginn on; empty when each record has to be looked at
     std::string Wert;
@@ -124,7 +147,7 @@ void WortAnwenden(Wortprüfung Prüfung, bool DarfNicht, std::vector<std::int16_
 // Goes through all words of all queries; stops when a word leaves nothing.
 void AbfragenAnwenden(const Katalog& Index, Suchpuffer& Puffer, const Suchabfragen& Menge,
                       std::vector<std::int16_t>& Markierung, Satznummer& ErsterTreffer,
-                      Satznummer& LetzterTreffer) {
+                      Satznummer& LetzterTreffer, bool UmlauteGleich) {
     const Satznummer Anzahl = Index.IndexAnzahl();
     // Kept: not set back between words, so that the bounds may be wider than what is left.
     Satznummer Erster = 0;
@@ -137,8 +160,8 @@ void AbfragenAnwenden(const Katalog& Index, Suchpuffer& Puffer, const Suchabfrag
             const bool Überall = Code.UndOder == 1;
             const Satznummer Von = Überall ? 1 : std::max(ErsterTreffer, Satznummer{1});
             const Satznummer Bis = Überall ? Anzahl : std::min(LetzterTreffer, Anzahl);
-            WortAnwenden({Index, Puffer, Abfrage, Wort, Von, Bis}, DarfNicht, Markierung, Von, Bis, Erster,
-                         Letzter);
+            WortAnwenden({Index, Puffer, Abfrage, Wort, Von, Bis, UmlauteGleich}, DarfNicht, Markierung, Von,
+                         Bis, Erster, Letzter);
             ErsterTreffer = Erster;
             LetzterTreffer = Letzter;
             if (ErsterTreffer == 0 || LetzterTreffer == 0) return;
@@ -211,12 +234,12 @@ bool SollVorschlagen(const Katalog& Index, const Suchabfragen& Menge) {
 
 Suchergebnis SucheAusführen(const Katalog& Index, Suchpuffer& Puffer, const Suchabfragen& Menge,
                             std::vector<std::int16_t>& Markierung, Satznummer& ErsterTreffer,
-                            Satznummer& LetzterTreffer, bool Vorschlagen) {
+                            Satznummer& LetzterTreffer, bool Vorschlagen, bool UmlauteGleich) {
     Suchergebnis Ergebnis;
     try {
         if (ErsterTreffer == -1) ErsterTreffer = 1;
         if (LetzterTreffer != 0 && Index.IndexAnzahl() != 0)
-            AbfragenAnwenden(Index, Puffer, Menge, Markierung, ErsterTreffer, LetzterTreffer);
+            AbfragenAnwenden(Index, Puffer, Menge, Markierung, ErsterTreffer, LetzterTreffer, UmlauteGleich);
         const bool Gefunden = ErsterTreffer != 0 && LetzterTreffer != 0;
         if (Vorschlagen && !Gefunden && SollVorschlagen(Index, Menge))
             Ergebnis.Vorschläge = VorschlägeSammeln(Index, Puffer, Menge.Liste.front());
@@ -227,13 +250,13 @@ Suchergebnis SucheAusführen(const Katalog& Index, Suchpuffer& Puffer, const Suc
     return Ergebnis;
 }
 
-Suchergebnis IndexDurchsuchen(Katalog& Index, Suchpuffer& Puffer, const Suchabfragen& Menge,
-                              bool Vorschlagen) {
+Suchergebnis IndexDurchsuchen(Katalog& Index, Suchpuffer& Puffer, const Suchabfragen& Menge, bool Vorschlagen,
+                              bool UmlauteGleich) {
     Index.ErsterTreffer = -1;
     Index.LetzterTreffer = Index.IndexAnzahl();
     Index.IndexTreffer.assign(std::max<std::size_t>(1, static_cast<std::size_t>(Index.IndexAnzahl())), 1);
     return SucheAusführen(Index, Puffer, Menge, Index.IndexTreffer, Index.ErsterTreffer, Index.LetzterTreffer,
-                          Vorschlagen);
+                          Vorschlagen, UmlauteGleich);
 }
 
 bool AlsWort(std::string_view Begriff, std::string_view Wert) {

@@ -5,6 +5,7 @@
 #include "basis/text.h"
 #include "basis/zahl.h"
 #include "katalog_bauen.h"
+#include "suche/suchablage.h"
 #include "suche/vorschlaege.h"
 
 namespace liedwerk {
@@ -207,6 +208,51 @@ TEST(Vorschläge, JedesWortEinmalInDerOrdnungDerSätze) {
     EXPECT_TRUE(IndexDurchsuchen(Index, Puffer, Menge, false).Vorschläge.empty());
     SucheSetzen(Menge, 1, "bachmenn x", "", "0040");
     EXPECT_TRUE(IndexDurchsuchen(Index, Puffer, Menge, true).Vorschläge.empty());
+}
+
+// The switch adds hits and never takes one away.
+TEST(SucheAusführen, UmlauteAufWunschGleich) {
+    Katalog Index;
+    for (const char* const Titel :
+         {"Ärzte", "Aerzte", "Arzte", "Müllerstraße", "MUELLERSTRASSE", "Neue Wege", "Aue", "Quelle"}) {
+        Datensatz Satz;
+        Satz.Titel = Titel;
+        SatzAnhängen(Index, "C:\\x.mp3", Satz);
+    }
+    Suchpuffer Puffer;
+    const auto Treffer = [&](std::string_view Begriff, std::string_view Code, bool Gleich) {
+        Suchabfragen Menge;
+        SucheHinzufügen(Menge, Begriff, "Titel", Code);
+        IndexDurchsuchen(Index, Puffer, Menge, false, Gleich);
+        return Index.IndexTreffer;
+    };
+    using Marken = std::vector<std::int16_t>;
+    EXPECT_EQ(Treffer("arzte", "0000", false), (Marken{0, 0, 1, 0, 0, 0, 0, 0}));
+    for (const char* const Begriff : {"arzte", "aerzte", "ÄRZTE"})
+        EXPECT_EQ(Treffer(Begriff, "0000", true), (Marken{1, 1, 1, 0, 0, 0, 0, 0})) << Begriff;
+    EXPECT_EQ(Treffer("mullerstrass", "0020", true), (Marken{0, 0, 0, 1, 1, 0, 0, 0}));
+    EXPECT_EQ(Treffer("Müllerstrasse", "0040", true), (Marken{0, 0, 0, 1, 1, 0, 0, 0}));
+    // What is found without it stays, also where a letter would be swallowed.
+    EXPECT_EQ(Treffer("e", "0000", true), Treffer("e", "0000", false));
+    EXPECT_EQ(Treffer("ue", "0000", true), (Marken{0, 0, 0, 1, 1, 1, 1, 1}));
+    EXPECT_EQ(Treffer("arzte", "1000", true), (Marken{0, 0, 0, 1, 1, 1, 1, 1}));
+}
+
+TEST(Suchablage, GehtVerlustfreiHinUndHer) {
+    GespeicherteSuche Suche{"Lange\tTitel", {}};
+    SucheHinzufügen(Suche.Menge, "abba gold", "Titel", "0010");
+    SucheHinzufügen(Suche.Menge, "", "Jahr", "0041");
+    std::vector<std::string> Zeilen;
+    SucheAblegen(Zeilen, Suche);
+    Suche.Name = "Lange Titel";
+    ASSERT_TRUE(SuchzeileZerlegen(Zeilen[0]));
+    EXPECT_EQ(*SuchzeileZerlegen(Zeilen[0]), Suche);
+    Suche.Menge.Liste.pop_back();
+    SucheAblegen(Zeilen, Suche);
+    ASSERT_EQ(Zeilen.size(), 1u) << "the same name replaces";
+    EXPECT_EQ(SuchzeileZerlegen(Zeilen[0])->Menge.Liste, Suche.Menge.Liste);
+    for (const char* const Kaputt : {"", "nur Name", "\ta\t0000\tb", "n\ta\t0000", "n\ta\t0000\tb\tc"})
+        EXPECT_FALSE(SuchzeileZerlegen(Kaputt)) << Kaputt;
 }
 
 TEST(Suchabfragen, DieSuchzeileGehtInDieMenge) {

@@ -44,7 +44,9 @@ std::optional<std::vector<Satznummer>> SätzeSuchen(Programmlauf& Lauf,
     if (Abfragen.empty()) return Lauf.Nummern({});
     Anwendung& Programm = Lauf.Programm();
     AbfragenÜbernehmen(Programm, Abfragen);
-    if (!IndexDurchsuchen(Programm.Index, Programm.Puffer, Programm.Abfragen, false).Gelungen) {
+    if (!IndexDurchsuchen(Programm.Index, Programm.Puffer, Programm.Abfragen, false,
+                          Programm.Werte.SucheUmlauteGleich == 1)
+             .Gelungen) {
         Fehlermelden("Die Suche konnte aufgrund eines Fehlers nicht durchgeführt werden.");
         return std::nullopt;
     }

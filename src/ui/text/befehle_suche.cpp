@@ -154,7 +154,8 @@ Ausgang SuchenAusführen(const Globaloptionen& Global, const Befehlseingabe& Ein
     AbfragenÜbernehmen(Programm, *Abfragen);
     const bool NurZählen = Eingabe.Hat("--zaehlen");
     auto Suche = IndexDurchsuchen(Programm.Index, Programm.Puffer, Programm.Abfragen,
-                                  !NurZählen && Programm.Werte.SucheVorschlägeErstellen == 1);
+                                  !NurZählen && Programm.Werte.SucheVorschlägeErstellen == 1,
+                                  Programm.Werte.SucheUmlauteGleich == 1);
     if (!Suche.Gelungen)
         return Gescheitert("Die Suche konnte aufgrund eines Fehlers nicht durchgeführt werden.");
 
