@@ -30,6 +30,7 @@
 #include "medien/tagspeichern.h"
 #include "medien/tagverzeichnis.h"
 #include "plattform/cdlaufwerke.h"
+#include "plattform/desktopfarben.h"
 #include "plattform/http.h"
 #include "plattform/laufwerke.h"
 #include "plattform/medienauskunft.h"
@@ -65,6 +66,7 @@ struct Dienste {
     Papierkorb* Eimer = nullptr;       // the desktop's recycle bin; may be missing
     Http* Netz = nullptr;              // without it no CD database is asked
     const CDLaufwerke* CDs = nullptr;  // drives with audio CDs; without them no disc can be read
+    Desktopfarben* Desktop = nullptr;  // what the desktop wishes for its windows; may be missing
     // plattform/pruefsumme.h; missing: no file is known again.
     std::function<std::string(std::string_view Pfad)> DateiPrüfsumme{};
 };
@@ -93,6 +95,7 @@ struct Anwendung {
     bool ErsterStart = false;
     bool BeendenErbeten = false;  // the start ends the system by itself
     bool LaufAktiv = false;       // a long run is active: timers return at once
+    bool Gesperrt = false;        // the password has not been given yet: nothing of the collection is shown
     bool LageGesetzt = false;     // the window stands where the settings say; the end may take its place over
     Zeitpunkt StartZeit;
     Zeitpunkt LetzteSpeicherung;

@@ -11,6 +11,7 @@
 #include "basis/pfad.h"
 #include "core/beenden.h"
 #include "core/einstellungsspeicher.h"
+#include "core/farbprofile.h"
 #include "core/laden.h"
 #include "core/terminlauf.h"
 #include "medien/tagrettung.h"
@@ -142,20 +143,6 @@ void Start::ReglerEinrichten() {
     Fenster.ReglerStellen(Werte.WinampLautstärke, Werte.WinampBalance);
 }
 
-void FarbprofilNehmen(Einstellungen& Werte) {
-    const Einstellungen Profil;  // the defaults are profile 1
-    Werte.FarbeFunktionen = Profil.FarbeFunktionen;
-    Werte.FarbeFunktionenHintergrund = Profil.FarbeFunktionenHintergrund;
-    Werte.FarbeListen = Profil.FarbeListen;
-    Werte.FarbeListenHintergrund = Profil.FarbeListenHintergrund;
-    Werte.FarbeÜberschrift = Profil.FarbeÜberschrift;
-    Werte.FarbeBeschreibungen = Profil.FarbeBeschreibungen;
-    Werte.FarbeFunktionenBesucht = Profil.FarbeFunktionenBesucht;
-    Werte.FarbeRahmen = Profil.FarbeRahmen;
-    Werte.FarbeÜberschriftHintergrund = Profil.FarbeÜberschriftHintergrund;
-    Werte.FunktionenUnterstreichen = Profil.FunktionenUnterstreichen;
-}
-
 void Start::LageEinrichten() {
     Einstellungen& Werte = Programm.Werte;
     Fensterlage Lage;
@@ -163,7 +150,7 @@ void Start::LageEinrichten() {
     if (Werte.Start != Versionszahl()) {
         // The first start of this version. A new major version brings its colours.
         if (std::to_string(Werte.Start).substr(0, 1) != Version().Haupt) {
-            FarbprofilNehmen(Werte);
+            FarbprofilNehmen(Werte, ProfilDesktop);
             Fenster.ErscheinungAnwenden();
         }
         Fenster.ShellEinträgeAnmelden();
@@ -223,7 +210,8 @@ void Start::FensterFreigeben() {
 
 void Start::EreignissePrüfen() {
     if (!Programm.TerminePrüfen) TerminePrüfenEinrichten(Programm);
-    Programm.TerminePrüfen();
+    // A locked window tells nothing; the clock looks again behind the password.
+    if (!Programm.Gesperrt) Programm.TerminePrüfen();
     Fenster.EreignisuhrStarten();
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "plattform/cdlaufwerke.h"
+#include "plattform/desktopfarben.h"
 #include "plattform/http.h"
 #include "plattform/laufwerke.h"
 #include "plattform/medienauskunft.h"
@@ -22,6 +23,7 @@ std::unique_ptr<Http> SystemnetzÖffnen();
 // The running audio players, and other programs.
 std::unique_ptr<Spielerkanal> SystemspielerÖffnen();
 std::unique_ptr<Programmstart> SystemprogrammeÖffnen();
+std::unique_ptr<Desktopfarben> SystemfarbenÖffnen();
 // Name and version of the operating system and its kernel.
 std::string Systemtext();
 

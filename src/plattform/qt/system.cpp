@@ -5,6 +5,7 @@
 
 #include "plattform/linux/programmstart.h"
 #include "plattform/linux/systemcds.h"
+#include "plattform/qt/desktopfarben.h"
 #include "plattform/qt/http.h"
 #include "plattform/qt/laufwerke.h"
 #include "plattform/qt/medienauskunft.h"
@@ -39,6 +40,10 @@ std::unique_ptr<Spielerkanal> SystemspielerÖffnen() {
 
 std::unique_ptr<Programmstart> SystemprogrammeÖffnen() {
     return std::make_unique<Systemprogramme>();
+}
+
+std::unique_ptr<Desktopfarben> SystemfarbenÖffnen() {
+    return std::make_unique<Portalfarben>();
 }
 
 std::string Systemtext() {

@@ -113,6 +113,7 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     const std::unique_ptr<Papierkorb> Eimer = SystempapierkorbÖffnen();
     const std::unique_ptr<CDLaufwerke> CDs = SystemcdsÖffnen();
     const std::unique_ptr<Spielerkanal> Spieler = SystemspielerÖffnen();
+    const std::unique_ptr<Desktopfarben> Desktop = SystemfarbenÖffnen();
     const std::unique_ptr<Programmstart> Programme = SystemprogrammeÖffnen();
     const std::unique_ptr<Http> Netz = SystemnetzÖffnen();
     Wertdatei Nutzerwerte(Einstellungsdatei());
@@ -128,6 +129,7 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     Programm.Dienst.Spieler = Spieler.get();
     Programm.Dienst.Programme = Programme.get();
     Programm.Dienst.Netz = Netz.get();
+    Programm.Dienst.Desktop = Desktop.get();
     Programm.Dienst.Laufzeitordner = Laufzeitordner();
     Programm.Dienst.DateiPrüfsumme = DateiPrüfsumme;
     Fenster.Anbinden(Programm);
@@ -139,6 +141,7 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     SitzungsendeVerbinden(Qt, Fenster);
     // Withdrawn at the end of this function, when all is saved: the signal at a shutdown may come too late.
     const auto Aufschub = SystemaufschubFordern([&Fenster] { Fenster.SitzungBeenden(); });
+    Desktop->Geändert = [&] { Fenster.ErscheinungAnwenden(); };
     QTimer::singleShot(0, &Fenster, [&] {
         if (!Nutzerwerte.Lesefehler().empty()) {
             Person.Melden(Symbol::Ausrufezeichen, "Die Einstellungen in '" + Einstellungsdatei() +
