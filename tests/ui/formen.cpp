@@ -1,23 +1,11 @@
-// The small forms, the progress window, and what holds for every form.
-#include <QAccessible>
+// The small forms and the progress window.
 #include <QElapsedTimer>
-#include <QMenuBar>
 #include <QPushButton>
-#include <QSet>
 
 #include "tests/ui/fensterlauf.h"
 #include "ui/qt/fensteroberflaeche.h"
-#include "ui/qt/frmbeenden.h"
 #include "ui/qt/frmdateinichtverfuegbar.h"
-#include "ui/qt/frmhinweise.h"
 #include "ui/qt/frmindexhinzufuegen.h"
-#include "ui/qt/frmindexhinzufuegenzusammenfassung.h"
-#include "ui/qt/frmsortieren.h"
-#include "ui/qt/frmsucheerweitert.h"
-#include "ui/qt/frmsucheerweiterthinzufuegen.h"
-#include "ui/qt/frmsucheerweiterthinzufuegenneu.h"
-#include "ui/qt/frmsuchetextbasiert.h"
-#include "ui/qt/frmtag.h"
 #include "ui/qt/symbole.h"
 #include "ui/qt/uebersetzer.h"
 
@@ -25,108 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace liedwerk::test {
 namespace {
-
-QString Mnemonik(const QString& Text) {
-    const QKeySequence Taste = QKeySequence::mnemonic(Text);
-    return Taste.isEmpty() ? QString() : Taste.toString();
-}
-
-// What a person who does not see the control would hear.
-bool HatNamen(const QWidget& Teil) {
-    const QAccessibleInterface* const Stimme =
-        QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&Teil));
-    return Stimme != nullptr && !Stimme->text(QAccessible::Name).isEmpty();
-}
-
-// Every control that takes input has a name for the program and one for people; no key of one level is
-// given twice.
-void FormPrüfen(QWidget& Form, const QSet<QString>& Doppelt = {}) {
-    SCOPED_TRACE(Form.objectName().toStdString());
-    QSet<QString> Tasten;
-    const auto Vergeben = [&](const QString& Text) {
-        const QString Taste = Mnemonik(Text);
-        if (Taste.isEmpty() || Doppelt.contains(Taste)) return;
-        EXPECT_FALSE(Tasten.contains(Taste)) << Taste.toStdString() << " twice: " << Text.toStdString();
-        Tasten.insert(Taste);
-    };
-    if (auto* const Hauptform = qobject_cast<QMainWindow*>(&Form)) {
-        for (const QAction* const Menü : Hauptform->menuBar()->actions())
-            Vergeben(Menü->text());
-    }
-    for (const QWidget* const Teil : Form.findChildren<QWidget*>()) {
-        // Parts that Qt builds into its own controls belong to them.
-        const bool Eigenes = !Teil->objectName().startsWith(u"qt_"_s) && Teil->focusPolicy() != Qt::NoFocus &&
-                             Teil->focusProxy() == nullptr && !qobject_cast<const QMenu*>(Teil) &&
-                             !Teil->objectName().isEmpty();
-        if (const auto* const Knopf = qobject_cast<const QPushButton*>(Teil)) Vergeben(Knopf->text());
-        if (const auto* const Haken = qobject_cast<const QCheckBox*>(Teil)) Vergeben(Haken->text());
-        if (const auto* const Zeile = qobject_cast<const QLabel*>(Teil); Zeile && Zeile->buddy())
-            Vergeben(Zeile->text());
-        EXPECT_TRUE(!Eigenes || HatNamen(*Teil)) << Teil->objectName().toStdString();
-        const bool Eingabe = qobject_cast<const QAbstractButton*>(Teil) ||
-                             qobject_cast<const QComboBox*>(Teil) ||
-                             qobject_cast<const QAbstractItemView*>(Teil);
-        const bool VonQt = Teil->metaObject()->className() == QByteArray("QLineEditIconButton") ||
-                           Teil->parent()->inherits("QComboBoxPrivateContainer") ||
-                           Teil->parent()->inherits("QToolBar") || Teil->objectName().startsWith(u"qt_"_s);
-        EXPECT_FALSE(Eingabe && !VonQt && Teil->objectName().isEmpty()) << Teil->metaObject()->className();
-    }
-    for (const QMenu* const Menü : Form.findChildren<QMenu*>()) {
-        QSet<QString> ImMenü;
-        for (const QAction* const Aktion : Menü->actions()) {
-            const QString Taste = Mnemonik(Aktion->text());
-            if (Taste.isEmpty()) continue;
-            EXPECT_FALSE(ImMenü.contains(Taste)) << Aktion->text().toStdString();
-            ImMenü.insert(Taste);
-        }
-    }
-}
-
-TEST(Formen, JedesSteuerelementHatNamenUndEigeneTaste) {
-    Umgebung Welt;
-    Lauf Eins(Welt);
-    Eins.OrdnerHinzufügen(Welt.Musikordner());
-    FormPrüfen(Eins.Fenster);
-    QSet<QKeySequence> Kürzel;
-    for (const QAction* const Aktion : Eins.Fenster.actions()) {
-        for (const QKeySequence& Tasten : Aktion->shortcuts()) {
-            EXPECT_FALSE(Kürzel.contains(Tasten)) << Tasten.toString().toStdString();
-            Kürzel.insert(Tasten);
-        }
-    }
-    frmBeenden Beenden(true, nullptr);
-    FormPrüfen(Beenden);
-    frmDateiNichtVerfügbar Fehlt({"Text", {}}, nullptr);
-    FormPrüfen(Fehlt, {u"Alt+A"_s});
-    frmIndexHinzufügen Hinzufügen(Eins.Programm.Index.Optionen.Dateitypen, Eins.Programm.Werte, {}, nullptr);
-    FormPrüfen(Hinzufügen);
-    frmDateiNichtVerfügbarSchreiben Gesperrt({"Text", {}}, nullptr);
-    FormPrüfen(Gesperrt);
-    Namensfunde Funde;
-    frmIndexHinzufügenZusammenfassung Zusammenfassung(Eins.Programm, Funde, nullptr);
-    FormPrüfen(Zusammenfassung);
-    frmInfo Info("Liedwerk", nullptr);
-    FormPrüfen(Info);
-    frmWillkommen Willkommen("Liedwerk", nullptr);
-    FormPrüfen(Willkommen);
-    frmSucheErweitert Erweitert(Eins.Programm, nullptr);
-    FormPrüfen(Erweitert);
-    frmSucheErweitertHinzufügen Abfrage(Eins.Programm.Abfragen, 1, Eins.Programm.Werte, Eins.Person, nullptr);
-    FormPrüfen(Abfrage);
-    frmSucheErweitertHinzufügenNeu Baum(Eins.Programm.Index, Eins.Programm.Puffer, Eins.Programm.Abfragen,
-                                        false, Eins.Person, nullptr);
-    FormPrüfen(Baum);
-    frmSucheTextbasiert Mehrfach(Eins.Programm.Index, Eins.Programm.Puffer, Eins.Person, nullptr);
-    FormPrüfen(Mehrfach);
-    frmSortieren Sortieren("Titel", Eins.Person, nullptr);
-    FormPrüfen(Sortieren);
-    frmFortschritt Fortschritt(nullptr);
-    FormPrüfen(Fortschritt);
-    // Its pages share keys; what is visible together is looked at where the editor is driven.
-    frmTag Tag(Eins.Programm, {1}, nullptr);
-    FormPrüfen(Tag, {u"Alt+T"_s, u"Alt+P"_s, u"Alt+B"_s, u"Alt+J"_s, u"Alt+E"_s, u"Alt+G"_s, u"Alt+K"_s,
-                     u"Alt+M"_s, u"Alt+C"_s, u"Alt+H"_s});
-}
 
 TEST(Formen, FehlenderDatenträgerWirdErkanntSobaldErDaIst) {
     int Blicke = 0;
@@ -246,12 +132,3 @@ TEST(Formen, SymboleFolgenDerSchriftfarbe) {
 
 }  // namespace
 }  // namespace liedwerk::test
-
-int main(int Anzahl, char** Werte) {
-    testing::InitGoogleTest(&Anzahl, Werte);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
-    const QApplication Qt(Anzahl, Werte);
-    QApplication::setQuitOnLastWindowClosed(false);
-    return RUN_ALL_TESTS();
-}

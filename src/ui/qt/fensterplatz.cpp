@@ -4,11 +4,6 @@
 
 namespace liedwerk {
 
-void FarbeSetzen(QPalette& Palette, QPalette::ColorRole Rolle, std::int32_t Farbe) {
-    if (Farbe == DesktopFarbe) return;
-    Palette.setColor(Rolle, QColor(Farbe & 0xFF, (Farbe >> 8) & 0xFF, (Farbe >> 16) & 0xFF));
-}
-
 QAction* FensteraktionAnlegen(Fensterplatz& Platz, const QString& Name, const QString& Text, const char* Bild,
                               const QList<QKeySequence>& Tasten, std::function<void()> Handler) {
     auto* const Aktion = new QAction(Text, &Platz.Fenster);

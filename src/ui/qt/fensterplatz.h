@@ -5,7 +5,6 @@
 #include <QAction>
 #include <QList>
 #include <QMenu>
-#include <QPalette>
 #include <functional>
 #include <vector>
 
@@ -39,9 +38,6 @@ struct Fensterplatz {
     // Plays the records in their order; empty where nothing can be played.
     std::function<void(const std::vector<Satznummer>&)> Abspielen{};
 };
-
-// A colour of the settings (0xBBGGRR) put into a role; the desktop's own is left alone.
-void FarbeSetzen(QPalette& Palette, QPalette::ColorRole Rolle, std::int32_t Farbe);
 
 // An action of the window with its name, text, picture ("" for none) and keys, also reachable by its keys
 // while no menu shows it. Handler runs when it is triggered and Bereit says yes.

@@ -1,8 +1,17 @@
 #include "ui/qt/formkopf.h"
 
+#include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QScreen>
+#include <algorithm>
 
 namespace liedwerk {
+
+int Zeichenbreite(const QWidget& Teil, int Zeichen) {
+    const QScreen* const Schirm = QGuiApplication::primaryScreen();
+    const int Platz = Schirm == nullptr ? QWIDGETSIZE_MAX : Schirm->availableGeometry().width() * 6 / 10;
+    return std::min(Teil.fontMetrics().averageCharWidth() * Zeichen, Platz);
+}
 
 QVBoxLayout* Formspalte(QDialog& Form) {
     auto* const Spalte = new QVBoxLayout(&Form);
@@ -39,7 +48,7 @@ QLabel* TextHinzufügen(QVBoxLayout& Spalte, const QString& Name, const QString&
     Zeile->setTextFormat(Qt::PlainText);
     Zeile->setWordWrap(true);
     // A wrapped label asks for the height of a narrow column unless it knows how wide it will be.
-    Zeile->setMinimumWidth(Zeile->fontMetrics().averageCharWidth() * 66);
+    Zeile->setMinimumWidth(Zeichenbreite(*Zeile, 66));
     Spalte.addWidget(Zeile);
     return Zeile;
 }

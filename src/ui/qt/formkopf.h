@@ -8,6 +8,9 @@
 
 namespace liedwerk {
 
+// The width of so many average characters in pixels, at most 60 % of the screen: large letters must not drive
+// a form off it.
+int Zeichenbreite(const QWidget& Teil, int Zeichen);
 // A column layout for a form, with margins that suit it.
 QVBoxLayout* Formspalte(QDialog& Form);
 // The banner: a symbol and a bold line, below it a quieter text (may be empty).

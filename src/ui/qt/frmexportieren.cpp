@@ -105,7 +105,7 @@ QLayout* frmExportieren::DateizeileAnlegen() {
     txtDatei = new QLineEdit(this);
     txtDatei->setObjectName(u"txtDatei"_s);
     txtDatei->setAccessibleName(u"Datei"_s);
-    txtDatei->setMinimumWidth(fontMetrics().averageCharWidth() * 60);
+    txtDatei->setMinimumWidth(Zeichenbreite(*this, 60));
     lblDatei->setBuddy(txtDatei);
     cmdDateiSuchen = new QPushButton(u"Su&chen..."_s, this);
     cmdDateiSuchen->setObjectName(u"cmdDateiSuchen"_s);

@@ -21,8 +21,15 @@ frmInfo::frmInfo(std::string_view NameMitVersion, QWidget* Eltern) : QDialog(Elt
         *Spalte, u"lblLizenz"_s,
         u"Freie Software unter der GNU General Public License, Version 3. Sie wird ohne jede Gewährleistung "
         "bereitgestellt."_s);
-    TextHinzufügen(*Spalte, u"lblBestandteile"_s,
-                   u"Oberfläche mit Qt %1, Medienangaben mit TagLib."_s.arg(QLatin1String(qVersion())));
+    QLabel* const lblBestandteile =
+        TextHinzufügen(*Spalte, u"lblBestandteile"_s,
+                       u"Verwendete Bibliotheken:\n"
+                       "    Qt %1 – Oberfläche (LGPL 3)\n"
+                       "    TagLib – Angaben aus Mediendateien (LGPL 2.1, MPL 1.1)"_s.arg(
+                           QLatin1String(qVersion())));
+    // For a report of a fault it is copied.
+    lblBestandteile->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    lblBestandteile->setAccessibleName(u"Verwendete Bibliotheken"_s);
     KnöpfeHinzufügen(*Spalte, *this, {{u"cmdOk"_s, u"&Schließen"_s, Accepted}})[0]->setDefault(true);
 }
 
@@ -32,26 +39,6 @@ frmEigentümer::frmEigentümer(std::string_view Name, QWidget* Eltern) : QDialog
     QVBoxLayout* const Spalte = Formspalte(*this);
     BannerHinzufügen(*Spalte, Symbolbild("sammlung"), u"Dieser Index gehört:"_s, QtText(Name));
     KnöpfeHinzufügen(*Spalte, *this, {{u"cmdOk"_s, u"&OK"_s, Accepted}})[0]->setDefault(true);
-}
-
-frmWillkommen::frmWillkommen(std::string_view NameMitVersion, QWidget* Eltern) : QDialog(Eltern) {
-    setObjectName(u"frmWillkommen"_s);
-    setWindowTitle(u"Willkommen"_s);
-    QVBoxLayout* const Spalte = Formspalte(*this);
-    BannerHinzufügen(*Spalte, Programmsymbol(), u"Willkommen zum "_s + QtText(NameMitVersion),
-                     u"Ihre Sammlung in einer Liste, die Sie in Sekunden durchsuchen."_s);
-    TextHinzufügen(
-        *Spalte, u"lblErstens"_s,
-        u"1.  Fügen Sie einen Ordner mit Mediendateien hinzu. Ihre Dateien bleiben, wo und wie sie sind."_s);
-    TextHinzufügen(*Spalte, u"lblZweitens"_s,
-                   u"2.  Tippen Sie oben ein Wort ein – die Liste zeigt, was dazu passt."_s);
-    TextHinzufügen(*Spalte, u"lblDrittens"_s,
-                   u"3.  Wählen Sie eine Datei, um rechts ihre Beschreibung zu lesen."_s);
-    const auto Knöpfe =
-        KnöpfeHinzufügen(*Spalte, *this,
-                         {{u"cmdOrdnerHinzufügen"_s, u"&Ordner hinzufügen..."_s, OrdnerGewünscht},
-                          {u"cmdOk"_s, u"&Schließen"_s, Accepted}});
-    Knöpfe[0]->setDefault(true);
 }
 
 }  // namespace liedwerk

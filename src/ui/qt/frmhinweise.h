@@ -1,4 +1,4 @@
-// The forms that only tell something: information, the owner of an index, the welcome of the first start.
+// The forms that only tell something: information, the owner of an index.
 #pragma once
 
 #include <QDialog>
@@ -14,13 +14,6 @@ class frmInfo final : public QDialog {
 class frmEigentümer final : public QDialog {
   public:
     frmEigentümer(std::string_view Name, QWidget* Eltern);
-};
-
-// The result is OrdnerGewünscht when the person wants to add a folder at once.
-class frmWillkommen final : public QDialog {
-  public:
-    static constexpr int OrdnerGewünscht = 2;
-    frmWillkommen(std::string_view NameMitVersion, QWidget* Eltern);
 };
 
 }  // namespace liedwerk

@@ -70,10 +70,6 @@ frmIndexHinzufügenZusammenfassung::frmIndexHinzufügenZusammenfassung(Anwendung
     lstDateinamen->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     Spalte->addWidget(lstDateinamen, 1);
     lblAnzahl = TextHinzufügen(*Spalte, u"lblAnzahl"_s, {});
-    chkZusammenfassungZeigen = new QCheckBox(u"Dieses &Fenster wieder zeigen"_s, this);
-    chkZusammenfassungZeigen->setObjectName(u"chkZusammenfassungZeigen"_s);
-    chkZusammenfassungZeigen->setChecked(Programm.Werte.HinzufügenZusammenfassungZeigen == 1);
-
     auto* const Werkzeuge = new QHBoxLayout;
     const auto Knopf = [&](const QString& Name, const QString& Text, auto Handler) {
         auto* const Einer = new QPushButton(Text, this);
@@ -87,6 +83,9 @@ frmIndexHinzufügenZusammenfassung::frmIndexHinzufügenZusammenfassung(Anwendung
     Knopf(u"cmdExportieren"_s, u"In die &Zwischenablage kopieren"_s, [this] { cmdExportieren_Click(); });
     Werkzeuge->addStretch(1);
     Spalte->addLayout(Werkzeuge);
+    chkZusammenfassungZeigen = new QCheckBox(u"Dieses &Fenster wieder zeigen"_s, this);
+    chkZusammenfassungZeigen->setObjectName(u"chkZusammenfassungZeigen"_s);
+    chkZusammenfassungZeigen->setChecked(Programm.Werte.HinzufügenZusammenfassungZeigen == 1);
     Spalte->addWidget(chkZusammenfassungZeigen);
     const auto Knöpfe = KnöpfeHinzufügen(
         *Spalte, *this,

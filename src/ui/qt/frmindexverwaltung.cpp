@@ -110,6 +110,8 @@ QLayout* frmIndexVerwaltung::SuchzeileAnlegen() {
     cboSuchmethode = new QComboBox(this);
     cboSuchmethode->setObjectName(u"cboSuchmethode"_s);
     cboSuchmethode->setAccessibleName(u"Suchmethode"_s);
+    cboSuchmethode->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    cboSuchmethode->setMinimumContentsLength(36);
     for (const std::string_view Eintrag : Suchmethoden)
         cboSuchmethode->addItem(QtText(Eintrag));
     lblSuchmethode->setBuddy(cboSuchmethode);
@@ -233,7 +235,7 @@ QWidget* frmIndexVerwaltung::DetailsAnlegen() {
     Spalte->addWidget(Seiten[1].Rahmen);
     Spalte->addWidget(lblGleich);
     Spalte->addStretch(1);
-    fraDetails->setMinimumWidth(fontMetrics().averageCharWidth() * 46);
+    fraDetails->setMinimumWidth(Zeichenbreite(*this, 46));
     return fraDetails;
 }
 

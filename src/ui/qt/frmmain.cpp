@@ -1,6 +1,7 @@
 // Building the main window: actions, menus, controls and how they hang together.
 #include "ui/qt/frmmain.h"
 
+#include <QDeadlineTimer>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QStatusBar>
@@ -12,9 +13,12 @@
 #include "ui/qt/dateiaktionen.h"
 #include "ui/qt/exportaktionen.h"
 #include "ui/qt/extrasaktionen.h"
+#include "ui/qt/formkopf.h"
+#include "ui/qt/hilfeaktionen.h"
 #include "ui/qt/indexaktionen.h"
 #include "ui/qt/optionenaktionen.h"
 #include "ui/qt/qttext.h"
+#include "ui/qt/suchablageaktionen.h"
 #include "ui/qt/symbole.h"
 #include "ui/qt/tagaktionen.h"
 #include "ui/qt/tagfunktionenaktionen.h"
@@ -49,35 +53,13 @@ void frmMain::Anbinden(Anwendung& Lauf) {
     OberflächeAnlegen();
     TeileAnlegen();
 
-    Symbol = new Startleistensymbol(this);
-    Symbol->Geklickt = [this] { isVisible() && !isMinimized() ? Verbergen() : Wiederherstellen(); };
-    Symbol->Verwaist = [this] {
-        if (!isVisible() && !Endet) Wiederherstellen();
-    };
-    Symbol->Angelegt = [this] {
-        if (NachSymbolVerborgen) hide();
-        NachSymbolVerborgen = false;
-    };
-    Symbol->OhneWirt = [this] {
-        if (NachSymbolVerborgen) show();
-        NachSymbolVerborgen = false;
-    };
-    Symbolmenü = std::make_unique<QMenu>();
-    Symbolmenü->setObjectName(u"mnuSymbol"_s);
-    auto* const mnuSymbolÖffnen = AktionAnlegen(u"mnuSymbolÖffnen"_s, u"Fenster ö&ffnen"_s, "sammlung", {},
-                                                &frmMain::mnuSymbolÖffnen_Click);
-    Symbolmenü->addAction(mnuSymbolÖffnen);
-    Symbolmenü->setDefaultAction(mnuSymbolÖffnen);
-    Symbolmenü->addActions({mnuHinzufügen, findChild<QAction*>(u"mnuListeAufräumen"_s), mnuSpeichern});
-    Symbolmenü->addSeparator();
-    Symbolmenü->addAction(mnuBeenden);
-
+    SymbolAnlegen();
     tmrStatus.setSingleShot(true);
     connect(&tmrStatus, &QTimer::timeout, lblStatus, &QLabel::clear);
     tmrSpalten.setSingleShot(true);
     tmrSpalten.setInterval(400);
     connect(&tmrSpalten, &QTimer::timeout, this, [this] {
-        if (Bereit()) SpaltenInIndex(*Programm);
+        if (Ruhig()) SpaltenInIndex(*Programm);
     });
     tmrScrollUpdate.setSingleShot(true);
     connect(&tmrScrollUpdate, &QTimer::timeout, this, [this] { tmrScrollUpdate_Timer(); });
@@ -156,8 +138,6 @@ void frmMain::AktionenAnlegen() {
     mnuBeschreibungsleiste = AktionAnlegen(u"mnuBeschreibungsleiste"_s, u"&Beschreibungsleiste"_s, nullptr,
                                            {QKeySequence(u"F9"_s)}, &frmMain::mnuBeschreibungsleiste_Click);
     mnuBeschreibungsleiste->setCheckable(true);
-    mnuInfo =
-        AktionAnlegen(u"mnuInfo"_s, u"&Info"_s, "info", {QKeySequence(u"F1"_s)}, &frmMain::mnuInfo_Click);
 }
 
 void frmMain::MenüsAnlegen() {
@@ -209,8 +189,7 @@ void frmMain::MenüsAnlegen() {
     // Shortcuts hold while a menu is not in the bar, too.
     addActions({mnuHinzufügen, mnuOrdnerHinzufügen, mnuDateienHinzufügen, mnuSpeichern, mnuÖffnen, mnuBeenden,
                 mnuAllesAuswählen, mnuPfadKopieren, mnuOrdnerÖffnen, mnuSuchen, mnuSucheLeeren, mnuSortieren,
-                mnuSucheHinzufügen, mnuSucheÄndern, mnuSucheMehr, mnuSchnellsuche, mnuBeschreibungsleiste,
-                mnuInfo});
+                mnuSucheHinzufügen, mnuSucheÄndern, mnuSucheMehr, mnuSchnellsuche, mnuBeschreibungsleiste});
 }
 
 void frmMain::TeileAnlegen() {
@@ -235,9 +214,11 @@ void frmMain::TeileAnlegen() {
     TerminaktionenAnlegen(*Platz);
     ExtrasaktionenAnlegen(*Platz);
     OptionenaktionenAnlegen(*Platz);
+    HilfeaktionenAnlegen(*Platz);
+    SuchablageaktionenAnlegen(
+        *Platz, [this] { MengeNachführen(); }, [this] { MengeSuchen(); });
     Platz->Datei.addSeparator();
     Platz->Datei.addAction(mnuBeenden);
-    Platz->Hilfe.addAction(mnuInfo);
     for (QMenu* const Menü : {&Platz->Wiedergabe, &Platz->Tags, &Platz->Extras})
         Menü->menuAction()->setVisible(!Menü->isEmpty());
 }
@@ -273,6 +254,11 @@ QWidget* frmMain::ListenbereichAnlegen() {
     fraSuchVorschläge->Erbeten = [this] { cmdSuchVorschlägeAnzeigen_Click(); };
 
     Modell = std::make_unique<Listenmodell>(Programm->Ansicht, Programm->Index);
+    Modell->MediumFehlt = [this](Satznummer Nummer) {
+        return Programm->Werte.FehlendeMedienZeigen == 1 &&
+               MediumFehlt(Medienblick, MediumumgebungVon(*Programm), Programm->Index, Nummer,
+                           QDeadlineTimer::current().deadline() / 1000);
+    };
     lstSongs = new Listenansicht(*Modell, Bereich);
     lstSongs->AuswahlGeändert = [this] { lstSongs_AuswahlGeändert(); };
     lstSongs->SpaltenGeändert = [this] { lstSongs_SpaltenGeändert(); };
@@ -315,6 +301,12 @@ QWidget* frmMain::ListenbereichAnlegen() {
                                             fontMetrics().height() + 18);
     cmdLeerOrdnerHinzufügen->setAutoDefault(true);
     connect(cmdLeerOrdnerHinzufügen, &QPushButton::clicked, mnuOrdnerHinzufügen, &QAction::trigger);
+    for (QLabel* const Zeile : {lblLeerTitel, lblLeerText}) {
+        // Large letters take more lines instead of a wider window.
+        Zeile->setAlignment(Qt::AlignHCenter);
+        Zeile->setWordWrap(true);
+        Zeile->setMinimumWidth(Zeichenbreite(*this, 28));
+    }
     Mitte->addStretch(2);
     for (QWidget* const Teil : std::initializer_list<QWidget*>{lblBild, lblLeerTitel, lblLeerText}) {
         Mitte->addWidget(Teil, 0, Qt::AlignHCenter);
@@ -418,7 +410,10 @@ void frmMain::OberflächeAnlegen() {
     Zeilen->addWidget(Teiler, 1);
     fraPlayer = new Spielerleiste(Mitte);
     Zeilen->addWidget(fraPlayer);
-    setCentralWidget(Mitte);
+    Ganzes = new QStackedWidget(this);
+    Ganzes->addWidget(Mitte);
+    Ganzes->addWidget(SperrseiteAnlegen());
+    setCentralWidget(Ganzes);
     setTabOrder(Suche, fraBuchstaben);
     setTabOrder(fraBuchstaben, fraSuchVorschläge);
     setTabOrder(fraSuchVorschläge, lstSongs);

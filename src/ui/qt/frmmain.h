@@ -16,6 +16,7 @@
 #include "core/anwendung.h"
 #include "core/beenden.h"
 #include "core/hauptfenster.h"
+#include "dateien/mediumblick.h"
 #include "ui/qt/beschreibung.h"
 #include "ui/qt/buchstabenleiste.h"
 #include "ui/qt/fensterplatz.h"
@@ -40,6 +41,8 @@ class frmMain final : public QMainWindow, public Hauptfenster {
 
     std::function<void()> Beendet;  // the window has closed for good
     std::function<void()> Drängen;  // gets a run that must end now to its end
+    // What the tray symbol offers.
+    const QMenu& Startleistenmenü() const { return *Symbolmenü; }
     // The status line.
     void StatusZeigen(const QString& Text, int Dauer);
     // The end of the session: saves without a question as soon as no run is active, then Beendet.
@@ -66,11 +69,9 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     void LageSetzen(const Fensterlage& Lage) override;
     void Zeigen(bool Sichtbar) override;
     void WillkommenZeigen() override;
-    // Tips and the lock belong to windows that this version does not have; nobody calls for a tip while there
-    // are none.
-    void TippZeigen(int) override {}
-    int TippAnzahl() const override { return 0; }
-    void SperreZeigen() override {}
+    void TippZeigen(int Nummer) override;
+    int TippAnzahl() const override;
+    void SperreZeigen() override;
     void TagEditorZeigen() override;
     void ShellEinträgeAnmelden() override {}  // the package does it here
     void EreignisuhrStarten() override { EreignisuhrAnlegen(*this, *Programm); }
@@ -104,6 +105,9 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     void OberflächeAnlegen();
     void TeileAnlegen();
     void SpaltenmenüFüllen(QMenu& Menü);
+    QWidget* SperrseiteAnlegen();
+    void SymbolAnlegen();
+    void SymbolmenüAnlegen();
 
     // Handlers.
     void mnuHinzufügen_Click();
@@ -124,7 +128,6 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     void mnuSortieren_Click();
     void lstSongs_ColumnClick(int Spalte);
     void mnuBeschreibungsleiste_Click();
-    void mnuInfo_Click();
     void cmdBeenden_Click();
     void mnuSymbolÖffnen_Click();
     void cmdSuchVorschlägeAnzeigen_Click();
@@ -143,13 +146,22 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     void DateiBeschreiben(Satznummer Nummer);
     QMimeData* AuswahlDaten(bool NurVorhandene) const;
     void AktionenNachführen();
-    bool Bereit() const { return !Programm->LaufAktiv && !Endet; }
+    // Shows or hides everything of the collection; the password itself is asked for by SperreZeigen.
+    void SperreSetzen(bool Gesperrt);
+    bool SperreGilt() const;
+    void AlteSperreAufheben();
+    void NachStartHinzufügen(const std::string& Ordner);
+    // No run is active: the window may save or end. Bereit: the person may do something as well.
+    bool Ruhig() const { return !Programm->LaufAktiv && !Endet; }
+    bool Bereit() const { return Ruhig() && !Programm->Gesperrt; }
 
     Anwendung* Programm = nullptr;
     std::unique_ptr<Listenmodell> Modell;
+    Mediumblick Medienblick;
     Suchleiste* Suche = nullptr;
     Buchstabenleiste* fraBuchstaben = nullptr;
     Vorschlagsrahmen* fraSuchVorschläge = nullptr;
+    QStackedWidget* Ganzes = nullptr;  // the window's content, or the page of the lock
     QStackedWidget* Seiten = nullptr;
     QWidget* fraLeer = nullptr;
     Listenansicht* lstSongs = nullptr;
@@ -188,13 +200,13 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     QAction* mnuSchnellsuche = nullptr;
     QAction* mnuSortieren = nullptr;
     QAction* mnuBeschreibungsleiste = nullptr;
-    QAction* mnuInfo = nullptr;
     QAction* mnuBeenden = nullptr;
     struct Ansichtsschalter {
         QAction* Aktion;
         std::int16_t Indexoptionen::*Option;
     };
     std::vector<Ansichtsschalter> Schalter;
+    QList<QAction*> GesperrteAktionen;  // that were enabled before the lock
 
     bool ListeFrei = false;
     bool Endet = false;

@@ -12,7 +12,6 @@
 #include "core/hinzufuegelauf.h"
 #include "core/laden.h"
 #include "core/suchlauf.h"
-#include "ui/qt/frmhinweise.h"
 #include "ui/qt/frmindexhinzufuegen.h"
 #include "ui/qt/frmkopieren.h"
 #include "ui/qt/frmmain.h"
@@ -37,6 +36,7 @@ void frmMain::StatusZeigen(const QString& Text, int Dauer) {
 }
 
 void frmMain::AktionenNachführen() {
+    if (Programm->Gesperrt) return;
     const std::int16_t Modus = Programm->Index.Programmmodus;
     const std::size_t Gewählt = Programm->Ansicht.Auswahl.size();
     const bool Geladen = ListeFrei && Modus != ModusNichtsGeladen;
@@ -159,16 +159,13 @@ void frmMain::mnuSchnellsuche_Click() {
     fraBuchstaben->setVisible(mnuSchnellsuche->isChecked());
 }
 
-void frmMain::mnuInfo_Click() {
-    frmInfo(ProgrammnameMitVersion(), this).exec();
-}
-
 void frmMain::cmdBeenden_Click() {
     close();
 }
 
 void frmMain::mnuSymbolÖffnen_Click() {
     Wiederherstellen();
+    if (Programm->Gesperrt && QApplication::activeModalWidget() == nullptr) SperreZeigen();
 }
 
 void frmMain::lstSongs_AuswahlGeändert() {
@@ -203,7 +200,7 @@ void frmMain::SpalteUmschalten(int Nummer) {
 
 void frmMain::tmrScrollUpdate_Timer() {
     const int Spielertakt = Spielen ? Spielen->TaktAusführen() : 0;
-    if (Bereit()) RegelmäßigSpeichern(*Programm);
+    if (Ruhig()) RegelmäßigSpeichern(*Programm);
     // Without a player there is nothing to look at but the saving, and that can wait for a whole minute.
     tmrScrollUpdate.setTimerType(Spielertakt > 0 ? Qt::CoarseTimer : Qt::VeryCoarseTimer);
     tmrScrollUpdate.start(Spielertakt > 0 ? Spielertakt : SpeicherTakt);
@@ -232,7 +229,7 @@ void frmMain::PfadeAblegen(std::vector<std::string> Pfade) {
 
 void frmMain::closeEvent(QCloseEvent* Ereignis) {
     Ereignis->ignore();
-    if (Programm == nullptr || !Bereit() || Programm->Startet) return;
+    if (Programm == nullptr || !Ruhig() || Programm->Startet) return;
     const auto Grund = qGuiApp->isSavingSession() ? Schließgrund::Betriebssystem : Schließgrund::Person;
     if (!FensterSchließen(*Programm, Grund)) return;
     Endet = true;
@@ -256,7 +253,7 @@ void frmMain::SitzungBeenden() {
 }
 
 void frmMain::SitzungSichern() {
-    if (!Bereit() || Programm->Startet) return;
+    if (!Ruhig() || Programm->Startet) return;
     FensterSchließen(*Programm, Schließgrund::Betriebssystem);
     // The logout may still be called off by another program.
     SymbolEinrichten();

@@ -8,7 +8,7 @@
 #include "basis/pfad.h"
 #include "medien/medienlesen.h"
 #include "suche/feldwert.h"
-#include "ui/qt/fensterplatz.h"
+#include "ui/qt/erscheinung.h"
 #include "ui/qt/frmbeenden.h"
 #include "ui/qt/frmhinweise.h"
 #include "ui/qt/frmmain.h"
@@ -20,27 +20,6 @@
 using namespace Qt::StringLiterals;
 
 namespace liedwerk {
-namespace {
-
-// The list's font of the settings. The stored default names a font of another desktop; as long as nothing
-// was chosen, the list has this desktop's font.
-QFont Listenschrift(const Einstellungen& Werte) {
-    QFont Schrift = QGuiApplication::font();
-    const Einstellungen Vorgabe;
-    if (Werte.ListeFont != Vorgabe.ListeFont ||
-        Werte.lngEinstellungenListeFontSize != Vorgabe.lngEinstellungenListeFontSize) {
-        Schrift.setFamily(QtText(Werte.ListeFont));
-        Schrift.setPointSize(std::clamp(Werte.lngEinstellungenListeFontSize, 4, 72));
-    }
-    Schrift.setBold(Werte.ListeFontBold == 1);
-    Schrift.setItalic(Werte.ListeFontItalic == 1);
-    Schrift.setUnderline(Werte.ListeFontUnderline == 1);
-    Schrift.setStrikeOut(Werte.ListeFontStrikeThrough == 1);
-    return Schrift;
-}
-
-}  // namespace
-
 bool frmMain::SteuerelementeBereit(Steuerelemente Art) {
     switch (Art) {
         case Steuerelemente::Listen:
@@ -168,28 +147,11 @@ void frmMain::VorschlägeZeigen(bool Gefunden, const std::vector<std::string>& V
 
 void frmMain::ErscheinungAnwenden() {
     const Einstellungen& Werte = Programm->Werte;
-    QPalette Liste = QGuiApplication::palette();
-    FarbeSetzen(Liste, QPalette::Text, Werte.FarbeListen);
-    FarbeSetzen(Liste, QPalette::Base, Werte.FarbeListenHintergrund);
-    if (Werte.FarbeListenHintergrund != DesktopFarbe)
-        Liste.setColor(QPalette::AlternateBase, Liste.color(QPalette::Base));
-    if (Werte.FarbeListen != DesktopFarbe || Werte.FarbeListenHintergrund != DesktopFarbe)
-        lstSongs->setPalette(Liste);
+    PaletteAnwenden(Werte, Programm->Dienst.Desktop != nullptr && Programm->Dienst.Desktop->Dunkel());
+    ListeFärben(*lstSongs, Werte);
     lstSongs->setFont(Listenschrift(Werte));
-    QPalette Funktionen = QGuiApplication::palette();
-    FarbeSetzen(Funktionen, QPalette::ButtonText, Werte.FarbeFunktionen);
-    FarbeSetzen(Funktionen, QPalette::WindowText, Werte.FarbeÜberschrift);
-    FarbeSetzen(Funktionen, QPalette::Window, Werte.FarbeFunktionenHintergrund);
-    if (Funktionen != QGuiApplication::palette()) {
-        fraFunktionen->setPalette(Funktionen);
-        fraFunktionen->setAutoFillBackground(Werte.FarbeFunktionenHintergrund != DesktopFarbe);
-    }
-    if (Werte.FarbeBeschreibungen != DesktopFarbe) {
-        QPalette Text = QGuiApplication::palette();
-        FarbeSetzen(Text, QPalette::Text, Werte.FarbeBeschreibungen);
-        FarbeSetzen(Text, QPalette::WindowText, Werte.FarbeBeschreibungen);
-        fraBeschreibung->setPalette(Text);
-    }
+    FunktionenFärben(*fraFunktionen, Werte);
+    BeschreibungFärben(*fraBeschreibung, Werte);
     mnuBeschreibungsleiste->setChecked(Werte.Beschreibungsleiste == 1);
     fraBeschreibung->setVisible(Werte.Beschreibungsleiste == 1);
     mnuSchnellsuche->setChecked(Werte.SchnellsucheZeigen == 1);
@@ -231,21 +193,14 @@ void frmMain::LageSetzen(const Fensterlage& Lage) {
 }
 
 void frmMain::Zeigen(bool Sichtbar) {
+    // Before anything can be seen; the password is asked for when the start has come so far.
+    if (SperreGilt()) SperreSetzen(true);
     if (Sichtbar) {
         show();
         return;
     }
     // Only a symbol that is really there may stand for the window; a desktop that just starts gets a moment.
     NachSymbolVerborgen = !Symbol->Vorhanden();
-}
-
-void frmMain::WillkommenZeigen() {
-    frmWillkommen Form(ProgrammnameMitVersion(), this);
-    // The start goes on first; the folder is asked for as soon as everything stands.
-    if (Form.exec() == frmWillkommen::OrdnerGewünscht) {
-        QMetaObject::invokeMethod(
-            this, [this] { mnuOrdnerHinzufügen->trigger(); }, Qt::QueuedConnection);
-    }
 }
 
 void frmMain::EigentümerZeigen(std::string_view Name) {

@@ -34,7 +34,8 @@ frmUmbenennen::frmUmbenennen(const Einstellungen& Werte, std::size_t Anzahl, Obe
          u"Umbenennen: Manuell"_s, u"Index-Eintrag ändern - nicht umbenennen: Zeichen ersetzen"_s,
          u"Index-Eintrag ändern - nicht umbenennen: Manuell"_s, u"Zusatzfunktion: Datei-Attribute ändern"_s,
          u"Zusatzfunktion: Datei durch leere Datei mit anderer Endung ersetzen"_s});
-    lstFunktionen->setMinimumWidth(lstFunktionen->sizeHintForColumn(0) + 24);
+    lstFunktionen->setMinimumWidth(
+        std::min(lstFunktionen->sizeHintForColumn(0) + 24, Zeichenbreite(*this, 66)));
     Seiten = new QStackedWidget(this);
     SeitenAnlegen(Werte);
     connect(lstFunktionen, &QListWidget::currentRowChanged, Seiten, &QStackedWidget::setCurrentIndex);
@@ -59,7 +60,7 @@ QVBoxLayout* frmUmbenennen::SeiteAnlegen(const QString& Name, const QString& Erk
     auto* const lblErklärung = new QLabel(Erklärung, Seite);
     lblErklärung->setWordWrap(true);
     lblErklärung->setTextFormat(Qt::PlainText);
-    lblErklärung->setMinimumWidth(fontMetrics().averageCharWidth() * 52);
+    lblErklärung->setMinimumWidth(Zeichenbreite(*this, 52));
     Spalte->addWidget(lblErklärung);
     Spalte->addSpacing(6);
     Spalte->setAlignment(Qt::AlignTop);

@@ -34,6 +34,7 @@ void Funktionsleiste::GruppeHinzufügen(const QString& Titel, const QList<QActio
     Zeilen->setContentsMargins(0, 0, 0, 12);
     Zeilen->setSpacing(1);
     auto* const Kopf = new QLabel(Titel, Gruppe);
+    Kopf->setObjectName(u"lblÜberschrift"_s);
     QFont Schrift = Kopf->font();
     Schrift.setBold(true);
     Kopf->setFont(Schrift);

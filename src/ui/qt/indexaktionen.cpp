@@ -4,6 +4,7 @@
 
 #include "core/ordnerwechsel.h"
 #include "core/synchronisierlauf.h"
+#include "ui/qt/erscheinung.h"
 #include "ui/qt/frmindexhinzufuegenzusammenfassung.h"
 
 using namespace Qt::StringLiterals;
@@ -15,7 +16,7 @@ namespace {
 void BesuchtFärben(Fensterplatz& Platz, const QString& Knopfname) {
     auto* const Knopf = Platz.Fenster.findChild<QToolButton*>(Knopfname);
     if (Knopf == nullptr) return;
-    QPalette Farben = Knopf->palette();
+    QPalette Farben;
     FarbeSetzen(Farben, QPalette::ButtonText, Platz.Programm.Werte.FarbeFunktionenBesucht);
     Knopf->setPalette(Farben);
 }

@@ -1,5 +1,8 @@
 #include "ui/qt/listenmodell.h"
 
+#include <QFont>
+#include <QGuiApplication>
+#include <QPalette>
 #include <array>
 
 #include "basis/datei.h"
@@ -34,6 +37,18 @@ Satznummer Listenmodell::NummerVon(int Zeile) const {
     return Nummer >= 1 && Nummer <= Index.IndexAnzahl() ? Nummer : 0;
 }
 
+// The look of a row whose medium is absent: pale and slanted, and said to who does not see it.
+QVariant Listenmodell::Mediumzeichen(int Zeile, int Rolle) const {
+    const Satznummer Nummer = MediumFehlt ? NummerVon(Zeile) : 0;
+    if (Nummer == 0 || !MediumFehlt(Nummer)) return {};
+    if (Rolle == Qt::AccessibleDescriptionRole) return u"Datenträger nicht eingelegt"_s;
+    if (Rolle == Qt::ForegroundRole)
+        return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
+    QFont Schräg;
+    Schräg.setItalic(true);
+    return Schräg;
+}
+
 QVariant Listenmodell::data(const QModelIndex& Zelle, int Rolle) const {
     const bool IstSymbol = Zelle.column() == 0;
     if (Rolle == Qt::TextAlignmentRole && !IstSymbol) {
@@ -42,6 +57,8 @@ QVariant Listenmodell::data(const QModelIndex& Zelle, int Rolle) const {
             Spalte < Quelle.Spalten.size() && RechtsBündig(Spaltenfeld(Quelle.Spalten[Spalte]));
         return QVariant::fromValue(Qt::AlignVCenter | (Rechts ? Qt::AlignRight : Qt::AlignLeft));
     }
+    if (Rolle == Qt::ForegroundRole || Rolle == Qt::FontRole || Rolle == Qt::AccessibleDescriptionRole)
+        return Mediumzeichen(Zelle.row(), Rolle);
     const bool IstText = Rolle == Qt::DisplayRole && !IstSymbol;
     const bool IstBild = IstSymbol && (Rolle == Qt::DecorationRole || Rolle == Qt::AccessibleTextRole);
     if (!IstText && !IstBild) return {};

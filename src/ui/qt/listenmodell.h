@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <functional>
 
 #include "index/katalog.h"
 #include "suche/liste.h"
@@ -14,6 +15,9 @@ namespace liedwerk {
 class Listenmodell final : public QAbstractTableModel {
   public:
     Listenmodell(const Liste& Zeilen, const Katalog& Datensätze) : Quelle(Zeilen), Index(Datensätze) {}
+
+    // Whether a record's medium is absent: its row is marked then. Empty: no row is.
+    std::function<bool(Satznummer)> MediumFehlt;
 
     // The core's rows or columns were changed: views start afresh.
     void Erneuern();
@@ -30,6 +34,7 @@ class Listenmodell final : public QAbstractTableModel {
     Satznummer NummerVon(int Zeile) const;
 
   private:
+    QVariant Mediumzeichen(int Zeile, int Rolle) const;
     const Liste& Quelle;
     const Katalog& Index;
     int Zeilenzahl = 0;

@@ -29,7 +29,7 @@ void EreignisuhrAnlegen(QWidget& Fenster, Anwendung& Programm) {
     tmrEreignisse->setSingleShot(true);
     tmrEreignisse->setTimerType(Qt::VeryCoarseTimer);
     QObject::connect(tmrEreignisse, &QTimer::timeout, &Fenster, [tmrEreignisse, &Programm] {
-        if (!Programm.LaufAktiv && Programm.TerminePrüfen) Programm.TerminePrüfen();
+        if (!Programm.LaufAktiv && !Programm.Gesperrt && Programm.TerminePrüfen) Programm.TerminePrüfen();
         tmrEreignisse->start(Ereignistakt);
     });
     tmrEreignisse->start(Ereignistakt);

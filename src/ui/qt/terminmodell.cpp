@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 
+#include "ui/qt/formkopf.h"
 #include "ui/qt/qttext.h"
 
 using namespace Qt::StringLiterals;
@@ -55,7 +56,7 @@ QTreeView* TerminansichtAnlegen(QWidget* Eltern, const std::vector<Termin>& Erei
         const bool Datum = Name == "Termin" || Name == "Erinnern" || Name == "Angelegt am";
         Ansicht->setColumnWidth(Spalte, Datum ? Datumsbreite : Zeichen * 18);
     }
-    Ansicht->setMinimumSize(std::min(Ansicht->header()->length() + 3 * Zeichen, Zeichen * 155),
+    Ansicht->setMinimumSize(std::min(Ansicht->header()->length() + 3 * Zeichen, Zeichenbreite(*Ansicht, 155)),
                             Ansicht->fontMetrics().height() * 14);
     return Ansicht;
 }

@@ -1,0 +1,164 @@
+#include "ui/qt/erscheinung.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QLabel>
+#include <QToolButton>
+#include <QTreeView>
+#include <algorithm>
+
+#include "core/farbprofile.h"
+#include "ui/qt/qttext.h"
+
+using namespace Qt::StringLiterals;
+
+namespace liedwerk {
+namespace {
+
+// A tenth-wise mixture: Anteil tenths of A, the rest of B.
+QColor Mischung(const QColor& A, const QColor& B, int Anteil) {
+    const auto Teil = [Anteil](int Eins, int Zwei) { return (Eins * Anteil + Zwei * (10 - Anteil)) / 10; };
+    return {Teil(A.red(), B.red()), Teil(A.green(), B.green()), Teil(A.blue(), B.blue())};
+}
+
+bool IstDunkel(const QPalette& Palette) {
+    return Palette.color(QPalette::Window).lightness() < Palette.color(QPalette::WindowText).lightness();
+}
+
+// The colour of the settings, or what stands in for it where the person left this one to the desktop.
+QColor FarbeOder(std::int32_t Wert, const QColor& Sonst) {
+    return Wert == DesktopFarbe ? Sonst : FarbeAusWert(Wert);
+}
+
+QColor SchriftAuf(const QColor& Grund) {
+    return Grund.lightness() < 128 ? Qt::white : Qt::black;
+}
+
+}  // namespace
+
+QColor FarbeAusWert(std::int32_t Wert) {
+    if (Wert == DesktopFarbe) return {};
+    return {Wert & 0xFF, (Wert >> 8) & 0xFF, (Wert >> 16) & 0xFF};
+}
+
+std::int32_t WertAusFarbe(const QColor& Farbe) {
+    if (!Farbe.isValid()) return DesktopFarbe;
+    return Farbe.red() | Farbe.green() << 8 | Farbe.blue() << 16;
+}
+
+void FarbeSetzen(QPalette& Palette, QPalette::ColorRole Rolle, std::int32_t Farbe) {
+    if (Farbe != DesktopFarbe) Palette.setColor(Rolle, FarbeAusWert(Farbe));
+}
+
+QPalette Programmpalette(const QPalette& Desktop, const Einstellungen& Werte) {
+    if (Werte.FarbeFunktionenHintergrund == DesktopFarbe) return Desktop;
+    const QColor Grund = FarbeAusWert(Werte.FarbeFunktionenHintergrund);
+    const QColor Schrift = FarbeOder(Werte.FarbeFunktionen, SchriftAuf(Grund));
+    const QColor Listengrund = FarbeOder(Werte.FarbeListenHintergrund, Grund);
+    const QColor Listenschrift = FarbeOder(Werte.FarbeListen, SchriftAuf(Listengrund));
+    const QColor Rahmen = FarbeOder(Werte.FarbeRahmen, Mischung(Schrift, Grund, 3));
+    const QColor Wahl = FarbeOder(Werte.FarbeÜberschriftHintergrund, Desktop.color(QPalette::Highlight));
+    const QColor Besucht = FarbeOder(Werte.FarbeFunktionenBesucht, Schrift);
+    QPalette Palette(Schrift, Grund, Mischung(Grund, Qt::white, 8), Rahmen, Rahmen, Schrift, Listengrund);
+    Palette.setColor(QPalette::Text, Listenschrift);
+    Palette.setColor(QPalette::AlternateBase, Mischung(Listenschrift, Listengrund, 1));
+    Palette.setColor(QPalette::PlaceholderText, Mischung(Listenschrift, Listengrund, 6));
+    Palette.setColor(QPalette::ToolTipBase, Listengrund);
+    Palette.setColor(QPalette::ToolTipText, Listenschrift);
+    Palette.setColor(QPalette::Button, Grund);
+    Palette.setColor(QPalette::ButtonText, Schrift);
+    Palette.setColor(QPalette::BrightText, Schrift);
+    Palette.setColor(QPalette::Midlight, Rahmen);
+    Palette.setColor(QPalette::Shadow, Rahmen);
+    Palette.setColor(QPalette::Highlight, Wahl);
+    Palette.setColor(QPalette::HighlightedText, FarbeOder(Werte.FarbeÜberschrift, SchriftAuf(Wahl)));
+    Palette.setColor(QPalette::Link, Besucht);
+    Palette.setColor(QPalette::LinkVisited, Besucht);
+    for (const auto Rolle : {QPalette::WindowText, QPalette::ButtonText})
+        Palette.setColor(QPalette::Disabled, Rolle, Mischung(Schrift, Grund, 5));
+    Palette.setColor(QPalette::Disabled, QPalette::Text, Mischung(Listenschrift, Listengrund, 5));
+    return Palette;
+}
+
+void PaletteAnwenden(const Einstellungen& Werte, bool DesktopDunkel) {
+    // The empty palette gives the desktop's own back.
+    QApplication::setPalette(QPalette());
+    Einstellungen Gewollt = Werte;
+    if (DesktopDunkel && !IstDunkel(QApplication::palette()) && FarbprofilVon(Werte) == ProfilDesktop)
+        FarbprofilNehmen(Gewollt, ProfilDunkel);
+    if (Gewollt.FarbeFunktionenHintergrund != DesktopFarbe)
+        QApplication::setPalette(Programmpalette(QApplication::palette(), Gewollt));
+}
+
+void ListeFärben(QWidget& Liste, const Einstellungen& Werte) {
+    QPalette Farben;
+    FarbeSetzen(Farben, QPalette::Text, Werte.FarbeListen);
+    FarbeSetzen(Farben, QPalette::Base, Werte.FarbeListenHintergrund);
+    if (Werte.FarbeListenHintergrund != DesktopFarbe) {
+        const QColor Grund = Farben.color(QPalette::Base);
+        Farben.setColor(QPalette::AlternateBase, Mischung(Farben.color(QPalette::Text), Grund, 1));
+    }
+    FarbeSetzen(Farben, QPalette::Midlight, Werte.FarbeRahmen);
+    Liste.setPalette(Farben);
+    if (auto* const Kopf = Liste.findChild<QHeaderView*>(QString(), Qt::FindDirectChildrenOnly)) {
+        QPalette Kopffarben;
+        FarbeSetzen(Kopffarben, QPalette::ButtonText, Werte.FarbeÜberschrift);
+        FarbeSetzen(Kopffarben, QPalette::Button, Werte.FarbeÜberschriftHintergrund);
+        Kopf->setPalette(Kopffarben);
+    }
+}
+
+void FunktionenFärben(QWidget& Leiste, const Einstellungen& Werte) {
+    QPalette Farben;
+    FarbeSetzen(Farben, QPalette::ButtonText, Werte.FarbeFunktionen);
+    FarbeSetzen(Farben, QPalette::WindowText, Werte.FarbeFunktionen);
+    FarbeSetzen(Farben, QPalette::Window, Werte.FarbeFunktionenHintergrund);
+    Leiste.setPalette(Farben);
+    Leiste.setAutoFillBackground(Werte.FarbeFunktionenHintergrund != DesktopFarbe);
+    QPalette Kopffarben;
+    FarbeSetzen(Kopffarben, QPalette::WindowText, Werte.FarbeÜberschrift);
+    FarbeSetzen(Kopffarben, QPalette::Window, Werte.FarbeÜberschriftHintergrund);
+    for (auto* const Kopf : Leiste.findChildren<QLabel*>(u"lblÜberschrift"_s)) {
+        Kopf->setPalette(Kopffarben);
+        Kopf->setAutoFillBackground(Werte.FarbeÜberschriftHintergrund != DesktopFarbe);
+    }
+    for (auto* const Knopf : Leiste.findChildren<QToolButton*>()) {
+        QFont Schrift = Knopf->font();
+        Schrift.setUnderline(Werte.FunktionenUnterstreichen == 1);
+        Knopf->setFont(Schrift);
+    }
+}
+
+void BeschreibungFärben(QWidget& Leiste, const Einstellungen& Werte) {
+    QPalette Farben;
+    FarbeSetzen(Farben, QPalette::Text, Werte.FarbeBeschreibungen);
+    FarbeSetzen(Farben, QPalette::WindowText, Werte.FarbeBeschreibungen);
+    Leiste.setPalette(Farben);
+}
+
+QFont Listenschrift(const Einstellungen& Werte) {
+    QFont Schrift = QApplication::font();
+    const Einstellungen Vorgabe;
+    if (Werte.ListeFont != Vorgabe.ListeFont ||
+        Werte.lngEinstellungenListeFontSize != Vorgabe.lngEinstellungenListeFontSize) {
+        Schrift.setFamily(QtText(Werte.ListeFont));
+        Schrift.setPointSize(std::clamp(Werte.lngEinstellungenListeFontSize, 4, 72));
+    }
+    Schrift.setBold(Werte.ListeFontBold == 1);
+    Schrift.setItalic(Werte.ListeFontItalic == 1);
+    Schrift.setUnderline(Werte.ListeFontUnderline == 1);
+    Schrift.setStrikeOut(Werte.ListeFontStrikeThrough == 1);
+    return Schrift;
+}
+
+void ListenschriftNehmen(Einstellungen& Werte, const QFont& Schrift) {
+    Werte.ListeFont = Utf8Text(Schrift.family());
+    // A font that is measured in pixels has no points.
+    if (Schrift.pointSizeF() > 0) Werte.lngEinstellungenListeFontSize = qRound(Schrift.pointSizeF());
+    Werte.ListeFontBold = Schrift.bold() ? 1 : 0;
+    Werte.ListeFontItalic = Schrift.italic() ? 1 : 0;
+    Werte.ListeFontUnderline = Schrift.underline() ? 1 : 0;
+    Werte.ListeFontStrikeThrough = Schrift.strikeOut() ? 1 : 0;
+}
+
+}  // namespace liedwerk
