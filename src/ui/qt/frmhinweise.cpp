@@ -21,12 +21,11 @@ frmInfo::frmInfo(std::string_view NameMitVersion, QWidget* Eltern) : QDialog(Elt
         *Spalte, u"lblLizenz"_s,
         u"Freie Software unter der GNU General Public License, Version 3. Sie wird ohne jede Gewährleistung "
         "bereitgestellt."_s);
-    QLabel* const lblBestandteile =
-        TextHinzufügen(*Spalte, u"lblBestandteile"_s,
-                       u"Verwendete Bibliotheken:\n"
-                       "    Qt %1 – Oberfläche (LGPL 3)\n"
-                       "    TagLib – Angaben aus Mediendateien (LGPL 2.1, MPL 1.1)"_s.arg(
-                           QLatin1String(qVersion())));
+    QLabel* const lblBestandteile = TextHinzufügen(
+        *Spalte, u"lblBestandteile"_s,
+        u"Verwendete Bibliotheken:\n"
+        "    Qt %1 – Oberfläche (LGPL 3)\n"
+        "    TagLib – Angaben aus Mediendateien (LGPL 2.1, MPL 1.1)"_s.arg(QLatin1String(qVersion())));
     // For a report of a fault it is copied.
     lblBestandteile->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     lblBestandteile->setAccessibleName(u"Verwendete Bibliotheken"_s);

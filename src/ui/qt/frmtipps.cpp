@@ -23,8 +23,8 @@ frmTipps::frmTipps(Einstellungen& Ziel, int Erster, QWidget* Eltern) : QDialog(E
     int Höhe = 0;
     for (const std::string_view Text : Tipps()) {
         const QRect Platz(0, 0, lblTipp->minimumWidth(), 10000);
-        Höhe = std::max(
-            Höhe, lblTipp->fontMetrics().boundingRect(Platz, Qt::TextWordWrap, QtText(Text)).height());
+        Höhe = std::max(Höhe,
+                        lblTipp->fontMetrics().boundingRect(Platz, Qt::TextWordWrap, QtText(Text)).height());
     }
     lblTipp->setMinimumHeight(Höhe);
     lblNummer = TextHinzufügen(*Spalte, u"lblNummer"_s, {});

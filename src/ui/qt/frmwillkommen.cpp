@@ -76,17 +76,17 @@ frmWillkommen::frmWillkommen(Anwendung& Lauf, QWidget* Eltern) : QDialog(Eltern)
 }
 
 void frmWillkommen::cmdDurchsuchen_Click() {
-    const QString Pfad =
-        QFileDialog::getExistingDirectory(this, u"Musikordner wählen"_s, txtOrdner->text());
+    const QString Pfad = QFileDialog::getExistingDirectory(this, u"Musikordner wählen"_s, txtOrdner->text());
     if (!Pfad.isEmpty()) txtOrdner->setText(Pfad);
 }
 
 void frmWillkommen::cmdOrdnerHinzufügen_Click() {
     const std::string Pfad = PfadAusQt(txtOrdner->text());
     if (!OrdnerExistiert(Pfad)) {
-        Programm.Dienst.Person.Melden(
-            Symbol::Information, "Der Ordner '" + Pfad + "' wurde nicht gefunden.\nBitte wählen Sie einen "
-                                                         "Ordner, den es gibt, oder \"Später\".");
+        Programm.Dienst.Person.Melden(Symbol::Information,
+                                      "Der Ordner '" + Pfad +
+                                          "' wurde nicht gefunden.\nBitte wählen Sie einen "
+                                          "Ordner, den es gibt, oder \"Später\".");
         txtOrdner->setFocus();
         return;
     }
