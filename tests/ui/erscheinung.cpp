@@ -12,7 +12,9 @@
 #include <cmath>
 
 #include "core/farbprofile.h"
+#include "core/suchlauf.h"
 #include "core/tipps.h"
+#include "dateien/mediumblick.h"
 #include "tests/ui/fensterlauf.h"
 #include "ui/qt/frmhilfe.h"
 #include "ui/qt/frmsperre.h"
@@ -254,6 +256,67 @@ TEST(Tipps, BlätternImKreisUndAbstellen) {
     QTest::keyClick(&Teil<QAbstractButton>(Form, u"chkTipps"_s), Qt::Key_Space);
     Form.accept();
     EXPECT_EQ(Werte.TippsAktueller, 0);
+}
+
+TEST(Zusätze, FehlenderDatenträgerIstInDerListeZuSehen) {
+    Umgebung Welt;
+    Welt.Drives.Liste["E:\\"] = {Laufwerksart::Wechsel, "STICK", true};
+    Lauf Eins(Welt);
+    Datensatz Satz;
+    Satz.Wechselmedium = "STICK";
+    SatzAnhängen(Eins.Programm.Index, "E:\\x.mp3", Satz);
+    Satz.Wechselmedium = "ANDERER";
+    SatzAnhängen(Eins.Programm.Index, "E:\\y.mp3", Satz);
+    SatzAnhängen(Eins.Programm.Index, "E:\\z.mp3", {});
+    SucheAktualisieren(Eins.Programm);
+    const auto Bleich = [&](int Zeile) {
+        return Eins.Songs().model()->index(Zeile, 1).data(Qt::ForegroundRole).isValid();
+    };
+    EXPECT_FALSE(Bleich(1)) << "off as long as nobody asks for it";
+    Teil<QAction>(Eins.Fenster, u"mnuFehlendeMedien"_s).trigger();
+    EXPECT_FALSE(Bleich(0));
+    EXPECT_TRUE(Bleich(1));
+    EXPECT_FALSE(Bleich(2));
+    // The answer is kept for some seconds, then the drive is asked anew.
+    Mediumblick Blick;
+    const Mediumumgebung Orte = MediumumgebungVon(Eins.Programm);
+    EXPECT_FALSE(MediumFehlt(Blick, Orte, Eins.Programm.Index, 1, 100));
+    Welt.Drives.Liste["E:\\"].Vorhanden = false;
+    const int Fragen = Welt.Drives.Fragen;
+    EXPECT_FALSE(MediumFehlt(Blick, Orte, Eins.Programm.Index, 1, 102));
+    EXPECT_EQ(Welt.Drives.Fragen, Fragen);
+    EXPECT_TRUE(MediumFehlt(Blick, Orte, Eins.Programm.Index, 1, 105));
+}
+
+TEST(Zusätze, GespeicherteSucheKommtWiederUndGeht) {
+    Umgebung Welt;
+    {
+        Lauf Eins(Welt);
+        Eins.OrdnerHinzufügen(Welt.Musikordner());
+        QTest::keyClicks(&Eins.Suchfeld(), u"stille"_s);
+        QTimer::singleShot(0, qApp, [] {
+            QWidget* const Form = QApplication::activeModalWidget();
+            ASSERT_NE(Form, nullptr);
+            EXPECT_EQ(Form->findChild<QLineEdit*>()->text(), u"stille"_s);
+            QTest::keyClicks(Form->findChild<QLineEdit*>(), u" & leise"_s);
+            QTest::keyClick(Form, Qt::Key_Return);
+        });
+        Teil<QAction>(Eins.Fenster, u"mnuSucheSpeichern"_s).trigger();
+        Eins.Fenster.SitzungBeenden();
+    }
+    Lauf Zwei(Welt);
+    EXPECT_EQ(Zwei.Zeilen(), 3);
+    auto& Menü = Teil<QMenu>(Zwei.Fenster, u"mnuGespeicherteSuchen"_s);
+    emit Menü.aboutToShow();
+    ASSERT_EQ(Menü.actions().size(), 1);
+    EXPECT_EQ(Menü.actions()[0]->text(), u"stille && leise"_s);
+    Menü.actions()[0]->trigger();
+    EXPECT_EQ(Zwei.Zeilen(), 1);
+    EXPECT_EQ(Zwei.Suchfeld().currentText(), u"stille"_s);
+    auto& Löschen = Teil<QMenu>(Zwei.Fenster, u"mnuGespeicherteSucheLöschen"_s);
+    emit Löschen.aboutToShow();
+    Löschen.actions()[0]->trigger();
+    EXPECT_TRUE(Zwei.Programm.Werte.GespeicherteSuche.empty());
 }
 
 TEST(Handbuch, WirdGefundenGegliedertUndDurchsucht) {

@@ -18,6 +18,7 @@
 #include "ui/qt/indexaktionen.h"
 #include "ui/qt/optionenaktionen.h"
 #include "ui/qt/qttext.h"
+#include "ui/qt/schalteraktionen.h"
 #include "ui/qt/suchablageaktionen.h"
 #include "ui/qt/symbole.h"
 #include "ui/qt/tagaktionen.h"
@@ -215,6 +216,7 @@ void frmMain::TeileAnlegen() {
     ExtrasaktionenAnlegen(*Platz);
     OptionenaktionenAnlegen(*Platz);
     HilfeaktionenAnlegen(*Platz);
+    SchalteraktionenAnlegen(*Platz, [this] { MengeSuchen(); });
     SuchablageaktionenAnlegen(
         *Platz, [this] { MengeNachführen(); }, [this] { MengeSuchen(); });
     Platz->Datei.addSeparator();

@@ -28,7 +28,6 @@ frmTipps::frmTipps(Einstellungen& Ziel, int Erster, QWidget* Eltern) : QDialog(E
     }
     lblTipp->setMinimumHeight(Höhe);
     lblNummer = TextHinzufügen(*Spalte, u"lblNummer"_s, {});
-    lblNummer->setEnabled(false);
     chkTipps = new QCheckBox(u"Tips beim &Start anzeigen"_s, this);
     chkTipps->setObjectName(u"chkTipps"_s);
     chkTipps->setChecked(Werte.TippsAktueller != 0);
