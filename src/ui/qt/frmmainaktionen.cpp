@@ -30,7 +30,8 @@ constexpr int Neuespaltenbreite = 1800;         // twips, for a column that has 
 
 void frmMain::StatusZeigen(const QString& Text, int Dauer) {
     lblStatus->setText(Text);
-    Fenstertitel.Zeigen(Text);
+    // A locked window tells its title only; what happens behind the lock may name files.
+    if (!Programm->Gesperrt) Fenstertitel.Zeigen(Text);
     tmrStatus.stop();
     if (Dauer > 0) tmrStatus.start(Dauer);
 }

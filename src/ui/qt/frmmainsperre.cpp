@@ -48,6 +48,7 @@ QWidget* frmMain::SperrseiteAnlegen() {
 void frmMain::SperreSetzen(bool Gesperrt) {
     if (Gesperrt == Programm->Gesperrt) return;
     Programm->Gesperrt = Gesperrt;
+    Fenstertitel.Zeigen({});
     Ganzes->setCurrentIndex(Gesperrt ? 1 : 0);
     menuBar()->setVisible(!Gesperrt);
     statusBar()->setVisible(!Gesperrt);
