@@ -216,6 +216,7 @@ TEST(SucheAusführen, UmlauteAufWunschGleich) {
     for (const char* const Titel :
          {"Ärzte", "Aerzte", "Arzte", "Müllerstraße", "MUELLERSTRASSE", "Neue Wege", "Aue", "Quelle"}) {
         Datensatz Satz;
+        Satz.HatId3v1 = TagVorhanden;
         Satz.Titel = Titel;
         SatzAnhängen(Index, "C:\\x.mp3", Satz);
     }
