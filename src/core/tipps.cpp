@@ -37,7 +37,7 @@ constexpr std::string_view Texte[] = {
     "Das Programm erinnert Sie an Ereignisse, zum Beispiel an eine Sendung oder an das nächste Konzert.",
     "Die kleine Startleiste neben der Uhr kennt die wichtigsten Funktionen. Klicken Sie mit der rechten "
     "Maustaste auf das Symbol.",
-    "Sie sitzen nicht allein am Rechner? In den Optionen sperren Sie das Programm mit einem Kennwort.",
+    "Sie sitzen nicht allein am Rechner? In den Optionen sperren Sie das Programm mit einem Passwort.",
     "Zu hell, zu dunkel, zu klein? In den Optionen wählen Sie ein Farbprofil und die Schrift der Liste.",
     "Dateien aus der Liste lassen sich in andere Programme ziehen, zum Beispiel in Ihren Audio-Player oder "
     "in "

@@ -28,11 +28,16 @@
 #include "ui/qt/frmexportieren.h"
 #include "ui/qt/frmhilfe.h"
 #include "ui/qt/frmhinweise.h"
+#include "ui/qt/frmindexdateien.h"
 #include "ui/qt/frmindexhinzufuegen.h"
 #include "ui/qt/frmindexhinzufuegenzusammenfassung.h"
+#include "ui/qt/frmindexoptionen.h"
+#include "ui/qt/frmindexstatistik.h"
 #include "ui/qt/frmindexverwaltung.h"
 #include "ui/qt/frmkopieren.h"
 #include "ui/qt/frmloeschen.h"
+#include "ui/qt/frmoptionen.h"
+#include "ui/qt/frmsicherungskopien.h"
 #include "ui/qt/frmsortieren.h"
 #include "ui/qt/frmsperre.h"
 #include "ui/qt/frmsucheerweitert.h"
@@ -107,6 +112,12 @@ const std::vector<Eintrag>& Formen() {
         {"frmHilfe", [](Bühne&) { return Bau<frmHilfe>(QString()); }},
         {"frmInfo", [](Bühne&) { return Bau<frmInfo>("Liedwerk 1.00"); }},
         {"frmEigentümer", [](Bühne&) { return Bau<frmEigentümer>("Anna"); }},
+        {"frmIndexdateien", [](Bühne& B) { return Bau<frmIndexdateien>(B.Eins.Programm, Indexdateiwege{}); }},
+        {"frmIndexOptionen", [](Bühne& B) { return Bau<frmIndexOptionen>(B.Eins.Programm); }},
+        {"frmIndexStatistik",
+         [](Bühne&) { return Bau<frmIndexStatistik>(Indexstatistik{}, "lwStamm.lwi", "Anna"); }},
+        {"frmOptionen", [](Bühne& B) { return Bau<frmOptionen>(B.Eins.Programm, Optionswege{}); }},
+        {"frmSicherungskopien", [](Bühne& B) { return Bau<frmSicherungskopien>(B.Eins.Programm); }},
         {"frmIndexHinzufügen",
          [](Bühne& B) {
              return Bau<frmIndexHinzufügen>(B.Eins.Programm.Index.Optionen.Dateitypen, B.Eins.Programm.Werte,

@@ -84,8 +84,8 @@ void frmMain::AlteSperreAufheben() {
     Oberfläche& Person = Programm->Dienst.Person;
     if (Person.JaNein(
             Symbol::Ausrufezeichen,
-            "Das gespeicherte Kennwort hat eine alte Form, die nicht sicher ist. Es wird nicht "
-            "mehr anerkannt; die Sperre wurde ausgeschaltet.\n\nMöchten Sie jetzt ein neues Kennwort "
+            "Das gespeicherte Passwort hat eine alte Form, die nicht sicher ist. Es wird nicht "
+            "mehr anerkannt; die Sperre wurde ausgeschaltet.\n\nMöchten Sie jetzt ein neues Passwort "
             "festlegen?",
             Antwort::Ja) == Antwort::Ja)
         frmSperreSetzen(Programm->Werte, Person, isVisible() ? this : nullptr).exec();

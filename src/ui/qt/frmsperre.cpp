@@ -22,9 +22,9 @@ QLineEdit* KennwortfeldHinzufügen(QFormLayout& Zeilen, const QString& Name, con
 }
 
 // Testing takes a moment; the pointer says so.
-Kennwortprüfung PrüfenMitSanduhr(std::string_view Abgelegt, const QString& Kennwort) {
+Kennwortprüfung PrüfenMitSanduhr(std::string_view Abgelegt, const QString& Passwort) {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    const Kennwortprüfung Ergebnis = KennwortPrüfen(Abgelegt, Kennwort);
+    const Kennwortprüfung Ergebnis = KennwortPrüfen(Abgelegt, Passwort);
     QGuiApplication::restoreOverrideCursor();
     return Ergebnis;
 }
@@ -36,9 +36,9 @@ frmSperre::frmSperre(std::string Abgelegt, QWidget* Eltern) : QDialog(Eltern), S
     setWindowTitle(u"Programm gesperrt"_s);
     QVBoxLayout* const Spalte = Formspalte(*this);
     BannerHinzufügen(*Spalte, Symbolbild("sperre"), u"Das Programm ist gesperrt."_s,
-                     u"Geben Sie das Kennwort ein, um Ihre Sammlung zu sehen."_s);
+                     u"Geben Sie das Passwort ein, um Ihre Sammlung zu sehen."_s);
     auto* const Zeilen = new QFormLayout;
-    txtKennwort = KennwortfeldHinzufügen(*Zeilen, u"txtKennwort"_s, u"&Kennwort:"_s);
+    txtKennwort = KennwortfeldHinzufügen(*Zeilen, u"txtKennwort"_s, u"&Passwort:"_s);
     Spalte->addLayout(Zeilen);
     lblFalsch = TextHinzufügen(*Spalte, u"lblFalsch"_s, {});
     lblFalsch->hide();
@@ -56,7 +56,7 @@ void frmSperre::cmdOk_Click() {
         return;
     }
     lblFalsch->setText(
-        u"Das Kennwort ist nicht richtig. Prüfen Sie die Feststelltaste und versuchen Sie es "
+        u"Das Passwort ist nicht richtig. Prüfen Sie die Feststelltaste und versuchen Sie es "
         "noch einmal."_s);
     lblFalsch->show();
     txtKennwort->clear();
@@ -68,26 +68,26 @@ frmSperreSetzen::frmSperreSetzen(Einstellungen& Ziel, Oberfläche& Wer, QWidget*
     setObjectName(u"frmSperreSetzen"_s);
     setWindowTitle(u"Sperre"_s);
     QVBoxLayout* const Spalte = Formspalte(*this);
-    BannerHinzufügen(*Spalte, Symbolbild("sperre"), u"Programm mit einem Kennwort sperren"_s,
+    BannerHinzufügen(*Spalte, Symbolbild("sperre"), u"Programm mit einem Passwort sperren"_s,
                      u"Die Sperre verbirgt Ihre Sammlung vor anderen Personen an diesem Rechner. Die "
-                     "Indexdatei selbst wird nicht verschlüsselt. Ein vergessenes Kennwort lässt sich nicht "
+                     "Indexdatei selbst wird nicht verschlüsselt. Ein vergessenes Passwort lässt sich nicht "
                      "wiederherstellen."_s);
     auto* const Zeilen = new QFormLayout;
-    txtBisher = KennwortfeldHinzufügen(*Zeilen, u"txtBisher"_s, u"&Bisheriges Kennwort:"_s);
+    txtBisher = KennwortfeldHinzufügen(*Zeilen, u"txtBisher"_s, u"&Bisheriges Passwort:"_s);
     Zeilen->setRowWrapPolicy(QFormLayout::DontWrapRows);
     const bool Gesetzt = KennwortLesbar(Werte.Sperre);
     txtBisher->setVisible(Gesetzt);
     Zeilen->labelForField(txtBisher)->setVisible(Gesetzt);
-    txtNeu = KennwortfeldHinzufügen(*Zeilen, u"txtNeu"_s, u"&Neues Kennwort:"_s);
+    txtNeu = KennwortfeldHinzufügen(*Zeilen, u"txtNeu"_s, u"&Neues Passwort:"_s);
     txtWiederholung = KennwortfeldHinzufügen(*Zeilen, u"txtWiederholung"_s, u"&Wiederholung:"_s);
-    if (Gesetzt) txtNeu->setPlaceholderText(u"leer: Kennwort bleibt"_s);
+    if (Gesetzt) txtNeu->setPlaceholderText(u"leer: Passwort bleibt"_s);
     Spalte->addLayout(Zeilen);
-    chkSperreAktiv = new QCheckBox(u"Beim &Start nach dem Kennwort fragen"_s, this);
+    chkSperreAktiv = new QCheckBox(u"Beim &Start nach dem Passwort fragen"_s, this);
     chkSperreAktiv->setObjectName(u"chkSperreAktiv"_s);
     chkSperreAktiv->setChecked(!Gesetzt || Werte.SperreAktiv == 1);
     Spalte->addWidget(chkSperreAktiv);
     const auto Knöpfe = KnöpfeHinzufügen(*Spalte, *this,
-                                         {{u"cmdEntfernen"_s, u"Kennwort &entfernen"_s, Rejected},
+                                         {{u"cmdEntfernen"_s, u"Passwort &entfernen"_s, Rejected},
                                           {u"cmdOk"_s, u"&OK"_s, Rejected},
                                           {u"cmdAbbrechen"_s, u"&Abbrechen"_s, Rejected}});
     for (int Nummer : {0, 1})
@@ -95,7 +95,7 @@ frmSperreSetzen::frmSperreSetzen(Einstellungen& Ziel, Oberfläche& Wer, QWidget*
     Knöpfe[0]->setVisible(Gesetzt);
     connect(Knöpfe[0], &QPushButton::clicked, this, [this] {
         if (PrüfenMitSanduhr(Werte.Sperre, txtBisher->text()) != Kennwortprüfung::Richtig)
-            return Zurückweisen(*txtBisher, "Das bisherige Kennwort ist nicht richtig.");
+            return Zurückweisen(*txtBisher, "Das bisherige Passwort ist nicht richtig.");
         Werte.Sperre.clear();
         Werte.SperreAktiv = 0;
         accept();
@@ -113,11 +113,11 @@ void frmSperreSetzen::Zurückweisen(QLineEdit& Feld, std::string_view Text) {
 void frmSperreSetzen::cmdOk_Click() {
     const bool Gesetzt = KennwortLesbar(Werte.Sperre);
     if (Gesetzt && PrüfenMitSanduhr(Werte.Sperre, txtBisher->text()) != Kennwortprüfung::Richtig)
-        return Zurückweisen(*txtBisher, "Das bisherige Kennwort ist nicht richtig.");
+        return Zurückweisen(*txtBisher, "Das bisherige Passwort ist nicht richtig.");
     if (txtNeu->text().isEmpty() && !Gesetzt)
-        return Zurückweisen(*txtNeu, "Bitte geben Sie ein Kennwort ein.");
+        return Zurückweisen(*txtNeu, "Bitte geben Sie ein Passwort ein.");
     if (txtNeu->text() != txtWiederholung->text())
-        return Zurückweisen(*txtWiederholung, "Die Wiederholung stimmt nicht mit dem Kennwort überein.");
+        return Zurückweisen(*txtWiederholung, "Die Wiederholung stimmt nicht mit dem Passwort überein.");
     if (!txtNeu->text().isEmpty()) {
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
         Werte.Sperre = KennwortAblegen(txtNeu->text());

@@ -7,6 +7,7 @@
 #include "ui/qt/frmindexstatistik.h"
 #include "ui/qt/frmoptionen.h"
 #include "ui/qt/frmsicherungskopien.h"
+#include "ui/qt/frmsperre.h"
 
 using namespace Qt::StringLiterals;
 
@@ -31,6 +32,9 @@ void OptionenZeigen(Anwendung& Programm, QWidget* Eltern) {
     // Also while nothing is loaded: an index that cannot be read is when a backup is wanted most.
     if (Modus <= ModusIndexdatei)
         Wege.Sicherungskopien = [&Programm](QWidget* Form) { SicherungskopienZeigen(Programm, Form); };
+    Wege.Passwort = [&Programm](Einstellungen& Entwurf, QWidget* Form) {
+        frmSperreSetzen(Entwurf, Programm.Dienst.Person, Form).exec();
+    };
     frmOptionen(Programm, std::move(Wege), Eltern).exec();
 }
 
