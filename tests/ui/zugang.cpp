@@ -23,6 +23,9 @@
 #include "ui/qt/frmautodj.h"
 #include "ui/qt/frmbeenden.h"
 #include "ui/qt/frmbildanzeige.h"
+#include "ui/qt/frmcdbrowser.h"
+#include "ui/qt/frmcddaten.h"
+#include "ui/qt/frmcddatencdwaehlen.h"
 #include "ui/qt/frmdateiname.h"
 #include "ui/qt/frmdateinichtverfuegbar.h"
 #include "ui/qt/frmexportieren.h"
@@ -98,6 +101,15 @@ const std::vector<Eintrag>& Formen() {
          }},
         {"frmBeenden", [](Bühne&) { return Bau<frmBeenden>(true); }},
         {"frmBildAnzeige", [](Bühne&) { return Bau<frmBildAnzeige>("/keins.png"); }},
+        {"frmCDBrowser", [](Bühne& B) { return Bau<frmCDBrowser>(B.Eins.Programm); }},
+        {"frmCDDaten",
+         [](Bühne& B) {
+             return Bau<frmCDDaten>(B.Eins.Programm, frmCDDaten::Anlaß::Laufwerk, CDDBHerkunft::Keine);
+         }},
+        {"frmCDDatenCDWählen",
+         [](Bühne& B) {
+             return Bau<frmCDDatenCDWählen>(std::vector<std::string>{"rock 00000001 A / B"}, B.Eins.Person);
+         }},
         {"frmDateiname", [](Bühne&) { return Bau<frmDateiname>("Umbenennen", std::string("/a/b.mp3")); }},
         {"frmDateiNichtVerfügbar",
          [](Bühne&) {
