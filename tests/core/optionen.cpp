@@ -19,8 +19,6 @@ const std::set<std::string_view> NichtInDenOptionen = {
     // the program: version, files, window, player panel
     "Start", "Dateiname", "FensterHeight", "FensterLeft", "FensterTop", "FensterWidth", "FensterMax",
     "WinampLautstärke", "WinampBalance", "TermineIndex", "TermineIndexPrüfsumme", "ZuletztGeladen",
-    // the menus
-    "FehlendeMedienZeigen", "SucheUmlauteGleich", "GespeicherteSuche",
     // the lock's own form
     "Sperre",
     // AutoTAG, favourite genres
