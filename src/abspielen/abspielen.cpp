@@ -6,6 +6,8 @@
 #include "abspielen/statistik.h"
 #include "basis/datei.h"
 #include "basis/pfad.h"
+#include "basis/text.h"
+#include "medien/cdtitel.h"
 
 namespace liedwerk {
 namespace {
@@ -15,31 +17,43 @@ constexpr std::int64_t Übernahmedauer = 5000;   // milliseconds that a player m
 constexpr std::int64_t Ladedauer = 400;         // milliseconds from the player's appearance to its list
 constexpr std::int64_t Übernahmepause = 20;
 
+bool GehörtDemSpieler(const Katalog& Index, Satznummer Nummer) {
+    return DateiTypErlaubt(Index.Optionen.Dateitypen, Index.Sätze.Pfad(Nummer), false, false, true, false);
+}
+
 // One call of AbspielenMediaPlayer.
 class Abspiellauf {
   public:
     Abspiellauf(Abspielumgebung& Ziel, const std::vector<Satznummer>& Sätze, bool NurAnhängen,
                 bool ListeLeeren)
-        : Umgebung(Ziel), Dateien(Sätze), Anhängen(NurAnhängen), Leeren(ListeLeeren) {
+        : Umgebung(Ziel), Dateien(Sätze), Leeren(ListeLeeren), Spielen(!NurAnhängen) {
         const auto Wahl = SpielerVon(Umgebung.Spieler.Werte.WinampPfad);
-        Art = Wahl ? Wahl->Art : Spielerart::Andere;
-        Beobachtet = Wahl && (Wahl->HatProfil() || PlayerSuchen(Umgebung.Spieler, false));
+        if (!Wahl) return;
+        AusDerTabelle = Wahl->Art != Spielerart::Andere;
+        Cdadresse = Wahl->Profil.Cdadresse;
+        Beobachtet =
+            (Wahl->HatProfil() && !Wahl->Profil.NurMitZusatz) || PlayerSuchen(Umgebung.Spieler, false);
+        GanzeListe = KenntNurDateien(Umgebung.Spieler.Werte);
+        // Where there is no command that clears the list, playing the first file takes its place.
+        if (Leeren && !AusDerTabelle && !Wahl->Profil.Zweitschnittstelle) Spielen = true;
     }
 
     Abspielergebnis Ausführen(bool Standardanwendung, std::string_view Programm) {
-        for (const Satznummer Nummer : Dateien) {
+        Ergebnis.Gelungen = true;
+        for (Stelle = 0; Stelle < Dateien.size(); ++Stelle) {
+            const Satznummer Nummer = Dateien[Stelle];
             const auto Antwort =
                 DateiNichtVerfügbarPrüfen(Umgebung.Index, Nummer, Umgebung.Medium, Umgebung.Datenträger,
                                           Umgebung.Spieler.Person, false);
             if (Antwort == Verfügbarkeit::Abbrechen) {
-                Gelungen = false;
+                Ergebnis.Gelungen = false;
                 break;
             }
             if (Antwort == Verfügbarkeit::Überspringen) continue;
             Standardanwendung ? AnAnwendung(Nummer, Programm) : NachDateityp(Nummer);
         }
         Abschließen();
-        return {Gelungen, Playlistdatei, Anzahl};
+        return std::move(Ergebnis);
     }
 
   private:
@@ -49,52 +63,56 @@ class Abspiellauf {
                                    std::string(Wie) + "...");
     }
 
-    void Vermerken(Satznummer Nummer) {
+    // Counts a play now. Where the watched player may turn out to be the one that plays it, the play is
+    // remembered, so that the recognition does not count it a second time.
+    void Vermerken(Satznummer Nummer, bool KannErkanntWerden) {
         if (Umgebung.Spieler.Werte.AbspielStatistikSpeichern != 1) return;
         AbspielenVermerken(Umgebung.Index, Nummer, DatumZeitText(Umgebung.Spieler.Zeit.Jetzt()));
+        if (KannErkanntWerden)
+            VorabVermerken(Umgebung.Erkennung.Vorab, Umgebung.Spieler.Werte,
+                           Umgebung.Index.Sätze.Pfad(Nummer));
     }
 
-    void Gestartet(const Programmlaufnummer& Start, std::string_view Pfad) {
+    // The window tells nobody of a failed start but the log; the command line prints what is kept here.
+    bool Gestartet(const Programmlaufnummer& Start, std::string_view Pfad) {
         if (Start) {
-            ++Anzahl;
-        } else if (Umgebung.Log.Aktiv()) {
+            ++Ergebnis.Anzahl;
+            return true;
+        }
+        if (Umgebung.Log.Aktiv())
             Umgebung.Log.Schreiben("AbspielenMediaPlayer: Fehler - '" + std::string(Pfad) +
                                    "': " + Start.Fehler);
-        }
+        Ergebnis.Gelungen = false;
+        Ergebnis.Fehler.push_back("Die Datei '" + std::string(Pfad) +
+                                  "' konnte nicht übergeben werden: " + Start.Fehler);
+        return false;
     }
 
     void AnAnwendung(Satznummer Nummer, std::string_view Programm) {
         const std::string Pfad = Umgebung.Index.Sätze.Pfad(Nummer);
         Melden(Pfad, "mit Standard-Anwendung aus (gewünscht)");
-        Gestartet(Programm.empty() ? Umgebung.Spieler.Programme.MitAnwendungÖffnen(Pfad)
-                                   : Umgebung.Spieler.Programme.Starten(Programm, {Pfad}),
-                  Pfad);
-        Vermerken(Nummer);
+        const bool Läuft = Gestartet(Programm.empty() ? Umgebung.Spieler.Programme.MitAnwendungÖffnen(Pfad)
+                                                      : Umgebung.Spieler.Programme.Starten(Programm, {Pfad}),
+                                     Pfad);
+        // Kept: what did not start counts as well. The association may lead to the watched player.
+        const bool VielleichtSpieler = Programm.empty() || Programm == Umgebung.Spieler.Werte.WinampPfad;
+        Vermerken(Nummer, Läuft && VielleichtSpieler);
     }
 
     void NachDateityp(Satznummer Nummer) {
         const std::string Pfad = Umgebung.Index.Sätze.Pfad(Nummer);
-        const auto& Typen = Umgebung.Index.Optionen.Dateitypen;
-        if (DateiTypErlaubt(Typen, Pfad, false, false, true, false)) {
+        if (GehörtDemSpieler(Umgebung.Index, Nummer)) {
             Melden(Pfad, "über Playlisten-Funktion aus");
             AnSpieler(Nummer);
-        } else if (DateiTypErlaubt(Typen, Pfad, false, true, false, false)) {
+        } else if (DateiTypErlaubt(Umgebung.Index.Optionen.Dateitypen, Pfad, false, true, false, false)) {
             Melden(Pfad, "mit internem Bild-Anzeiger aus");
-            BildAnzeigen(Umgebung, Pfad);
-            ++Anzahl;
+            const bool Gezeigt = BildAnzeigen(Umgebung, Pfad);
+            Ergebnis.Anzahl += Gezeigt ? 1 : 0;
+            Ergebnis.Gelungen = Ergebnis.Gelungen && Gezeigt;
         } else {
             Melden(Pfad, "mit Standard-Anwendung aus (lt. Einstellung)");
             Gestartet(Umgebung.Spieler.Programme.MitAnwendungÖffnen(Pfad), Pfad);
         }
-    }
-
-    // The recognition counts what a watched player plays; only what goes to others is counted here. A player
-    // without profile may turn out later to be one that can be watched; what was counted by then is
-    // remembered, so that nothing counts twice.
-    void FürSpielerVermerken(Satznummer Nummer) {
-        if (Beobachtet || Umgebung.Spieler.Werte.AbspielStatistikSpeichern != 1) return;
-        Vermerken(Nummer);
-        VorabVermerken(Umgebung.Erkennung.Vorab, Umgebung.Spieler.Werte, Umgebung.Index.Sätze.Pfad(Nummer));
     }
 
     void AnSpieler(Satznummer Nummer) {
@@ -104,36 +122,70 @@ class Abspiellauf {
             if (PlayerSuchen(Umgebung.Spieler, false))
                 PlayerBefehl(Umgebung.Spieler, SpielerListeLeeren, true);
         }
-        const bool ErsteDatei = !Anhängen && ÜberListe == 0;
+        const bool ErsteDatei = Spielen && Übergebene == 0 && Eingetragen.empty();
         if (!Liste.Offen && !PlaylisteBeginnen(Umgebung, Liste)) {
             Gescheitert = true;
-            Gelungen = false;
+            Ergebnis.Gelungen = false;
             return;
         }
-        if (!PlaylisteEintrag(Umgebung, Liste, Nummer)) return;
-        ++ÜberListe;
-        ++Anzahl;
+        if (!Eintragen(Nummer)) {
+            Ergebnis.Gelungen = false;
+            return;
+        }
         Eingetragen.push_back(Nummer);
-        if (ErsteDatei) ErsteSpielen();
+        // What is played now takes the place of the list before.
+        if (ErsteDatei) Umgebung.Erkennung.Vorab.Pfade.clear();
+        if (ErsteDatei && !GanzeListe) ErsteSpielen();
     }
 
-    // The first file starts at once; the others follow by "add".
+    // A track of a CD is no file for the players of this system: it has an address, or cannot be handed over.
+    bool Eintragen(Satznummer Nummer) {
+        const std::string Pfad = Umgebung.Index.Sätze.Pfad(Nummer);
+        if (AusDerTabelle || !EndetMitOhneGroß(Pfad, ".cda"))
+            return PlaylisteEintrag(Umgebung, Liste, Nummer);
+        const auto Titel = CDTitelnummer(Pfad);
+        if (Cdadresse.empty() || !Titel || !Pfad.starts_with("/dev/")) {
+            CdTitel.push_back(Pfad);
+            return false;
+        }
+        Liste.Inhalt += std::string(Cdadresse) + std::to_string(*Titel) + "\n";
+        ++Liste.Anzahl;
+        return true;
+    }
+
+    void CdTitelMelden() {
+        constexpr std::size_t GenanntHöchstens = 10;
+        if (CdTitel.empty()) return;
+        std::string Text = "Diese Titel einer Audio-CD können nicht an Ihren Audioplayer übergeben werden:";
+        for (std::size_t i = 0; i < std::min(CdTitel.size(), GenanntHöchstens); ++i)
+            Text += "\n" + CdTitel[i];
+        if (CdTitel.size() > GenanntHöchstens)
+            Text += "\n... und " + std::to_string(CdTitel.size() - GenanntHöchstens) + " weitere";
+        Umgebung.Spieler.Person.Melden(Symbol::Ausrufezeichen,
+                                       Text + "\n\nBitte öffnen Sie die CD im Audioplayer selbst.");
+    }
+
+    // The first file starts at once; the others follow by "add", and must not reach the player before it.
     void ErsteSpielen() {
-        const bool AusDerTabelle = Art != Spielerart::Andere;
-        Umgebung.Erkennung.Vorab.Pfade.clear();  // what is played now takes the place of the list before
-        if (!Übergeben(AusDerTabelle, AusDerTabelle || Dateien.size() > 1) || !AusDerTabelle) return;
+        const bool WeitereFolgt =
+            std::any_of(Dateien.begin() + static_cast<std::ptrdiff_t>(Stelle) + 1, Dateien.end(),
+                        [this](Satznummer Nummer) { return GehörtDemSpieler(Umgebung.Index, Nummer); });
+        if (!Übergeben(AusDerTabelle, AusDerTabelle || WeitereFolgt) || !AusDerTabelle) return;
         if (!PlayerSuchen(Umgebung.Spieler, false)) return;
         PlayerBefehl(Umgebung.Spieler, SpielerListenanfang, false);
         PlayerBefehl(Umgebung.Spieler, SpielerSpielen, false);
     }
 
     bool Übergeben(bool Hinzufügen, bool Warten) {
-        const bool Erreicht = PlaylisteÜbergeben(Umgebung, Liste, Hinzufügen, Warten, Playlistdatei);
-        if (!Erreicht) Gescheitert = true;
-        Gelungen = Gelungen && Erreicht;
+        const bool Erreicht = PlaylisteÜbergeben(Umgebung, Liste, Hinzufügen, Warten, Ergebnis);
+        Gescheitert = Gescheitert || !Erreicht;
+        Ergebnis.Gelungen = Ergebnis.Gelungen && Erreicht;
         if (Erreicht) {
-            for (const Satznummer Nummer : Eingetragen)
-                FürSpielerVermerken(Nummer);
+            Übergebene += static_cast<int>(Eingetragen.size());
+            // The recognition counts what a watched player plays; only what goes to others is counted here.
+            for (const Satznummer Nummer : Eingetragen) {
+                if (!Beobachtet) Vermerken(Nummer, true);
+            }
         }
         Eingetragen.clear();
         return Erreicht;
@@ -142,27 +194,33 @@ class Abspiellauf {
     void Abschließen() {
         if (Liste.Offen && Liste.Anzahl > 0) {
             Umgebung.Log.Schreiben("AbspielenMediaPlayer: Übergabe der Playliste an Anwendung...");
-            Übergeben(true, false);
+            // Unlike other players, one that knows no switches gets all in one list: a second one would
+            // take the place of the first.
+            Übergeben(!(GanzeListe && Spielen), false);
         }
-        if (ÜberListe > 0 && !Gescheitert && Umgebung.Spieler.Werte.AudioplayerNachrichtZeigen == 1 &&
+        Ergebnis.Anzahl += Übergebene;
+        CdTitelMelden();
+        if (Übergebene > 0 && !Gescheitert && Umgebung.Spieler.Werte.AudioplayerNachrichtZeigen == 1 &&
             Umgebung.NachrichtZeigen)
             Umgebung.NachrichtZeigen();
     }
 
     Abspielumgebung& Umgebung;
     const std::vector<Satznummer>& Dateien;
-    bool Anhängen;
+    std::size_t Stelle = 0;  // in Dateien
     bool Leeren;
-    Spielerart Art;
-    bool Beobachtet;
+    bool Spielen;                // not only appending
+    bool AusDerTabelle = false;  // "winamp.exe" or "studio.exe"
+    bool Beobachtet = false;     // the recognition counts
+    bool GanzeListe = false;
+    std::string_view Cdadresse;  // as in the profile
     Playliste Liste;
     std::vector<Satznummer> Eingetragen;  // in the open list
-    std::string Playlistdatei;
-    int ÜberListe = 0;  // files that went the way of the play list
-    int Anzahl = 0;
+    std::vector<std::string> CdTitel;     // that the player does not take
+    Abspielergebnis Ergebnis;
+    int Übergebene = 0;  // files that went the way of the play list
     bool Geleert = false;
     bool Gescheitert = false;  // no player: nothing more is tried in this call
-    bool Gelungen = true;
 };
 
 // Gives a started player the time to read its list: until the program that was started has done its errand,
@@ -174,7 +232,7 @@ void ÜbernahmeAbwarten(Abspielumgebung& Umgebung, const Programmlaufnummer& Sta
     while (Zeit.Millisekunden() - Beginn < Übernahmedauer && Umgebung.Spieler.Programme.Läuft(Start)) {
         if (Gesehen < 0 && PlayerSuchen(Umgebung.Spieler, false)) Gesehen = Zeit.Millisekunden();
         if (Gesehen >= 0 && Zeit.Millisekunden() - Gesehen >= Ladedauer) return;
-        Umgebung.Spieler.Person.EreignisseVerarbeiten();
+        Umgebung.Warteschritt ? Umgebung.Warteschritt() : Umgebung.Spieler.Person.EreignisseVerarbeiten();
         Zeit.Warten(Übernahmepause);
     }
 }
@@ -235,12 +293,13 @@ bool PlaylisteEintrag(Abspielumgebung& Umgebung, Playliste& Liste, Satznummer Nu
 }
 
 bool PlaylisteÜbergeben(Abspielumgebung& Umgebung, Playliste& Liste, bool Hinzufügen, bool Warten,
-                        std::string& Playlistdatei) {
+                        Abspielergebnis& Ergebnis) {
     const Spielersteuerung& Spieler = Umgebung.Spieler;
     const std::string& Pfad = Spieler.Werte.WinampPfad;
     const Playliste Fertige = std::exchange(Liste, {});
     AltePlaylistenLöschen(Umgebung.Ordner, Spieler.Zeit, Umgebung.Laufzeitordner);
-    Playlistdatei = PlaylistdateiWählen(Pfad, Umgebung.Laufzeitordner, Spieler.Zeit.Jetzt());
+    const std::string& Playlistdatei = Ergebnis.Playlistdatei =
+        PlaylistdateiWählen(Pfad, Umgebung.Laufzeitordner, Spieler.Zeit.Jetzt());
     if (const std::string Fehler = PlaylisteSchreiben(Playlistdatei, Fertige.Inhalt); !Fehler.empty()) {
         Spieler.Person.Melden(Symbol::Ausrufezeichen, "Die Playliste '" + Playlistdatei +
                                                           "' konnte nicht geschrieben werden.\n" + Fehler +
@@ -252,6 +311,8 @@ bool PlaylisteÜbergeben(Abspielumgebung& Umgebung, Playliste& Liste, bool Hinzu
     const Programmlaufnummer Start = Spieler.Programme.Starten(Pfad, Argumente);
     if (!Start) {
         Umgebung.Log.Schreiben("PlaylisteÜbergeben: Fehler - " + Start.Fehler);
+        Ergebnis.Fehler.push_back("Der Audioplayer '" + Pfad +
+                                  "' konnte nicht gestartet werden: " + Start.Fehler);
         return false;
     }
     if (Warten) ÜbernahmeAbwarten(Umgebung, Start);
@@ -261,20 +322,18 @@ bool PlaylisteÜbergeben(Abspielumgebung& Umgebung, Playliste& Liste, bool Hinzu
     return true;
 }
 
-void BildAnzeigen(const Abspielumgebung& Umgebung, std::string_view Pfad) {
+bool BildAnzeigen(const Abspielumgebung& Umgebung, std::string_view Pfad) {
     if (!DateiExistiert(Pfad)) {
         // Kept: the quotes stay empty.
         Umgebung.Spieler.Person.Melden(Symbol::Information, "Die Datei '' existiert nicht.");
-    } else if (Umgebung.BildAnzeigen) {
-        Umgebung.BildAnzeigen(Pfad);
+        return false;
     }
+    return Umgebung.BildAnzeigen && Umgebung.BildAnzeigen(Pfad);
 }
 
 bool BrauchtAudioplayer(const Katalog& Index, const std::vector<Satznummer>& Dateien) {
-    return std::any_of(Dateien.begin(), Dateien.end(), [&](Satznummer Nummer) {
-        return DateiTypErlaubt(Index.Optionen.Dateitypen, Index.Sätze.Pfad(Nummer), false, false, true,
-                               false);
-    });
+    return std::any_of(Dateien.begin(), Dateien.end(),
+                       [&](Satznummer Nummer) { return GehörtDemSpieler(Index, Nummer); });
 }
 
 bool AudioplayerStarten(Abspielumgebung& Umgebung) {

@@ -27,14 +27,21 @@ struct Abspielumgebung {
     Protokoll& Log;
     const Ordnerleser& Ordner;
     std::string Laufzeitordner;  // for play lists that cannot lie beside the player
-    std::function<void(std::string_view Pfad)> BildAnzeigen;  // frmBildAnzeige, modal; may be empty
-    std::function<void()> NachrichtZeigen;                    // the reminder form; may be empty
+    // frmBildAnzeige, modal; false when the picture could not be shown, and the person knows why. May be
+    // empty.
+    std::function<bool(std::string_view Pfad)> BildAnzeigen;
+    std::function<void()> NachrichtZeigen;  // the reminder form; may be empty
+    // One turn of the event loop while a player takes its list, the person's input included: a player that
+    // hangs must not hold up the window. Empty: the turn of Spieler.Person.
+    std::function<void()> Warteschritt{};
 };
 
 struct Abspielergebnis {
-    bool Gelungen = false;      // false: declined, stopped or no player
+    bool Gelungen = false;      // false: declined, stopped, no player, or a file that went nowhere
     std::string Playlistdatei;  // of the last hand-over
     int Anzahl = 0;             // files that were handed over, wherever to
+    // Programs that did not start, one German text each: what the person is not shown at once.
+    std::vector<std::string> Fehler;
 };
 
 // Plays the records in their order. Anhängen: add to the player's list without starting. Standardanwendung:
@@ -49,14 +56,15 @@ bool BrauchtAudioplayer(const Katalog& Index, const std::vector<Satznummer>& Dat
 
 // The steps of a play list. PlaylisteBeginnen: false, and the person knows why, without a player.
 // PlaylisteEintrag: false when the file is not at hand or its name cannot stand in a list. PlaylisteÜbergeben
-// writes the file and starts the player with it; Warten: until it has taken it, up to 5 seconds.
+// writes the file and starts the player with it; Warten: until it has taken it, up to 5 seconds. Ergebnis
+// gets the name of the file, and the reason when the player did not start.
 bool PlaylisteBeginnen(Abspielumgebung& Umgebung, Playliste& Liste);
 bool PlaylisteEintrag(Abspielumgebung& Umgebung, Playliste& Liste, Satznummer Nummer);
 bool PlaylisteÜbergeben(Abspielumgebung& Umgebung, Playliste& Liste, bool Hinzufügen, bool Warten,
-                        std::string& Playlistdatei);
+                        Abspielergebnis& Ergebnis);
 
-// Shows an existing picture; otherwise the message that it does not exist.
-void BildAnzeigen(const Abspielumgebung& Umgebung, std::string_view Pfad);
+// Shows an existing picture; otherwise the message that it does not exist. True when it was shown.
+bool BildAnzeigen(const Abspielumgebung& Umgebung, std::string_view Pfad);
 // cmdAudioplayerStarten.
 bool AudioplayerStarten(Abspielumgebung& Umgebung);
 // The message of frmAusführenMit for a path that cannot be run; empty when it can.

@@ -25,9 +25,10 @@ bool GehörtDemSystem(std::string_view Ordner) {
                                     MitTrenner(Ordner).starts_with("/bin/"));
 }
 
-// A test by writing: rights alone do not tell of a full or read-only file system.
+// A test by writing: rights alone do not tell of a full or read-only file system, and a list that is there
+// is replaced through a new file beside it, which the folder must take.
 bool OrdnerNimmtDatei(const std::string& Datei) {
-    if (DateiExistiert(Datei)) return DateiBeschreibbar(Datei);
+    if (DateiExistiert(Datei) && !DateiBeschreibbar(Datei)) return false;
     Dateiersatz Probe;
     return Probe.Öffnen(Datei, Datei + "~") == Dateiersatz::Öffnung::Bereit;
 }

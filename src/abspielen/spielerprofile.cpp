@@ -10,14 +10,20 @@ namespace {
 
 // Switches and names as the players of Debian 12 have them.
 constexpr std::array<Spielerprofil, 7> Profile = {{
-    {"Audacious", "audacious", "", "-e", "audacious", true},
+    {"Audacious", "audacious", "", "-e", "audacious", true, false, "cdda://?"},
     {"VLC", "vlc", "--one-instance", "--one-instance --playlist-enqueue", "vlc"},
     {"Strawberry", "strawberry", "--load --play", "--append", "strawberry"},
     {"Celluloid", "celluloid", "", "--enqueue", "io.github.celluloid_player.Celluloid"},
     {"Clementine", "clementine", "--load --play", "--append", "clementine"},
     {"SMPlayer", "smplayer", "", "-add-to-playlist", "smplayer"},
-    {"Qmmp", "qmmp", "", "-e", "qmmp"},
+    {"Qmmp", "qmmp", "", "-e", "qmmp", false, true},
 }};
+
+bool SchalterUngesetzt(const Einstellungen& Werte) {
+    const Einstellungen Vorgabe;
+    return Werte.WinampParameterAbspielen == Vorgabe.WinampParameterAbspielen &&
+           Werte.WinampParameterHinzufügen == Vorgabe.WinampParameterHinzufügen;
+}
 
 constexpr Spielerprofil Winampprofil{"Winamp", "winamp.exe", "", "/ADD", "Winamp v1.x"};
 constexpr Spielerprofil Studioprofil{"Studio", "studio.exe", "", "/ADD", "STUDIO"};
@@ -47,16 +53,15 @@ std::optional<Spielerwahl> SpielerVon(std::string_view WinampPfad) {
 }
 
 std::string SpielerSchalter(const Einstellungen& Werte, bool Hinzufügen) {
-    const Einstellungen Vorgabe;
-    const bool Ungesetzt = Werte.WinampParameterAbspielen == Vorgabe.WinampParameterAbspielen &&
-                           Werte.WinampParameterHinzufügen == Vorgabe.WinampParameterHinzufügen;
-    if (Ungesetzt) {
-        for (const Spielerprofil& Profil : Profile) {
-            if (Profil.Programm == DateinameVon(Werte.WinampPfad))
-                return std::string(Hinzufügen ? Profil.Hinzufügen : Profil.Abspielen);
-        }
-    }
+    // An unknown program has no switches in its profile: it would take "/ADD" for a file.
+    if (const auto Wahl = SpielerVon(Werte.WinampPfad); Wahl && SchalterUngesetzt(Werte))
+        return std::string(Hinzufügen ? Wahl->Profil.Hinzufügen : Wahl->Profil.Abspielen);
     return Hinzufügen ? Werte.WinampParameterHinzufügen : Werte.WinampParameterAbspielen;
+}
+
+bool KenntNurDateien(const Einstellungen& Werte) {
+    const auto Wahl = SpielerVon(Werte.WinampPfad);
+    return Wahl && !Wahl->HatProfil() && SchalterUngesetzt(Werte);
 }
 
 std::vector<InstallierterSpieler> InstallierteSpieler(const Programmstart& Programme) {

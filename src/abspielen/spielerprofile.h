@@ -34,9 +34,11 @@ struct Spielerwahl {
 };
 std::optional<Spielerwahl> SpielerVon(std::string_view WinampPfad);
 
-// Switches for a hand-over: those of the settings; a known player whose switches were never set (both stand
-// at their defaults, which no other player understands) gets its own.
+// Switches for a hand-over: those of the settings; while they were never set (both stand at their defaults,
+// which only the players of the window classes understand) a known player gets its own and any other none.
 std::string SpielerSchalter(const Einstellungen& Werte, bool Hinzufügen);
+// True for an unknown player whose switches were never set: there is no telling "play" from "add".
+bool KenntNurDateien(const Einstellungen& Werte);
 
 // Known players that are installed, with their full paths, in the order of the profiles.
 struct InstallierterSpieler {

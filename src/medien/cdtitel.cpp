@@ -1,7 +1,5 @@
 #include "medien/cdtitel.h"
 
-#include <optional>
-
 #include "basis/pfad.h"
 #include "basis/text.h"
 #include "basis/zahl.h"
@@ -10,19 +8,6 @@
 
 namespace liedwerk {
 namespace {
-
-// The digits of "Track01.cda"; nothing for a name of another form.
-std::optional<std::int32_t> TitelnummerAus(std::string_view Name) {
-    constexpr std::string_view Anfang = "Track";
-    constexpr std::size_t HöchsteStellen = 9;
-    if (!BeginntMitOhneGroß(Name, Anfang)) return std::nullopt;
-    const std::string_view Ziffern = DateiOhneEndung(Name).substr(Anfang.size());
-    if (Ziffern.empty() || Ziffern.size() > HöchsteStellen ||
-        Ziffern.find_first_not_of("0123456789") != std::string_view::npos) {
-        return std::nullopt;
-    }
-    return GanzzahlLesen<std::int32_t>(Ziffern);
-}
 
 void GenreSetzen(const CDDaten& Daten, Datensatz& Satz) {
     const bool Nummer = Daten.ID3Genre >= 0 && static_cast<std::size_t>(Daten.ID3Genre) < GenreListe.size();
@@ -46,13 +31,26 @@ void SamplerTeilen(Datensatz& Satz) {
 
 }  // namespace
 
+std::optional<std::int32_t> CDTitelnummer(std::string_view Pfad) {
+    const std::string_view Name = DateinameVon(Pfad);
+    constexpr std::string_view Anfang = "Track";
+    constexpr std::size_t HöchsteStellen = 9;
+    if (!BeginntMitOhneGroß(Name, Anfang)) return std::nullopt;
+    const std::string_view Ziffern = DateiOhneEndung(Name).substr(Anfang.size());
+    if (Ziffern.empty() || Ziffern.size() > HöchsteStellen ||
+        Ziffern.find_first_not_of("0123456789") != std::string_view::npos) {
+        return std::nullopt;
+    }
+    return GanzzahlLesen<std::int32_t>(Ziffern);
+}
+
 void CDInfosLesen(std::string_view Pfad, Datensatz& Satz, const CDDaten& Daten, bool VariousErsetzen,
                   Protokoll* Log) {
     const std::string Name(DateinameVon(Pfad));
     const auto Melden = [&](const std::string& Text) {
         if (Log != nullptr) Log->Schreiben("CDInfosLesen: " + Text);
     };
-    const auto Nummer = TitelnummerAus(Name);
+    const auto Nummer = CDTitelnummer(Pfad);
     if (!Nummer) return Melden("Dateiname '" + CDEinzeilig(Name) + "' ungültig");
     Satz.HatId3v1 = Satz.HatId3v2 = Satz.HatLyrics = TagFehlt;
     if (*Nummer < 1 || *Nummer > Daten.AnzahlTitel) {

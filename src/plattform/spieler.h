@@ -22,6 +22,10 @@ struct Spielerprofil {
     std::string_view Klasse;      // window class, or what follows "org.mpris.MediaPlayer2."
     // Has the interface org.atheme.audacious besides: balance, clearing, start of the list, preferences.
     bool Zweitschnittstelle = false;
+    // Speaks on the bus only when the person has switched its plug-in for that on.
+    bool NurMitZusatz = false;
+    // Tracks of the CD in the system's first drive, in front of the number; empty: the player takes none.
+    std::string_view Cdadresse{};
 };
 
 // The two kinds of messages, and the numbers that go with them.
@@ -78,6 +82,8 @@ class Spielerkanal {
     virtual Spielerlage Lage(Spielerfenster Fenster) const = 0;
     // True when Finden has had the time to look around; before that "not found" may be too early.
     virtual bool Umgesehen() const = 0;
+    // True when the player is there but does not answer; Finden then gives 0.
+    virtual bool Schweigt() const = 0;
     // Called in the owner's event loop whenever the player came, went or changed its state.
     std::function<void()> Geändert;
 };

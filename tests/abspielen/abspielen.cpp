@@ -56,10 +56,11 @@ TEST(Abspielen, SchalterKommenAusProfilBisSieGesetztSind) {
         bool Anhängen;
         Worte Schalter;
     };
-    for (const Fall& Einer : {Fall{"vlc", "", "/ADD", true, {"--one-instance", "--playlist-enqueue"}},
-                              Fall{"vlc", "", "/ADD", false, {"--one-instance"}},
-                              Fall{"vlc", "", "--eigen", true, {"--eigen"}}, Fall{"vlc", "", "", false, {}},
-                              Fall{"fremd", "", "/ADD", true, {"/ADD"}}, Fall{"fremd", "", "", true, {}}}) {
+    for (const Fall& Einer :
+         {Fall{"vlc", "", "/ADD", true, {"--one-instance", "--playlist-enqueue"}},
+          Fall{"vlc", "", "/ADD", false, {"--one-instance"}}, Fall{"vlc", "", "--eigen", true, {"--eigen"}},
+          Fall{"vlc", "", "", false, {}}, Fall{"fremd", "", "/ADD", true, {}},
+          Fall{"fremd", "-p", "/ADD", true, {"/ADD"}}, Fall{"fremd", "", "", true, {}}}) {
         Abspielwelt W;
         W.Werte.WinampPfad = W.Datei(Einer.Pfad);
         W.Werte.WinampParameterAbspielen = Einer.Abspielen;
@@ -74,9 +75,109 @@ TEST(Abspielen, SchalterKommenAusProfilBisSieGesetztSind) {
     }
 }
 
+TEST(Abspielen, UnbekannterSpielerOhneSchalterBekommtAllesInEinerListe) {
+    Abspielwelt W;
+    W.Werte.WinampPfad = W.Datei("fremd");
+    const std::string Eins = W.Datei("a.mp3"), Zwei = W.Datei("b.mp3");
+    W.Anhängen(Eins);
+    W.Anhängen(Zwei);
+    const auto Ergebnis = W.Abspielen({1, 2});
+    ASSERT_EQ(W.Programme.Starts.size(), 1u) << "a second list would take the place of the first";
+    EXPECT_EQ(W.Programme.Starts[0].Argumente, Worte{Ergebnis.Playlistdatei});
+    EXPECT_EQ(W.Programme.Starts[0].Playliste, "#EXTM3U\n" + Eins + "\n" + Zwei + "\n");
+    EXPECT_EQ(W.Person.Status.back(), "Dateien abgespielt mit 'fremd'");
+    EXPECT_EQ(Ergebnis.Anzahl, 2);
+}
+
+TEST(Abspielen, GezähltWirdGenauEinmalWerAuchSpielt) {
+    struct Fall {
+        std::string Spieler, Klasse;  // set, running
+        bool Standard;
+        std::string Programm;
+        std::int64_t Sofort, Erkannt;  // counts after the hand-over and after the recognition
+    };
+    for (const Fall& Einer : {
+             Fall{"audacious", "audacious", false, "", 0, 1},
+             Fall{"audacious", "audacious", true, "", 1, 1},  // the association leads to the watched player
+             Fall{"audacious", "audacious", true, "/bin/anderes", 1, 2},
+             Fall{"qmmp", "", false, "", 1, 1},  // without its plug-in nobody would ever count
+             Fall{"qmmp", "qmmp", false, "", 0, 1},
+         }) {
+        Abspielwelt W;
+        W.Werte.WinampPfad = W.Datei(Einer.Spieler);
+        W.Kanal.Klasse = Einer.Klasse;
+        const std::string Pfad = W.Datei("a.mp3");
+        W.Anhängen(Pfad);
+        W.Abspielen({1}, false, Einer.Standard, false, Einer.Programm);
+        EXPECT_EQ(W.Häufigkeit(1), Einer.Sofort) << Einer.Spieler << Einer.Programm;
+        const GespielterTitel Titel{"X - Y", {Pfad}};
+        for (const int Minute : {1, 2}) {
+            W.Zeit.Punkt.Minute = Minute;
+            TitelErkennen(W.Erkennung, W.Index, W.Werte, W.Person, Titel, W.Zeit.Jetzt());
+        }
+        EXPECT_EQ(W.Häufigkeit(1), Einer.Erkannt) << Einer.Spieler << Einer.Programm;
+    }
+}
+
+TEST(Abspielen, WasNichtStartetIstNichtÜbergeben) {
+    Abspielwelt W;
+    W.Werte.WinampPfad = W.Datei("spieler");
+    W.Programme.Scheitert = true;
+    W.Anhängen(W.Datei("a.txt"));
+    W.Anhängen(W.Datei("b.mp3"));
+    for (const bool Standard : {false, true}) {
+        const auto Ergebnis = W.Abspielen({1, 2}, false, Standard);
+        EXPECT_FALSE(Ergebnis.Gelungen);
+        EXPECT_EQ(Ergebnis.Anzahl, 0);
+        ASSERT_EQ(Ergebnis.Fehler.size(), 2u);
+        EXPECT_EQ(Ergebnis.Fehler[0],
+                  "Die Datei '" + W.Ordner + "/a.txt' konnte nicht übergeben werden: geht nicht");
+    }
+    EXPECT_TRUE(W.Person.Meldungen.empty());
+    EXPECT_EQ(W.Häufigkeit(2), 1) << "a hand-over to the association counts, one to the player does not";
+}
+
+TEST(Abspielen, GewartetWirdNurVorEinerWeiterenDateiFürDenSpieler) {
+    Abspielwelt W;
+    W.Werte.WinampPfad = W.Datei("vlc");
+    W.Programme.Laufend = true;
+    W.Anhängen(W.Datei("a.mp3"));
+    W.Anhängen(W.Datei("b.txt"));
+    W.Anhängen(W.Datei("c.mp3"));
+    int Schritte = 0;
+    Abspielumgebung Hier = W.Umgebung();
+    Hier.Warteschritt = [&] { ++Schritte; };
+    AbspielenMediaPlayer(Hier, {1, 2}, false, false, false, {});
+    EXPECT_EQ(Schritte, 0);
+    AbspielenMediaPlayer(Hier, {1, 2, 3}, false, false, false, {});
+    EXPECT_GT(Schritte, 0);
+    // A player that has no command to clear its list is told to play instead of to add.
+    W.Programme.Starts.clear();
+    W.Abspielen({1}, true, false, true);
+    EXPECT_EQ(W.Programme.Starts[0].Argumente.size(), 2u);
+}
+
+TEST(Abspielen, TitelEinerCdHabenEineAdresseOderEineMeldung) {
+    for (const bool Kann : {true, false}) {
+        Abspielwelt W;
+        W.Werte.WinampPfad = W.Datei(Kann ? "audacious" : "vlc");
+        W.Anhängen("/dev/sr0/Track03.cda");
+        W.Anhängen(W.Ordner + "/Album.cue/Track01.cda");
+        W.Anhängen(W.Datei("a.mp3"));
+        const auto Ergebnis = W.Abspielen({1, 2, 3}, true);
+        ASSERT_EQ(W.Programme.Starts.size(), 1u);
+        EXPECT_EQ(W.Programme.Starts[0].Playliste,
+                  "#EXTM3U\n" + std::string(Kann ? "cdda://?3\n" : "") + W.Ordner + "/a.mp3\n");
+        EXPECT_EQ(Ergebnis.Anzahl, Kann ? 2 : 1);
+        ASSERT_EQ(W.Person.Meldungen.size(), 1u) << "one for all of them";
+        EXPECT_NE(W.Person.Meldungen[0].find("Album.cue/Track01.cda"), std::string::npos);
+    }
+}
+
 TEST(Abspielen, JedeArtVonDateiGehtIhrenWegUndWasNichtGehtHältDieAnderenNichtAuf) {
     Abspielwelt W;
     W.Werte.WinampPfad = W.Datei("spieler");
+    W.Werte.WinampParameterAbspielen = "-p";
     const std::string Bild = W.Datei("b.jpg"), Text = W.Datei("c.txt");
     W.Anhängen("/zeile\numbruch.mp3");
     W.Anhängen(Bild);
@@ -147,6 +248,10 @@ TEST(Abspielen, PlaylistenOhnePlatzBeimSpielerSindEinzelnUndVergehen) {
     ASSERT_EQ(PlaylisteSchreiben(Erste, "x"), "");
     EXPECT_NE(Wählen(), Erste);
     W.Datei("lauf/fremd.m3u");
+    // A list beside the player does not help where its folder takes no new file.
+    W.Datei("voll/liedwerk.m3u");
+    std::filesystem::create_directory(W.Ordner + "/voll/liedwerk.m3u~");
+    EXPECT_TRUE(PlaylistdateiWählen(W.Ordner + "/voll/vlc", Lauf, W.Zeit.Jetzt()).starts_with(Lauf));
     W.Zeit.Punkt.Jahr = 2100;
     AltePlaylistenLöschen(W.Leser, W.Zeit, Lauf);
     EXPECT_FALSE(DateiExistiert(Erste));

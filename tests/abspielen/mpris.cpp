@@ -197,8 +197,20 @@ TEST_F(Mpris, KommenGehenLesenUndBefehle) {
     EXPECT_GT(Zweiter, Erster);
     Ändern(Spielend(u"Abend"_s, 0));
     EXPECT_TRUE(Warten([&] { return Kanal.Lage(Finden()).Durchgang > Zweiter; }));
+    // Without the name of a track the title can only be moved in.
+    QVariantMap Namenlos = Spielend(u"Nacht"_s, 100'000'000);
+    Namenlos[u"Metadata"_s] = QVariantMap{
+        {u"xesam:title"_s, u"Nacht"_s}, {u"mpris:trackid"_s, u"/org/mpris/MediaPlayer2/TrackList/NoTrack"_s}};
+    Ändern(Namenlos);
+    EXPECT_TRUE(Warten([&] { return Kanal.Lage(Finden()).Titel == "Nacht"; }));
+    Kanal.Senden(Finden(), NachrichtBenutzer, 10000, SpielerSpringen);
+    EXPECT_TRUE(Warten([&] {
+        const std::lock_guard Halten(Spieler->Riegel);
+        return Spieler->Rufe.back().startsWith(u"Seek -"_s);
+    }));
     Gehen();
     EXPECT_TRUE(Warten([&] { return Finden() == 0; }));
+    EXPECT_FALSE(Kanal.Schweigt());
     Kommen();
     EXPECT_TRUE(Warten([&] { return Finden() != 0; })) << "a player that comes back is found again";
 }
@@ -237,6 +249,7 @@ TEST_F(Mpris, SchweigenderSpielerHältNichtsAufUndKommtWieder) {
         Kanal.Senden(Finden(), NachrichtBenutzer, i, SpielerLautstärke);
     EXPECT_LE(Kanal.Lage(Finden()).Offen, 32) << "commands do not pile up";
     EXPECT_TRUE(Warten([&] { return Finden() == 0; }, 12000));
+    EXPECT_TRUE(Kanal.Schweigt());
     Spieler->Schweigt = false;
     EXPECT_TRUE(Warten([&] { return Finden() != 0; }, 15000));
 }

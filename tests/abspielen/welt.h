@@ -54,7 +54,10 @@ struct Abspielwelt {
                 Log,
                 Leser,
                 Ordner + "/lauf",
-                [this](std::string_view Pfad) { Bilder.emplace_back(Pfad); },
+                [this](std::string_view Pfad) {
+                    Bilder.emplace_back(Pfad);
+                    return true;
+                },
                 [this] { ++Nachrichten; }};
     }
     Abspielergebnis Abspielen(const std::vector<Satznummer>& Dateien, bool Anhängen = false,

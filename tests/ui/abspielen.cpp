@@ -112,10 +112,11 @@ TEST_F(AbspielenFenster, FeldZeigtUndSteuertDenSpieler) {
 TEST_F(AbspielenFenster, LangerTitelMachtDasFensterNichtBreiter) {
     Lauf Eins(Welt);
     const int Vorher = Eins.Fenster.minimumSizeHint().width();
-    Kanal.Stand.Titel = std::string(500, 'W');
+    Kanal.Stand.Titel = "<b>" + std::string(500, 'W');
     Laufen(1);
     EXPECT_EQ(Eins.Fenster.minimumSizeHint().width(), Vorher);
     EXPECT_LE(Vorher, 900);
+    EXPECT_TRUE(Teil<QLabel>(Eins.Fenster, u"lblTitel"_s).toolTip().contains(u"&lt;b&gt;WW"_s));
 }
 
 TEST_F(AbspielenFenster, GespielterTitelWirdErkanntGezeigtUndGezählt) {
@@ -273,6 +274,17 @@ TEST_F(AbspielenFenster, AutoDjZeigtFundeInIhrerFolgeUndMerktDieEingaben) {
             EXPECT_EQ(Genres.item(Zeile)->checkState(), Qt::Unchecked);
     });
     mnuAutoDJ.trigger();
+}
+
+TEST(Bildanzeige, GroßesBildWirdGezeigt) {
+    QTemporaryDir Ordner;
+    const QString Pfad = Ordner.filePath(u"gross.jpg"_s);
+    QImage Groß(6000, 6000, QImage::Format_RGB32);  // more than the 128 MiB that Qt reads unasked
+    Groß.fill(Qt::red);
+    ASSERT_TRUE(Groß.save(Pfad));
+    frmBildAnzeige Eine(Pfad.toStdString(), nullptr);
+    Eine.show();
+    EXPECT_FALSE(Teil<QLabel>(Eine, u"imgViewer"_s).pixmap().isNull());
 }
 
 TEST(Bildanzeige, KaputtesBildSagtEsStattLeerZuBleiben) {

@@ -21,6 +21,8 @@ constexpr auto Eigenschaften = "org.freedesktop.DBus.Properties";
 constexpr auto Zweitdienst = "org.atheme.audacious";
 constexpr auto Zweitobjekt = "/org/atheme/audacious";
 
+constexpr auto KeinTitel = "/org/mpris/MediaPlayer2/TrackList/NoTrack";
+
 constexpr int Geduld = 1000;         // milliseconds for an answer
 constexpr int Positionstakt = 1000;  // milliseconds between two looks while a title plays
 constexpr int Ruhetakt = 10000;      // the same while the player does not answer
@@ -148,6 +150,10 @@ void Mprisarbeiter::Umsehen(const QString& Bevorzugt) {
 void Mprisarbeiter::Aufnehmen(const QString& Name) {
     Verlieren();
     Dienst = Name;
+    {
+        const std::lock_guard Halten(Bild->Riegel);
+        Bild->Angemeldet = true;
+    }
     auto Wer = QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/"_s, u"org.freedesktop.DBus"_s,
                                               u"GetNameOwner"_s);
     Wer << Name;
@@ -202,6 +208,7 @@ void Mprisarbeiter::Verlieren() {
     Sammelzeit->stop();
     {
         const std::lock_guard Halten(Bild->Riegel);
+        Bild->Angemeldet = false;
         Bild->Fenster = 0;
         Bild->Zustand = 0;
         Bild->Position = Bild->Länge = -1;
@@ -350,7 +357,9 @@ void Mprisarbeiter::Springen(std::int64_t Millisekunden) {
     }
     if (!Kann) return Erledigt();
     // Some players give the track's name as a text; it is an object path all the same.
-    if (const QDBusObjectPath Kennung(Titel.Kennung); Titel.Kennung.startsWith(u'/')) {
+    // Where it names none, or is no path that the bus would carry, the title can only be moved in.
+    const auto Kennung = Titel.Kennung.startsWith(u'/') ? QDBusObjectPath(Titel.Kennung) : QDBusObjectPath();
+    if (!Kennung.path().isEmpty() && Kennung.path() != QLatin1String(KeinTitel)) {
         auto Setzen = Frage(Player, "SetPosition");
         Setzen << QVariant::fromValue(Kennung) << static_cast<qlonglong>(Millisekunden * 1000);
         return Befehl(Setzen);

@@ -22,6 +22,7 @@ struct Mprisbild {
     mutable std::mutex Riegel;
     std::string Klasse;  // what is watched
     bool Umgesehen = false;
+    bool Angemeldet = false;     // its name is on the bus
     Spielerfenster Fenster = 0;  // another number for each appearance; 0: nobody there
     Spielerfenster Erscheinungen = 0;
     int Zustand = 0;             // as the message for it answers: 1, 3 or 0

@@ -87,4 +87,9 @@ bool Mprisspieler::Umgesehen() const {
     return Bild->Umgesehen;
 }
 
+bool Mprisspieler::Schweigt() const {
+    const std::lock_guard Halten(Bild->Riegel);
+    return Bild->Umgesehen && Bild->Angemeldet && Bild->Fenster == 0;
+}
+
 }  // namespace liedwerk

@@ -27,6 +27,7 @@ class Mprisspieler final : public Spielerkanal {
     std::int64_t Senden(Spielerfenster Fenster, int Nachricht, int wParam, int lParam) override;
     Spielerlage Lage(Spielerfenster Fenster) const override;
     bool Umgesehen() const override;
+    bool Schweigt() const override;
 
   private:
     std::shared_ptr<Mprisbild> Bild;

@@ -21,6 +21,7 @@ class Spieler final : public Spielerkanal {
     Spielerlage Stand;
     std::vector<std::array<int, 3>> Gesendet;  // message, wParam, lParam of the commands
     std::vector<std::string> Gesucht;
+    bool Stumm = false;
 
     Spielerfenster Finden(const Spielerprofil& Profil) override {
         Gesucht.emplace_back(Profil.Klasse);
@@ -35,6 +36,7 @@ class Spieler final : public Spielerkanal {
     }
     Spielerlage Lage(Spielerfenster) const override { return Stand; }
     bool Umgesehen() const override { return true; }
+    bool Schweigt() const override { return Stumm; }
 };
 
 class Programme final : public Programmstart {
@@ -62,6 +64,7 @@ class Programme final : public Programmstart {
     bool Läuft(const Programmlaufnummer&) const override { return Laufend; }
     Programmlaufnummer MitAnwendungÖffnen(std::string_view Pfad) override {
         Geöffnet.emplace_back(Pfad);
+        if (Scheitert) return {0, "geht nicht"};
         return {1};
     }
     std::string Finden(std::string_view Name) const override {

@@ -5,6 +5,7 @@
 #include <QImageReader>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "basis/datei.h"
 #include "ui/qt/qttext.h"
@@ -16,6 +17,17 @@ namespace {
 
 constexpr std::uint64_t GrößteDatei = 256ULL * 1024 * 1024;  // bytes
 constexpr int GrößteKante = 8000;                            // pixels; larger pictures are read smaller
+
+// Lets a picture of the largest edges be read, with 16 bits for each of its colours: the limit is one for
+// the whole program, and small beside today's cameras.
+struct Bildgrenze {
+    Bildgrenze() { QImageReader::setAllocationLimit(std::max(Vorher, GrößtesBild)); }
+    Bildgrenze(const Bildgrenze&) = delete;
+    Bildgrenze& operator=(const Bildgrenze&) = delete;
+    ~Bildgrenze() { QImageReader::setAllocationLimit(Vorher); }
+    static constexpr int GrößtesBild = static_cast<int>(8LL * GrößteKante * GrößteKante / (1024 * 1024)) + 1;
+    const int Vorher = QImageReader::allocationLimit();  // MiB
+};
 
 QString Fehlertext(QImageReader::ImageReaderError Fehler) {
     switch (Fehler) {
@@ -39,6 +51,7 @@ QPixmap BildLesen(std::string_view Pfad, QString& Fehler) {
     }
     QByteArray Bytes = QByteArray::fromRawData(Inhalt->data(), static_cast<qsizetype>(Inhalt->size()));
     QBuffer Quelle(&Bytes);
+    const Bildgrenze Grenze;
     QImageReader Leser(&Quelle);
     Leser.setAutoTransform(true);
     const QSize Größe = Leser.size();

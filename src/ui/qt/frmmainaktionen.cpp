@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QTimer>
 
 #include "basis/pfad.h"
 #include "basis/text.h"
@@ -25,6 +26,7 @@ namespace {
 constexpr int SpeicherTakt = 60000;             // milliseconds between two looks at the periodic saving
 constexpr std::size_t HöchstensZiehen = 10000;  // files in one drag; more would block the pointer
 constexpr int Neuespaltenbreite = 1800;         // twips, for a column that has no default width
+constexpr int Ablagepause = 250;                // milliseconds before dropped files are offered again
 
 }  // namespace
 
@@ -223,7 +225,12 @@ void frmMain::PfadeAblegen(std::vector<std::string> Pfade) {
     QMetaObject::invokeMethod(
         this,
         [this, Pfade = std::move(Pfade)] {
-            if (Bereit()) DragDropVerarbeiten(*Programm, Pfade);
+            if (Bereit()) {
+                DragDropVerarbeiten(*Programm, Pfade);
+            } else {
+                // What is dropped during a run waits for its end.
+                QTimer::singleShot(Ablagepause, this, [this, Pfade] { PfadeAblegen(Pfade); });
+            }
         },
         Qt::QueuedConnection);
 }

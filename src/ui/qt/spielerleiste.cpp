@@ -228,7 +228,8 @@ void Spielerleiste::PlatzFestlegen() {
 
 void Spielerleiste::TitelKürzen() {
     lblTitel->setText(lblTitel->fontMetrics().elidedText(Titel, Qt::ElideRight, lblTitel->width()));
-    lblTitel->setToolTip(lblTitel->text() == Titel ? QString() : Titel);
+    lblTitel->setToolTip(lblTitel->text() == Titel ? QString()
+                                                   : u"<qt>"_s + Titel.toHtmlEscaped() + u"</qt>"_s);
 }
 
 void Spielerleiste::resizeEvent(QResizeEvent* Ereignis) {

@@ -55,9 +55,10 @@ QWidget* Besitzer(QWidget& Fenster) {
     return Form != nullptr ? Form : &Fenster;
 }
 
-// Date and count of playing may stand in the list.
-void ListeAuffrischen(QWidget& Fenster) {
+// Date and count of playing may stand in the list, and stand in the description.
+void ListeAuffrischen(QWidget& Fenster, Hauptfenster& Teile) {
     if (auto* const Songs = Fenster.findChild<QAbstractItemView*>(u"lstSongs"_s)) Songs->viewport()->update();
+    Teile.AuswahlZeigen();
 }
 
 }  // namespace
@@ -136,7 +137,7 @@ int Wiedergabeaktionen::TaktAusführen() {
     if (Programm.LaufAktiv || Programm.Startet) return Spieltakt;
     const bool Vorher = Lauf.Erkennung.TitelVerarbeitet;
     const Spielerstand Stand = SpielerTakt(Lauf);
-    if (!Vorher && Lauf.Erkennung.TitelErkannt) ListeAuffrischen(Fenster);
+    if (!Vorher && Lauf.Erkennung.TitelErkannt) ListeAuffrischen(Fenster, Programm.Dienst.Fenster);
     const bool Erkannt = Programm.Werte.AbspielStatistikSpeichern == 1 && Lauf.Erkennung.TitelErkannt;
     fraPlayer.Zeigen(Stand, Erkannt, Programm.Werte.AudioPlayerBlinken == 1);
     fraPlayer.setVisible(!(Stand.Gefunden && Stand.Zustand == PlayerZustand::Stopped &&
@@ -150,7 +151,10 @@ Abspielumgebung Wiedergabeaktionen::UmgebungMitFormen() {
     Umgebung.BildAnzeigen = [this](std::string_view Pfad) {
         const Formpause Pause(Programm.LaufAktiv);
         frmBildAnzeige(Pfad, Besitzer(Fenster)).exec();
+        return true;  // the form itself says what is wrong with a picture
     };
+    // The actions are barred while the run goes on; the rest of the window can be used.
+    Umgebung.Warteschritt = [] { QCoreApplication::processEvents(); };
     Umgebung.NachrichtZeigen = [this] {
         frmAudioplayerNachricht Form(QtText(DateinameVon(Programm.Werte.WinampPfad)), Besitzer(Fenster));
         const Formpause Pause(Programm.LaufAktiv);
@@ -163,16 +167,16 @@ Abspielumgebung Wiedergabeaktionen::UmgebungMitFormen() {
 void Wiedergabeaktionen::Abspielen(const std::vector<Satznummer>& Dateien, bool Anhängen,
                                    bool Standardanwendung, bool PlaylisteLeeren, std::string_view Befehl) {
     if (Dateien.empty()) return;
-    // Pictures need no player.
-    if (!Standardanwendung && BrauchtAudioplayer(Programm.Index, Dateien)) SpielerVorschlagen(Programm);
     const std::vector<Satznummer> Feste = Dateien;  // the selection may change while events are looked at
+    // Pictures need no player.
+    if (!Standardanwendung && BrauchtAudioplayer(Programm.Index, Feste)) SpielerVorschlagen(Programm);
     {
         const Laufsperre Sperre(Programm);
         const Sanduhr Zeiger;
         Abspielumgebung Umgebung = UmgebungMitFormen();
         AbspielenMediaPlayer(Umgebung, Feste, Anhängen, Standardanwendung, PlaylisteLeeren, Befehl);
     }
-    ListeAuffrischen(Fenster);
+    ListeAuffrischen(Fenster, Programm.Dienst.Fenster);
     BaldTakten();
 }
 
@@ -204,11 +208,11 @@ bool Wiedergabeaktionen::lstSongs_DblClick(Satznummer Nummer) {
 }
 
 void Wiedergabeaktionen::mnuAusführenMit_Click() {
-    frmAusführenMit Form(Programm.Ansicht.Auswahl.size(), Programm.Werte.AusführenPfad,
-                         Programm.Dienst.Person, &Fenster);
+    const std::vector<Satznummer> Dateien = Programm.Ansicht.Auswahl;
+    frmAusführenMit Form(Dateien.size(), Programm.Werte.AusführenPfad, Programm.Dienst.Person, &Fenster);
     if (Form.exec() != QDialog::Accepted) return;
     Programm.Werte.AusführenPfad = Form.Programm();
-    Abspielen(Programm.Ansicht.Auswahl, false, true, false, Form.Programm());
+    Abspielen(Dateien, false, true, false, Form.Programm());
 }
 
 void Wiedergabeaktionen::mnuAudioplayerStarten_Click() {

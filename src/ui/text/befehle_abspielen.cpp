@@ -129,9 +129,12 @@ Ausgang AbspielenAusführen(const Globaloptionen& Global, const Befehlseingabe& 
         if (!Start)
             Fehlermelden("Das Bild '" + std::string(Pfad) +
                          "' konnte nicht geöffnet werden: " + Start.Fehler);
+        return static_cast<bool>(Start);
     };
     const Abspielergebnis Ergebnis = AbspielenMediaPlayer(Umgebung, *Nummern, Eingabe.Hat("--anhaengen"),
                                                           Eingabe.Hat("--standard"), false, {});
+    for (const std::string& Fehler : Ergebnis.Fehler)
+        Fehlermelden(Fehler);
     const bool Gesichert = ÄnderungSichern(Lauf.Programm());
     if (Lauf.Json()) {
         Lauf.Dokument().ObjektAnfang();
@@ -163,7 +166,11 @@ Ausgang SpielerAusführen(const Globaloptionen& Global, const Befehlseingabe& Ei
     if (Steuerung.Werte.WinampPfad.empty())
         return Gescheitert("Es ist kein Audioplayer eingestellt (Einstellung WinampPfad).");
     Abwarten(Zeit, Suchzeit, [&] { return PlayerSuchen(Steuerung, false) || Steuerung.Kanal.Umgesehen(); });
-    if (!PlayerSuchen(Steuerung, false)) return Gescheitert("Der Audioplayer läuft nicht.");
+    if (!PlayerSuchen(Steuerung, false))
+        return Gescheitert(Steuerung.Kanal.Schweigt()
+                               ? "Der Audioplayer läuft, antwortet aber nicht.\nBitte versuchen Sie es noch "
+                                 "einmal oder starten Sie ihn neu."
+                               : "Der Audioplayer läuft nicht.");
     if (const std::string Meldung = BefehlPrüfen(*Befehl, *Wert, SpielerAblesen(Steuerung)); !Meldung.empty())
         return Gescheitert(Meldung);
     BefehlSenden(Steuerung, *Befehl, *Wert);
@@ -254,7 +261,7 @@ Ausgang AutoDjAusführen(const Globaloptionen& Global, const Befehlseingabe& Ein
     } else if (!Nummern.empty()) {
         NummernZeigen(Lauf, Nummern);
     }
-    return Lauf.Abschließen();
+    return Lauf.Abschließen(!Nummern.empty());
 }
 
 }  // namespace liedwerk
