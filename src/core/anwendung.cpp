@@ -107,9 +107,11 @@ Medienumgebung MedienumgebungVon(Anwendung& Programm) {
     return Umgebung;
 }
 
-MedienLeser MedienleserVon(Anwendung& Programm) {
-    return [Umgebung = MedienumgebungVon(Programm)](std::string_view Pfad, const Datensatz& Vorgabe,
-                                                    const Leseauftrag& Auftrag) {
+MedienLeser MedienleserVon(Anwendung& Programm, std::function<bool()> Weiter) {
+    Medienumgebung Medien = MedienumgebungVon(Programm);
+    Medien.Weiter = std::move(Weiter);
+    return [Umgebung = std::move(Medien)](std::string_view Pfad, const Datensatz& Vorgabe,
+                                          const Leseauftrag& Auftrag) {
         return MedienDatenLesen(Umgebung, Pfad, Vorgabe, Auftrag);
     };
 }

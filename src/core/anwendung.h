@@ -131,7 +131,8 @@ class Laufsperre {
 // The surroundings that the folders below core ask for, made from the parts of a run. They refer to Programm,
 // which must outlive them; the reader may be called from several threads.
 Medienumgebung MedienumgebungVon(Anwendung& Programm);
-MedienLeser MedienleserVon(Anwendung& Programm);
+// Weiter is asked during long questions to the system; false ends them.
+MedienLeser MedienleserVon(Anwendung& Programm, std::function<bool()> Weiter = {});
 Mediumumgebung MediumumgebungVon(Anwendung& Programm);
 // Needs the port to the CDs.
 CDUmgebung CDUmgebungVon(Anwendung& Programm);

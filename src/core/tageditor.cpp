@@ -4,6 +4,7 @@
 #include <atomic>
 #include <chrono>
 #include <future>
+#include <memory>
 #include <utility>
 
 #include "basis/datei.h"
@@ -37,11 +38,15 @@ void ImHintergrund(Oberfläche& Person, std::string_view Titel, const Dateischri
 Tagumgebung UmgebungVon(Anwendung& Programm) {
     Tagumgebung Umgebung = TagumgebungVon(Programm);
     Oberfläche& Person = Programm.Dienst.Person;
-    Umgebung.Leser = [Lesen = std::move(Umgebung.Leser), &Person](
+    // What the reader asks is the cancel of the reading that is under way.
+    const auto Weiter = std::make_shared<Kopierfortschritt>();
+    Umgebung.Leser = [Weiter, &Person, Lesen = MedienleserVon(Programm, [Weiter] { return (*Weiter)(0); })](
                          std::string_view Pfad, const Datensatz& Vorgabe, const Leseauftrag& Auftrag) {
         Datensatz Satz;
-        ImHintergrund(Person, "Datei wird gelesen",
-                      [&](const Kopierfortschritt&) { Satz = Lesen(Pfad, Vorgabe, Auftrag); });
+        ImHintergrund(Person, "Datei wird gelesen", [&](const Kopierfortschritt& Fortschritt) {
+            *Weiter = Fortschritt;
+            Satz = Lesen(Pfad, Vorgabe, Auftrag);
+        });
         return Satz;
     };
     Umgebung.Ausführen = [&Person](const Dateischritt& Schritt) {

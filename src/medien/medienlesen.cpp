@@ -88,10 +88,10 @@ void MpegDateiLesen(const Medienumgebung& Umgebung, std::string_view Pfad, const
 }
 
 // MediaPlayerLesen: what the player control tells of a file. MitTexten takes title, artist and comment too.
-void MediaPlayerLesen(const Medienauskunft* Auskunft, std::string_view Pfad, bool MitTexten,
+void MediaPlayerLesen(const Medienumgebung& Umgebung, std::string_view Pfad, bool MitTexten,
                       Datensatz& Satz) {
-    if (Auskunft == nullptr) return;
-    auto Angaben = Auskunft->Lesen(Pfad);
+    if (Umgebung.Auskunft == nullptr) return;
+    auto Angaben = Umgebung.Auskunft->Lesen(Pfad, Umgebung.Weiter);
     if (!Angaben) return;
     Satz.Dauer = Gerundet<std::int32_t>(Angaben->Dauer).value_or(Satz.Dauer);
     if (!MitTexten) return;
@@ -103,14 +103,14 @@ void MediaPlayerLesen(const Medienauskunft* Auskunft, std::string_view Pfad, boo
 
 void WindowsMediaLesen(const Medienumgebung& Umgebung, std::string_view Pfad, Datensatz& Satz) {
     Satz.HatId3v1 = Satz.HatId3v2 = Satz.HatLyrics = TagFehlt;
-    if (DateiExistiert(Pfad)) MediaPlayerLesen(Umgebung.Auskunft, Pfad, true, Satz);
+    if (DateiExistiert(Pfad)) MediaPlayerLesen(Umgebung, Pfad, true, Satz);
 }
 
 void WaveDateiLesen(const Medienumgebung& Umgebung, std::string_view Pfad, const Lesedatei& Datei,
                     Datensatz& Satz) {
     bool UnbekannteAngaben = false;
     WavHeaderLesen(Datei.Lesen(0, WaveKopfLänge), Datei.Größe(), Satz, UnbekannteAngaben);
-    if (UnbekannteAngaben) MediaPlayerLesen(Umgebung.Auskunft, Pfad, false, Satz);
+    if (UnbekannteAngaben) MediaPlayerLesen(Umgebung, Pfad, false, Satz);
 }
 
 // Reads what the code asks for; gives the state of the file where it was opened.

@@ -28,6 +28,8 @@ struct Medienumgebung {
     bool TAGsModern = false;  // reads ID3v2 as other programs do (medien/id3v2modern.h)
     const Uhr* Zeit = nullptr;
     const Medienauskunft* Auskunft = nullptr;  // may be missing: such files then have no duration
+    // Asked while Auskunft is at work; false gives it up. Missing: it has its full time.
+    std::function<bool()> Weiter;
     Protokoll* Log = nullptr;
     // The medium text of the drive that holds a path (WechselmediumLesen); missing: the field stays.
     std::function<std::string(std::string_view Pfad)> Wechselmedium;

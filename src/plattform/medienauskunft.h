@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,9 +20,10 @@ struct Medienangaben {
 class Medienauskunft {
   public:
     virtual ~Medienauskunft() = default;
-    // What the player control tells of the file; nothing when it cannot open it within 10 seconds. May be
-    // called from several threads.
-    virtual std::optional<Medienangaben> Lesen(std::string_view Pfad) const = 0;
+    // What the player control tells of the file; nothing when it cannot open it within 10 seconds, or once
+    // Weiter, asked several times a second when given, says false. May be called from several threads.
+    virtual std::optional<Medienangaben> Lesen(std::string_view Pfad,
+                                               const std::function<bool()>& Weiter) const = 0;
 };
 
 }  // namespace liedwerk

@@ -18,7 +18,9 @@ using Verteiler = Medien;
 
 struct Spieler final : Medienauskunft {
     std::optional<Medienangaben> Angaben = Medienangaben{12.5, "T", "I", "K"};
-    std::optional<Medienangaben> Lesen(std::string_view) const override { return Angaben; }
+    std::optional<Medienangaben> Lesen(std::string_view, const std::function<bool()>&) const override {
+        return Angaben;
+    }
 };
 
 TEST_F(Wave, DieFormatlängeGiltAlsBittiefe) {

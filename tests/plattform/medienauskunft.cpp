@@ -56,16 +56,16 @@ TEST(Medienauskunft, WindowsMediaGibtDauerUndTexte) {
     const auto Auskunft = SystemauskunftÖffnen();
     const std::string Datei = AsfDatei("Größe", "日本", "k");
     for (const char* Name : {"a.wma", "b.WMF"}) {
-        const auto Angaben = Auskunft->Lesen(Ordner.Datei(Name, Datei));
+        const auto Angaben = Auskunft->Lesen(Ordner.Datei(Name, Datei), {});
         ASSERT_TRUE(Angaben);
         EXPECT_DOUBLE_EQ(Angaben->Dauer, 61.5);
         EXPECT_EQ(Angaben->Titel, "Größe");
         EXPECT_EQ(Angaben->Interpret, "日本");
         EXPECT_EQ(Angaben->Kommentar, "k");
     }
-    EXPECT_FALSE(Auskunft->Lesen(Ordner.In("fehlt.wma")));
-    EXPECT_FALSE(Auskunft->Lesen(Ordner.Datei("leer.wma", "")));
-    EXPECT_FALSE(Auskunft->Lesen(Ordner.Datei("text.wma", "kein Ton")));
+    EXPECT_FALSE(Auskunft->Lesen(Ordner.In("fehlt.wma"), {}));
+    EXPECT_FALSE(Auskunft->Lesen(Ordner.Datei("leer.wma", ""), {}));
+    EXPECT_FALSE(Auskunft->Lesen(Ordner.Datei("text.wma", "kein Ton"), {}));
 }
 
 TEST(Medienauskunft, BeschädigteDateienHaltenNichtAuf) {
@@ -77,7 +77,7 @@ TEST(Medienauskunft, BeschädigteDateienHaltenNichtAuf) {
         std::string Datei = AsfDatei("t", "i", "k") + std::string(5000, '\0');
         for (int Schaden = 0; Schaden < 4; ++Schaden)
             Datei[Zufall() % 250] = static_cast<char>(Zufall() % 3 == 0 ? 0xFF : Zufall());
-        Auskunft->Lesen(Ordner.Datei("a.wma", Datei));
+        Auskunft->Lesen(Ordner.Datei("a.wma", Datei), {});
     }
     EXPECT_LT(std::chrono::steady_clock::now() - Anfang, 60s);
 }
@@ -103,6 +103,9 @@ TEST(Medienauskunft, WerNichtAntwortetHältDasFensterNichtAn) {
     EXPECT_EQ(Angaben->Dauer, 5);
     EXPECT_GT(Schläge, 3);
     EXPECT_FALSE(Zweite);  // started from within the wait
+    const auto Abbruch = std::chrono::steady_clock::now() + 60ms;
+    EXPECT_FALSE(InFristLesen(Träge, 5s, [&] { return std::chrono::steady_clock::now() < Abbruch; }));
+    EXPECT_LT(std::chrono::steady_clock::now(), Abbruch + 300ms);
     // More than may hang at once: those are refused and start nothing.
     std::promise<void> Antwort;
     std::atomic<int> Begonnen = 0;

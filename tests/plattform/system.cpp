@@ -118,7 +118,7 @@ TEST(Medienauskunft, MillionenLeererAbschnitteFressenKeinenSpeicher) {
         return Verbrauch.ru_maxrss;  // KiB
     };
     const auto Vorher = Höchststand();
-    SystemauskunftÖffnen()->Lesen(Pfad);
+    SystemauskunftÖffnen()->Lesen(Pfad, {});
     // Far below the file's million parts, with room for what a sanitizer puts around each allocation.
     EXPECT_LT(Höchststand() - Vorher, 160 << 10);
 }

@@ -115,12 +115,14 @@ TaglibAuskunft::TaglibAuskunft() {
     TagLib::setDebugListener(&Hörer);
 }
 
-std::optional<Medienangaben> TaglibAuskunft::Lesen(std::string_view Pfad) const {
-    return InFristLesen([Pfad = std::string(Pfad)] { return DateiBefragen(Pfad); }, Frist);
+std::optional<Medienangaben> TaglibAuskunft::Lesen(std::string_view Pfad,
+                                                   const std::function<bool()>& Weiter) const {
+    return InFristLesen([Pfad = std::string(Pfad)] { return DateiBefragen(Pfad); }, Frist, Weiter);
 }
 
 std::optional<Medienangaben> InFristLesen(std::function<std::optional<Medienangaben>()> Arbeit,
-                                          std::chrono::milliseconds Frist) {
+                                          std::chrono::milliseconds Frist,
+                                          const std::function<bool()>& Weiter) {
     using namespace std::chrono_literals;
     // Threads that never came back. A drive that does not answer must not collect more of them.
     static std::atomic<int> Überfällig = 0;
@@ -140,8 +142,9 @@ std::optional<Medienangaben> InFristLesen(std::function<std::optional<Medienanga
     }).detach();
 
     const auto Ende = std::chrono::steady_clock::now() + Frist;
-    while (Ergebnis.wait_for(ImFenster ? 20ms : Frist) != std::future_status::ready) {
-        if (std::chrono::steady_clock::now() >= Ende) {
+    const std::chrono::milliseconds Takt = ImFenster || Weiter ? 20ms : Frist;
+    while (Ergebnis.wait_for(Takt) != std::future_status::ready) {
+        if (std::chrono::steady_clock::now() >= Ende || (Weiter && !Weiter())) {
             ++Überfällig;
             if (Stand->exchange(Aufgegeben) == Fertig) --Überfällig;
             return std::nullopt;
