@@ -18,9 +18,9 @@ class TaglibAuskunft final : public Medienauskunft {
                                        const std::function<bool()>& Weiter) const override;
 };
 
-// What Arbeit gives, or nothing when that takes longer than Frist or Weiter says false: it goes on in a thread
-// of its own then, so it must own what it uses. The application's thread lets the event loop run while it waits, but keeps input
-// back for later; a second call from an event meanwhile gives nothing.
+// What Arbeit gives, or nothing when that takes longer than Frist or Weiter says false: it goes on in a
+// thread of its own then, so it must own what it uses. The application's thread lets the event loop run while
+// it waits, but keeps input back for later; a second call from an event meanwhile gives nothing.
 std::optional<Medienangaben> InFristLesen(std::function<std::optional<Medienangaben>()> Arbeit,
                                           std::chrono::milliseconds Frist,
                                           const std::function<bool()>& Weiter = {});
