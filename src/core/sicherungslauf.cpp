@@ -34,15 +34,20 @@ std::string NameFürErsetzte(const Anwendung& Programm, const std::string& Ziel)
     return Name;
 }
 
-void ScheiternMelden(Anwendung& Programm, const std::string& Anfang, const Dateifehler& Fehler) {
+void ScheiternMelden(Anwendung& Programm, const std::string& Anfang, const Dateifehler& Fehler,
+                     bool Gespeichert) {
     Programm.Dienst.Person.Melden(
         Symbol::Ausrufezeichen,
         Anfang + "\n" + Fehler.Text + "\n\n" + std::string(ZugriffsHinweis) +
-            "\n\nAn Ihrer Indexdatei und ihren Sicherungskopien wurde nichts geändert.");
+            (Gespeichert ? "\n\nIhre Änderungen wurden in der Indexdatei gespeichert, sonst wurde an ihr und "
+                           "ihren Sicherungskopien nichts geändert."
+                         : "\n\nAn Ihrer Indexdatei und ihren Sicherungskopien wurde nichts geändert."));
 }
 
-// What the index holds and its file does not goes into the file first, when the person wants that.
-bool ÄnderungenVersorgen(Anwendung& Programm) {
+// What the index holds and its file does not goes into the file first, when the person wants that. No backups
+// are kept on this way: the chosen one may be among those that are old enough to be deleted.
+// Gespeichert tells whether the file has changed by it.
+bool ÄnderungenVersorgen(Anwendung& Programm, bool& Gespeichert) {
     SpaltenInIndex(Programm);
     switch (SpeicherfrageStellen(Programm)) {
         case Speicherwunsch::Abbrechen:
@@ -52,7 +57,7 @@ bool ÄnderungenVersorgen(Anwendung& Programm) {
         case Speicherwunsch::Speichern:
             break;
     }
-    return IndexSpeichern(Programm);
+    return Gespeichert = IndexSpeichern(Programm, false);
 }
 
 bool Gefragt(Anwendung& Programm, const Sicherungskopie& Kopie) {
@@ -123,6 +128,8 @@ std::int64_t DatensätzeZählen(const std::string& Pfad, const std::function<boo
 }
 
 bool SicherungskopieWiederherstellen(Anwendung& Programm, const Sicherungskopie& Kopie) {
+    // The periodic save would tidy the backups away while the questions stand.
+    const Laufsperre Sperre(Programm);
     const std::string Ziel = Programm.Index.IndexDateiname;
     if (!IstIndexdatei(Kopie.Pfad)) {
         Programm.Dienst.Person.Melden(Symbol::Ausrufezeichen,
@@ -131,14 +138,15 @@ bool SicherungskopieWiederherstellen(Anwendung& Programm, const Sicherungskopie&
                                           "Bitte wählen Sie eine andere.");
         return false;
     }
-    if (!Gefragt(Programm, Kopie) || !ÄnderungenVersorgen(Programm)) return false;
+    bool Gespeichert = false;
+    if (!Gefragt(Programm, Kopie) || !ÄnderungenVersorgen(Programm, Gespeichert)) return false;
     const bool Vorhanden = DateiExistiert(Ziel);
     const std::string Ersetzte = NameFürErsetzte(Programm, Ziel);
     if (Vorhanden) {
         if (const Dateifehler Fehler = DateiKopieren(Ziel, Ersetzte, Vorhandenes::Lassen)) {
             ScheiternMelden(Programm,
                             "Die jetzige Indexdatei konnte nicht als '" + Ersetzte + "' aufgehoben werden.",
-                            Fehler);
+                            Fehler, Gespeichert);
             return false;
         }
     }
@@ -147,7 +155,7 @@ bool SicherungskopieWiederherstellen(Anwendung& Programm, const Sicherungskopie&
         if (Vorhanden) DateiLöschen(Ersetzte);
         ScheiternMelden(
             Programm, "Die Indexdatei '" + Ziel + "' konnte nicht durch die Sicherungskopie ersetzt werden.",
-            Fehler);
+            Fehler, Gespeichert);
         return false;
     }
     if (StandardDateiLaden(Programm, ModusNichtsGeladen, false)) {

@@ -55,11 +55,12 @@ void SpaltenInIndex(Anwendung& Programm) {
     Programm.Index.IndexGeändert = true;
 }
 
-bool IndexSpeichern(Anwendung& Programm) {
+bool IndexSpeichern(Anwendung& Programm, bool MitSicherungskopien) {
     const Laufsperre Sperre(Programm);
-    const auto Ergebnis =
-        DateiSpeichern(Programm.Index, Programm.Werte, IndexumgebungVon(Programm),
-                       Programm.Index.IndexDateiname, FortschrittBeimSpeichern(Programm.Werte));
+    Einstellungen Werte = Programm.Werte;
+    if (!MitSicherungskopien) Werte.BackupsSpeichern = 0;
+    const auto Ergebnis = DateiSpeichern(Programm.Index, Werte, IndexumgebungVon(Programm),
+                                         Programm.Index.IndexDateiname, FortschrittBeimSpeichern(Werte));
     if (Ergebnis != Speicherergebnis::Gespeichert) return false;
     Programm.Dienst.Person.StatusZeigen("Die Indexdatei wurde gespeichert");
     return true;

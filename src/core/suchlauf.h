@@ -16,6 +16,7 @@ void SpaltenAusIndex(Anwendung& Programm);
 // The window's columns into the layout string; marks the index as changed when they differ.
 void SpaltenInIndex(Anwendung& Programm);
 // Saves the index as the person asks for it; status text on success. False when it was not saved.
-bool IndexSpeichern(Anwendung& Programm);
+// MitSicherungskopien false makes no backup and deletes none, whatever BackupsSpeichern says.
+bool IndexSpeichern(Anwendung& Programm, bool MitSicherungskopien = true);
 
 }  // namespace liedwerk

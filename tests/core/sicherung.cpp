@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <set>
 
+#include "core/beenden.h"
 #include "core/indexstatistik.h"
 #include "core/laden.h"
 #include "core/sicherungslauf.h"
@@ -93,6 +94,36 @@ TEST_F(Sicherungstest, UngespeichertesGehtErstInDieDateiDieAufgehobenWird) {
     Person.Antworten = {Antwort::Ja, Antwort::Ja};
     ASSERT_TRUE(SicherungskopieWiederherstellen(*P, Einzige()));
     EXPECT_EQ(DatensätzeZählen(Standard() + " - Ersetzt am 21.11.2026 12-00-00.bak", {}), 3);
+}
+
+TEST_F(Sicherungstest, KeinSpeichernAufDemWegLöschtDieGewählteKopie) {
+    const Sicherungskopie Gewählt = Einzige();
+    Uhrzeit.Punkt.Jahr = 2050;
+    P->Werte.BackupsSpeichern = 1;
+    P->Werte.DateiAutomatischSpeichern = 1;
+    P->Werte.RegelmäßigSpeichernAlle = 1;
+    SatzAnhängen(P->Index, "/m/drei.mp3", {});
+    P->Index.IndexGeändert = true;
+    Person.BeimFragen = [&] { RegelmäßigSpeichern(*P); };
+    Person.Antworten = {Antwort::Ja};
+    ASSERT_TRUE(SicherungskopieWiederherstellen(*P, Gewählt));
+    EXPECT_EQ(P->Index.IndexAnzahl(), 1);
+    EXPECT_TRUE(DateiExistiert(Kopie()));
+    EXPECT_EQ(DatensätzeZählen(Standard() + " - Ersetzt am 21.11.2050 12-00-00.bak", {}), 3);
+    EXPECT_EQ(SicherungskopienAuflisten(*P)->size(), 2U);
+
+    // Somebody else takes the backup away while the question stands: what was saved is told as such.
+    SatzAnhängen(P->Index, "/m/vier.mp3", {});
+    P->Index.IndexGeändert = true;
+    Person.BeimFragen = [&] { std::filesystem::remove(Kopie()); };
+    Person.Antworten = {Antwort::Ja};
+    Person.Meldungen.clear();
+    EXPECT_FALSE(SicherungskopieWiederherstellen(*P, Gewählt));
+    ASSERT_EQ(Person.Meldungen.size(), 1U);
+    EXPECT_NE(Person.Meldungen[0].find("Ihre Änderungen wurden in der Indexdatei gespeichert"),
+              std::string::npos);
+    EXPECT_EQ(DatensätzeZählen(Standard(), {}), 2);
+    EXPECT_FALSE(P->LaufAktiv);
 }
 
 TEST_F(Sicherungstest, FehlschlägeLassenAllesWieEsWar) {

@@ -23,6 +23,8 @@ class Person final : public Oberfläche {
     std::int64_t AbbruchBei = 0;
     // Runs at every turn of the event loop.
     std::function<void()> Zwischendurch;
+    // Runs while a question stands.
+    std::function<void()> BeimFragen;
 
     std::vector<std::string> Meldungen;
     std::vector<std::string> Gefragt;
@@ -34,6 +36,7 @@ class Person final : public Oberfläche {
     void Melden(Symbol, std::string_view Text) override { Meldungen.emplace_back(Text); }
     Antwort Fragen(Symbol, std::string_view Text, Knöpfe, Antwort Vorgabe) override {
         Gefragt.emplace_back(Text);
+        if (BeimFragen) BeimFragen();
         if (Antworten.empty()) return Vorgabe;
         const Antwort Nächste = Antworten.front();
         Antworten.pop_front();
