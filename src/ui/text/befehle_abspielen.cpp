@@ -3,7 +3,6 @@
 #include <array>
 
 #include "basis/zahl.h"
-#include "core/suchlauf.h"
 #include "core/wiedergabelauf.h"
 #include "suche/feldwert.h"
 #include "ui/text/befehle.h"
@@ -41,11 +40,6 @@ void NummernZeigen(Programmlauf& Lauf, const std::vector<Satznummer>& Nummern) {
         Zeilen.Zeile({std::to_string(Nummer), std::to_string(Sätze.Zahl(Nummer, FeldAbspielHäufigkeit)),
                       Sätze.Text(Nummer, FeldAbspielDatum), Sätze.Pfad(Nummer)});
     Zeilen.Fertig();
-}
-
-// Saves what a command has changed; true when nothing was to be saved, too.
-bool ÄnderungSichern(Anwendung& Programm) {
-    return !Programm.Index.IndexGeändert || IndexSpeichern(Programm);
 }
 
 // A command of the remote control: its name, and the number that goes to the player.
@@ -135,7 +129,7 @@ Ausgang AbspielenAusführen(const Globaloptionen& Global, const Befehlseingabe& 
                                                           Eingabe.Hat("--standard"), false, {});
     for (const std::string& Fehler : Ergebnis.Fehler)
         Fehlermelden(Fehler);
-    const bool Gesichert = ÄnderungSichern(Lauf.Programm());
+    const bool Gesichert = Lauf.GeändertesSpeichern();
     if (Lauf.Json()) {
         Lauf.Dokument().ObjektAnfang();
         Lauf.Dokument().Text("Playlistdatei", Ergebnis.Playlistdatei);
@@ -216,7 +210,7 @@ Ausgang TitelErkennenAusführen(const Globaloptionen& Global, const Befehlseinga
     while (Erkennung.Suche);
     const auto Nummern =
         Erkennung.TitelErkannt ? SätzeZumTitel(Programm.Index, Gespielt.Titel) : std::vector<Satznummer>();
-    const bool Gesichert = ÄnderungSichern(Programm);
+    const bool Gesichert = Lauf.GeändertesSpeichern();
     if (Lauf.Json()) {
         Lauf.Dokument().ObjektAnfang();
         Lauf.Dokument().Zahl("Anzahl", static_cast<std::int64_t>(Nummern.size()));

@@ -5,6 +5,7 @@
 #include "core/suchlauf.h"
 #include "core/synchronisierlauf.h"
 #include "medien/infotext.h"
+#include "plattform/endesignal.h"
 #include "ui/text/befehle.h"
 #include "ui/text/lauf.h"
 #include "ui/text/satz.h"
@@ -59,6 +60,7 @@ Ausgang DateiInfoAusführen(const Globaloptionen& Global, const Befehlseingabe& 
     bool Gelungen = true;
     if (Lauf.Json()) Lauf.Dokument().ListeAnfang();
     for (const auto& Pfad : EingabePfade(Eingabe.Argumente)) {
+        if (EndeVerlangt()) break;
         Gelungen = DateiPrüfen(Pfad) && Gelungen;
         const Datensatz Satz = Leser(Pfad, {}, Auftrag);
         if (Lauf.Json()) {
@@ -81,6 +83,7 @@ Ausgang DateiInfoTextAusführen(const Globaloptionen& Global, const Befehlseinga
     JsonSchreiber& Ziel = Lauf.Dokument();
     if (Lauf.Json()) Ziel.ListeAnfang();
     for (const auto& Pfad : EingabePfade(Eingabe.Argumente)) {
+        if (EndeVerlangt()) break;
         const bool Vorhanden = DateiPrüfen(Pfad);
         Gelungen = Vorhanden && Gelungen;
         const auto Texte = DateiinformationBilden(Pfad, Leser(Pfad, {}, Auftrag), Vorhanden);

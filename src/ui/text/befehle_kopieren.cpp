@@ -5,6 +5,7 @@
 #include "basis/pfad.h"
 #include "core/dateilauf.h"
 #include "core/umbenennlauf.h"
+#include "plattform/endesignal.h"
 #include "ui/text/befehle.h"
 #include "ui/text/lauf.h"
 
@@ -127,6 +128,7 @@ Ausgang UmbenennenAusführen(const Globaloptionen& Global, const Befehlseingabe&
     bool Gelungen = true;
     if (Lauf.Json()) Lauf.Dokument().ListeAnfang();
     for (const auto& Pfad : EingabePfade(Eingabe.Argumente)) {
+        if (EndeVerlangt()) break;
         const Umbenennzeile Zeile = Namen.Umbenennen(Pfad, Eingabe.Hat("--probe"));
         Gelungen = Zeile.Ergebnis && Gelungen;
         ZeileSchreiben(Lauf, Zeile);

@@ -4,6 +4,7 @@
 
 #include "basis/datei.h"
 #include "medien/tagfunktionslauf.h"
+#include "plattform/endesignal.h"
 #include "ui/text/befehle.h"
 #include "ui/text/lauf.h"
 #include "ui/text/satz.h"
@@ -77,6 +78,7 @@ Ausgang AutoTagZeigen(Programmlauf& Lauf, const std::string& Format, AutoTagZiel
     bool Gelungen = true;
     if (Lauf.Json()) Lauf.Dokument().ListeAnfang();
     for (const Funktionsdatei& Datei : DateienLesen(Lauf, Argumente, 0, Gelungen)) {
+        if (EndeVerlangt()) break;
         const Datensatz Satz = TagarbeitBeginnen(Umgebung, Datei.Pfad, Datei.Nummer).Satz;
         Datensatz Ergebnis = Satz;
         const std::string Meldung = AutoTagAusführen({Programm.Index, Programm.Werte, Programm.Tagtexte},

@@ -11,6 +11,7 @@
 #include "index/genres.h"
 #include "medien/id3v1.h"
 #include "medien/tagspeichern.h"
+#include "plattform/endesignal.h"
 #include "ui/text/befehle.h"
 #include "ui/text/lauf.h"
 #include "ui/text/satz.h"
@@ -173,6 +174,7 @@ Ausgang TagEntfernenAusführen(const Globaloptionen& Global, const Befehlseingab
     bool Gelungen = true;
     if (Lauf.Json()) Ziel.ListeAnfang();
     for (const auto& Pfad : EingabePfade(Eingabe.Argumente)) {
+        if (EndeVerlangt()) break;
         const std::string Meldung = TagsEntfernen(Umgebung, Pfad, Lauf.SatzFinden(Pfad), Blöcke);
         Gelungen = Gelungen && Meldung.empty();
         if (Lauf.Json()) {

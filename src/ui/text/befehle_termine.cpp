@@ -83,7 +83,7 @@ Ausgang TerminePrüfenAusführen(const Globaloptionen& Global, const Befehlseing
     Anwendung& Programm = Lauf.Programm();
     TerminePrüfenEinrichten(Programm);
     const std::vector<Terminmeldung> Gezeigte = Programm.TerminePrüfen();
-    if (Programm.Index.IndexGeändert && !IndexSpeichern(Programm)) return Ausgang::Fehlgeschlagen;
+    if (!Lauf.GeändertesSpeichern()) return Ausgang::Fehlgeschlagen;
     if (Lauf.Json()) {
         Lauf.Dokument().ListeAnfang();
         for (const Terminmeldung& Eine : Gezeigte) {

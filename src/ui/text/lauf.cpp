@@ -16,6 +16,7 @@
 #include "core/suchlauf.h"
 #include "index/speichersperre.h"
 #include "medien/tagrettung.h"
+#include "plattform/endesignal.h"
 #include "plattform/linux/ordner.h"
 #include "plattform/linux/orte.h"
 #include "plattform/linux/terminal.h"
@@ -88,6 +89,7 @@ struct Programmlauf::Welt {
 
 Programmlauf::Programmlauf(const Globaloptionen& Global)
     : Optionen(Global), Alles(std::make_unique<Welt>(Global)) {
+    EndesignaleMerken();
     Anwendung& P = Alles->Programm;
     if (!OrdnerExistiert(P.Dienst.Programmordner)) {
         if (const auto Fehler = OrdnerAnlegen(P.Dienst.Programmordner)) {
@@ -165,7 +167,11 @@ bool Programmlauf::IndexLadenFallsDa() {
 }
 
 bool Programmlauf::GeändertesSpeichern() {
-    if (!Programm().Index.IndexGeändert || IndexSpeichern(Programm())) return true;
+    if (!Programm().Index.IndexGeändert) return true;
+    Alles->Person.AbbruchErlauben(false);
+    const bool Gespeichert = IndexSpeichern(Programm());
+    Alles->Person.AbbruchErlauben(true);
+    if (Gespeichert) return true;
     Fehlermelden("Die Indexdatei '" + Indexname() + "' wurde nicht gespeichert.");
     return false;
 }

@@ -37,7 +37,8 @@ class Programmlauf {
     // For commands on media files, which need no index: loads it when it was named or is there; else the file
     // types of a new index count. False when loading failed, which has been shown.
     bool IndexLadenFallsDa();
-    // Saves a changed index. False, with a message, when that failed.
+    // Saves a changed index, also behind a run that a signal has cut short: the files are where that run left
+    // them. False, with a message, when it failed.
     bool GeändertesSpeichern();
     // The record of a file; 0 when the index does not hold it.
     Satznummer SatzFinden(std::string_view Pfad);

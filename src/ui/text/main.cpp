@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/anwendung.h"
+#include "plattform/endesignal.h"
 #include "ui/text/aufruf.h"
 #include "ui/text/befehle.h"
 #include "ui/text/lauf.h"
@@ -46,7 +47,11 @@ int main(int Anzahl, char** Argumente) {
     using namespace liedwerk;
     try {
         const std::vector<std::string> Eingaben(Argumente + (Anzahl > 0 ? 1 : 0), Argumente + Anzahl);
-        return static_cast<int>(Ausführen(AufrufLesen(Eingaben)));
+        const Ausgang Ergebnis = Ausführen(AufrufLesen(Eingaben));
+        if (!EndeVerlangt()) return static_cast<int>(Ergebnis);
+        return static_cast<int>(
+            Gescheitert("Der Befehl wurde durch ein Signal unterbrochen und ist vielleicht nicht vollständig "
+                        "ausgeführt. Rufen Sie ihn bei Bedarf noch einmal auf."));
     } catch (const std::exception& Fehler) {
         return static_cast<int>(
             Gescheitert("Der Befehl wurde wegen eines Fehlers abgebrochen: " + std::string(Fehler.what())));

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "basis/text.h"
+#include "plattform/endesignal.h"
 #include "termine/termine.h"
 #include "ui/text/ausgabe.h"
 
@@ -29,6 +30,10 @@ Textoberfläche::~Textoberfläche() {
     ZeileLöschen();
 }
 
+bool Textoberfläche::Abbruch() const {
+    return AbbruchErlaubt && EndeVerlangt();
+}
+
 void Textoberfläche::ZeileLöschen() {
     if (!ZeileSteht) return;
     std::fprintf(stderr, "\r%*s\r", static_cast<int>(Zeilenbreite), "");
@@ -42,6 +47,10 @@ void Textoberfläche::Melden(Symbol, std::string_view Text) {
 
 Antwort Textoberfläche::Fragen(Symbol, std::string_view Text, Knöpfe, Antwort) {
     ZeileLöschen();
+    if (Abbruch()) {
+        Fehlerzeile(std::string(Text) + "\n-> Abgebrochen");
+        return Antwort::Abbrechen;
+    }
     Fehlerzeile(std::string(Text) + (AllesJa ? "\n-> Ja" : "\n-> Nein (mit --ja wird jede Frage bejaht)"));
     return AllesJa ? Antwort::Ja : Antwort::Nein;
 }
@@ -53,6 +62,7 @@ void Textoberfläche::StatusZeigen(std::string_view Text, int) {
 }
 
 Verfügbarkeitsantwort Textoberfläche::DateiNichtVerfügbarZeigen(const Verfügbarkeitsfrage& Frage) {
+    if (Abbruch()) return Verfügbarkeitsantwort::Abbrechen;
     std::string Aktuell;
     if (Frage.Nachsehen && Frage.Nachsehen(Aktuell)) return Verfügbarkeitsantwort::Verfügbar;
     ZeileLöschen();
@@ -79,6 +89,8 @@ void Textoberfläche::FortschrittStarten(std::string_view Titel, bool MitProzent
 }
 
 bool Textoberfläche::FortschrittZeigen(std::string_view Text, std::int64_t Position) {
+    // Also where nothing is shown: work without a display of its own can be cut short as well.
+    if (Abbruch()) return false;
     if (!Zeigen || !Offen) return true;
     if (!Text.empty()) LetzterText = Text;
     if (Position >= 0) LetztePosition = Position;

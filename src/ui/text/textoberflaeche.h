@@ -12,7 +12,8 @@ namespace liedwerk {
 
 class Textoberfläche final : public Oberfläche {
   public:
-    // Ja answers every question. MitFortschritt shows progress and status lines, overwritten in place.
+    // Ja answers every question; once a signal has asked for the end, every answer is to cancel.
+    // MitFortschritt shows progress and status lines, overwritten in place.
     Textoberfläche(const Uhr& Zeit, bool Ja, bool MitFortschritt);
     ~Textoberfläche() override;
     Textoberfläche(const Textoberfläche&) = delete;
@@ -29,13 +30,18 @@ class Textoberfläche final : public Oberfläche {
     void FortschrittSchließen() override;
     bool FortschrittOffen() const override { return Offen; }
     void EreignisseVerarbeiten() override {}
+    // While false, a signal cancels nothing: what an interrupted run has done is still to be saved.
+    void AbbruchErlauben(bool Erlaubt) { AbbruchErlaubt = Erlaubt; }
 
   private:
+    // A signal has asked for the end of the run.
+    bool Abbruch() const;
     void ZeileLöschen();
 
     const Uhr& Zeit;
     const bool AllesJa;
     const bool Zeigen;
+    bool AbbruchErlaubt = true;
     bool Offen = false;
     bool Prozent = false;
     bool ZeileSteht = false;
