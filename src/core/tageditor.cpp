@@ -161,7 +161,7 @@ std::array<bool, 3> GeänderteBlöcke(const TagEditor& Editor) {
             Geändert(Editor, Tagblock::Lyrics)};
 }
 
-bool EingabenSpeichern(TagEditor& Editor, Anwendung& Programm, Tagauswahl Welche, bool NurMitInhalt) {
+Tagsergebnis EingabenSpeichern(TagEditor& Editor, Anwendung& Programm, Tagauswahl Welche, bool NurMitInhalt) {
     const Laufsperre Sperre(Programm);
     const Datensatz Eingabe = Editor.Arbeit.Satz;
     const Datensatz Vorher = std::exchange(Editor.Gelesen, {});
@@ -176,14 +176,15 @@ bool EingabenSpeichern(TagEditor& Editor, Anwendung& Programm, Tagauswahl Welche
         BlockÜbernehmen(Editor.Arbeit.Satz, Eingabe, Block);
     }
     ListeNachführen(Programm);
-    return !Ergebnis.Gescheitert;
+    return Ergebnis;
 }
 
 bool DateiVerlassen(TagEditor& Editor, Anwendung& Programm, bool MitAutomatik) {
     for (const Tagblock Block : Tagblöcke) {
         // Going through files must not rewrite those that nobody touched.
-        if (MitAutomatik && AutomatikVon(Programm.Werte, Block) == 1 && Geändert(Editor, Block))
-            EingabenSpeichern(Editor, Programm, AuswahlVon(Block), true);
+        if (MitAutomatik && AutomatikVon(Programm.Werte, Block) == 1 && Geändert(Editor, Block) &&
+            EingabenSpeichern(Editor, Programm, AuswahlVon(Block), true).Abgebrochen)
+            return false;
     }
     const auto Offen = GeänderteBlöcke(Editor);
     if (std::none_of(Offen.begin(), Offen.end(), std::identity{})) return true;
@@ -196,8 +197,10 @@ bool DateiVerlassen(TagEditor& Editor, Anwendung& Programm, bool MitAutomatik) {
     }
     bool Gelungen = true;
     for (const Tagblock Block : Tagblöcke) {
-        if (Geändert(Editor, Block))
-            Gelungen = EingabenSpeichern(Editor, Programm, AuswahlVon(Block), false) && Gelungen;
+        if (!Geändert(Editor, Block)) continue;
+        const Tagsergebnis Ergebnis = EingabenSpeichern(Editor, Programm, AuswahlVon(Block), false);
+        if (Ergebnis.Abgebrochen) return false;
+        Gelungen = Gelungen && !Ergebnis.Gescheitert;
     }
     return Gelungen;
 }

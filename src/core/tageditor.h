@@ -46,9 +46,8 @@ void DateiInfoAnzeigen(TagEditor& Editor, Anwendung& Programm);
 // The blocks whose entries differ from what the file holds.
 std::array<bool, 3> GeänderteBlöcke(const TagEditor& Editor);
 
-// TagsSpeichern for the current file. What could not be saved stays in the work record. False when anything
-// that was to be written was not.
-bool EingabenSpeichern(TagEditor& Editor, Anwendung& Programm, Tagauswahl Welche, bool NurMitInhalt);
+// TagsSpeichern for the current file. What could not be saved stays in the work record.
+Tagsergebnis EingabenSpeichern(TagEditor& Editor, Anwendung& Programm, Tagauswahl Welche, bool NurMitInhalt);
 // Ahead of another file and of OK: saves the blocks whose automatic saving is on. About other entries that
 // are not in the file the person is asked. False: the person stays with the file.
 bool DateiVerlassen(TagEditor& Editor, Anwendung& Programm, bool MitAutomatik);

@@ -73,7 +73,9 @@ void Lauf::Melden(const Tagarbeit& Arbeit, const std::string& Meldung) {
 }
 
 void Lauf::Speichern(Tagarbeit& Arbeit, Tagauswahl Welche, bool NurMitInhalt) {
-    if (TagsSpeichern(Welt, Arbeit, Welche, NurMitInhalt).Gescheitert) DateiGescheitert = true;
+    const Tagsergebnis Gespeichert = TagsSpeichern(Welt, Arbeit, Welche, NurMitInhalt);
+    if (Gespeichert.Gescheitert) DateiGescheitert = true;
+    if (Gespeichert.Abgebrochen) Ergebnis.Abgebrochen = true;
 }
 
 void Lauf::AutoTag(Tagarbeit& Arbeit, AutoTagZiel Ziel) {
@@ -82,10 +84,11 @@ void Lauf::AutoTag(Tagarbeit& Arbeit, AutoTagZiel Ziel) {
 }
 
 void Lauf::Entfernen(Tagarbeit& Arbeit, Tagblock Block, bool Still) {
-    std::string Meldung;
-    if (TagEntfernen(Welt, Arbeit, Block, Still, &Meldung)) return;
+    const Entfernergebnis Ausgang = TagEntfernen(Welt, Arbeit, Block, Still);
+    if (Ausgang) return;
     DateiGescheitert = true;
-    if (Still) NichtEntfernt.push_back(Meldung);
+    if (Ausgang.Abgebrochen) Ergebnis.Abgebrochen = true;
+    if (Still) NichtEntfernt.push_back(Ausgang.Meldung);
 }
 
 void Lauf::TagsEntfernen(Tagarbeit& Arbeit) {
@@ -93,6 +96,7 @@ void Lauf::TagsEntfernen(Tagarbeit& Arbeit) {
     std::vector<Tagblock> Blöcke = Id3Blöcke(Auftrag.Auswahl);
     if (Auftrag.Auswahl.Lyrics) Blöcke.push_back(Tagblock::Lyrics);
     for (const Tagblock Block : Blöcke) {
+        if (Ergebnis.Abgebrochen) return;
         // Among many files those without the tag are no failure.
         const std::array<std::uint8_t, 3> Zustände = {Arbeit.Satz.HatId3v1, Arbeit.Satz.HatId3v2,
                                                       Arbeit.Satz.HatLyrics};
@@ -104,6 +108,7 @@ void Lauf::TagsEntfernen(Tagarbeit& Arbeit) {
 void Lauf::Aufräumen(Tagarbeit& Arbeit) {
     for (const Tagblock Block : AlleBlöcke) {
         if (TagIstNichtssagend(Arbeit.Satz, Block)) Entfernen(Arbeit, Block, true);
+        if (Ergebnis.Abgebrochen) return;
     }
     const Datensatz Vorher = Arbeit.Satz;
     if (TagBrauchtAutoTag(Arbeit.Satz, Tagblock::Id3v1)) AutoTag(Arbeit, AutoTagZiel::Id3v1);
@@ -158,6 +163,7 @@ void Lauf::GeändertesSpeichern(Tagarbeit& Arbeit, const Datensatz& Vorher) {
         if (!BlockGeändert(Vorher, Gewollt, Block)) continue;
         Arbeit.Satz = Gewollt;
         Speichern(Arbeit, AuswahlVon(Block), false);
+        if (Ergebnis.Abgebrochen) return;
     }
 }
 
@@ -210,6 +216,8 @@ Funktionsergebnis Lauf::Ausführen() {
         ++Ergebnis.Bearbeitet;
         if (DateiGescheitert) ++Ergebnis.Gescheitert;
         if (Auftrag.Bearbeitet) Auftrag.Bearbeitet(Arbeit);
+        // The progress window of a single step may have been the one that was stopped.
+        if (Ergebnis.Abgebrochen) break;
     }
     if (MitFortschritt) Welt.Person.FortschrittSchließen();
     NichtEntferntesMelden();

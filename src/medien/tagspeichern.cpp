@@ -152,15 +152,16 @@ bool IstVerfügbar(const Tagumgebung& Umgebung, const Tagarbeit& Arbeit) {
                                      Umgebung.Person, false) == Verfügbarkeit::Weiter;
 }
 
-// Reads the file again into the work record and into the record of the index. That one starts from what the
-// index holds: input that was not saved stays out of it.
-void NeuLesen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, std::string_view Code) {
+// Reads the file again into the work record and, with a code of its own, into the record of the index. That
+// one starts from what the index holds: input that was not saved stays out of it.
+void NeuLesen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, std::string_view Code,
+              std::string_view Indexcode) {
     if (!DateiExistiert(Arbeit.Pfad)) return;
     const Leseauftrag Auftrag{Lesecode::Lesen(Code), false, true, false};
     Arbeit.Satz = Umgebung.Leser(Arbeit.Pfad, Arbeit.Satz, Auftrag);
     if (Arbeit.Nummer == 0) return;
     Satzspeicher& Sätze = Umgebung.Index.Sätze;
-    const Leseauftrag FürIndex{Lesecode::Lesen(Code), true, true, false};
+    const Leseauftrag FürIndex{Lesecode::Lesen(Indexcode), true, true, false};
     const Datensatz Bisher = Sätze.Lesen(Arbeit.Nummer);
     Sätze.Setzen(Arbeit.Nummer, Arbeit.Pfad, Umgebung.Leser(Arbeit.Pfad, Bisher, FürIndex));
     // The file may tell what the index did not know, also where nothing was written.
@@ -226,35 +227,32 @@ Tagsergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagau
         }
     }
     static constexpr std::array<std::string_view, 4> Lesecodes = {"1111", "1010", "0110", "0011"};
-    NeuLesen(Umgebung, Arbeit, Lesecodes[static_cast<std::size_t>(Welche)]);
+    // The work record keeps the input for the other blocks; the record takes all that the file holds.
+    NeuLesen(Umgebung, Arbeit, Lesecodes[static_cast<std::size_t>(Welche)], "1111");
     return Ergebnis;
 }
 
-bool TagEntfernen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block, bool Still,
-                  std::string* Meldung) {
+Entfernergebnis TagEntfernen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block, bool Still) {
     DateiZurückholen(Arbeit.Pfad, Umgebung.Person, Umgebung.Reste);
-    std::string Text;
-    bool Entfernt = false;
+    Entfernergebnis Ergebnis;
     if (!EntfernenErlaubt(Umgebung, Arbeit, Block)) {
-        Text = "Der " + TagName(Block) + " wurde nicht entfernt.";
+        Ergebnis.Meldung = "Der " + TagName(Block) + " wurde nicht entfernt.";
     } else {
-        bool Abgebrochen = false;
-        Entfernt = DateiÄndern(Umgebung, Abgebrochen, [&](const Schreibrahmen& Rahmen) {
-            return TagAusDateiEntfernen(Arbeit.Pfad, Block, OptionenVon(Umgebung.Werte), Text, Rahmen);
+        Ergebnis.Entfernt = DateiÄndern(Umgebung, Ergebnis.Abgebrochen, [&](const Schreibrahmen& Rahmen) {
+            return TagAusDateiEntfernen(Arbeit.Pfad, Block, OptionenVon(Umgebung.Werte), Ergebnis.Meldung,
+                                        Rahmen);
         });
-        if (!Entfernt && !Still) Umgebung.Person.Melden(Symbol::Ausrufezeichen, Text);
+        if (!Ergebnis.Entfernt && !Still) Umgebung.Person.Melden(Symbol::Ausrufezeichen, Ergebnis.Meldung);
     }
-    // The duration depends on the tags, so the stream is read with every one of them. Where one of these two
-    // stays, the record shall know what the file holds all the same.
-    const bool IstV1 = Block == Tagblock::Id3v1;
-    if (Entfernt) {
-        NeuLesen(Umgebung, Arbeit, IstV1 ? "1010" : "0111");
-        if (Arbeit.Nummer > 0) Umgebung.Index.IndexGeändert = true;
-    } else if (!IstV1) {
-        NeuLesen(Umgebung, Arbeit, "1111");
+    // The duration depends on the tags, so the stream is read with every one of them. With the two others the
+    // record learns all that the file holds, also where the tag stays.
+    if (Block != Tagblock::Id3v1) {
+        NeuLesen(Umgebung, Arbeit, "1111", "1111");
+    } else if (Ergebnis.Entfernt) {
+        NeuLesen(Umgebung, Arbeit, "1010", "1010");
     }
-    if (Meldung != nullptr) *Meldung = std::move(Text);
-    return Entfernt;
+    if (Ergebnis.Entfernt && Arbeit.Nummer > 0) Umgebung.Index.IndexGeändert = true;
+    return Ergebnis;
 }
 
 }  // namespace liedwerk

@@ -66,11 +66,17 @@ struct Tagsergebnis {
 Tagsergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagauswahl Welche,
                            bool NurMitInhalt);
 
+struct Entfernergebnis {
+    bool Entfernt = false;
+    bool Abgebrochen = false;  // the person has stopped it, and what was to follow
+    std::string Meldung{};     // why the tag is still there
+    explicit operator bool() const { return Entfernt; }
+};
+
 // Id3v1Entfernen, Id3v2Entfernen and LyricsEntfernen: removes a tag from the file, reads the file again into
-// Arbeit.Satz and the record. False on failure or refusal; then an ID3v1 is not read again. Meldung, where
-// wanted, receives the text of a failure, which is shown unless Still is set.
-bool TagEntfernen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block, bool Still,
-                  std::string* Meldung = nullptr);
+// Arbeit.Satz and the record. On failure or refusal an ID3v1 is not read again; the text of a failure is
+// shown unless Still is set.
+Entfernergebnis TagEntfernen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block, bool Still);
 
 // True when the fields of a block have any content.
 bool TagHatInhalt(const Datensatz& Satz, Tagblock Block);

@@ -84,13 +84,13 @@ TEST_F(TagEditorTest, SpeichernEinesBlocksLässtDieAnderenEingabenOffen) {
     ASSERT_TRUE(Editor.Vorhanden);
     Editor.Arbeit.Satz.Titel = "Neu";
     Editor.Arbeit.Satz.V2Titel = "Noch offen";
-    EXPECT_TRUE(EingabenSpeichern(Editor, *P, Tagauswahl::Id3v1, false));
+    EXPECT_FALSE(EingabenSpeichern(Editor, *P, Tagauswahl::Id3v1, false).Gescheitert);
     EXPECT_EQ(Gelesen(Pfad).Titel, "Neu");
     EXPECT_EQ(P->Index.Sätze.Lesen(1).Titel, "Neu");
     EXPECT_TRUE(P->Index.IndexGeändert);
     EXPECT_EQ(P->Index.Sätze.Lesen(1).V2Titel, "") << "an entry that is in no file is in no index";
     EXPECT_EQ(GeänderteBlöcke(Editor), (std::array{false, true, false}));
-    EXPECT_TRUE(EingabenSpeichern(Editor, *P, Tagauswahl::Alle, false));
+    EXPECT_FALSE(EingabenSpeichern(Editor, *P, Tagauswahl::Alle, false).Gescheitert);
     EXPECT_EQ(Gelesen(Pfad).V2Titel, "Noch offen");
     EXPECT_EQ(GeänderteBlöcke(Editor), (std::array{false, false, false}));
     EXPECT_TRUE(Fenster.Gerufen("Liste")) << "the list behind shows the record";
@@ -185,8 +185,11 @@ TEST_F(TagEditorTest, AbbruchErreichtDasUmschreibenEinerGroßenDatei) {
     TagEditorÖffnen(Editor, *P, {Aufnehmen(Pfad)});
     Editor.Arbeit.Satz.V2Titel = "Neu";
     Person.AbbruchBei = 1;
-    EXPECT_FALSE(EingabenSpeichern(Editor, *P, Tagauswahl::Id3v2, false));
+    Editor.Arbeit.Satz.LyricsText = "Neu";
+    Person.Antworten = {Antwort::Ja};
+    EXPECT_FALSE(DateiVerlassen(Editor, *P, false));
     ASSERT_EQ(Person.Meldungen.size(), 1u);
+    EXPECT_EQ(GeänderteBlöcke(Editor), (std::array{false, true, true})) << "the stop holds for all tags";
     EXPECT_NE(Person.Meldungen[0].find("wurde abgebrochen"), std::string::npos);
     EXPECT_EQ(std::filesystem::file_size(Pfad), std::uint64_t{2} << 30U);
     EXPECT_FALSE(std::filesystem::exists(Pfad + "~lwitmp"));

@@ -63,15 +63,24 @@ TEST_F(Tagslauf, SatzDesIndexFolgtDerDateiUndNichtDenEingaben) {
     EXPECT_EQ(Satz.Titel + Arbeit.Satz.Titel, "");
     EXPECT_EQ(Satz.HatId3v1, TagFehlt);
     // A tag that is not there any more: the record learns what the file holds.
-    std::string Meldung;
     Index.IndexGeändert = false;
     Anlegen("t.mp3", "Ton" + Id3v1Block({.Titel = "fremd"}));
-    EXPECT_FALSE(TagEntfernen(Welt, Arbeit, Tagblock::Lyrics, true, &Meldung));
+    const Entfernergebnis Ergebnis = TagEntfernen(Welt, Arbeit, Tagblock::Lyrics, true);
+    EXPECT_FALSE(Ergebnis);
     EXPECT_EQ(Index.Sätze.Lesen(Arbeit.Nummer).Titel + Arbeit.Satz.Titel, "fremdfremd");
     EXPECT_TRUE(Index.IndexGeändert);
     EXPECT_TRUE(Person.Meldungen.empty());
     EXPECT_FALSE(TagEntfernen(Welt, Arbeit, Tagblock::Lyrics, false));
-    EXPECT_EQ(Person.Meldungen, std::vector<std::string>{Meldung});
+    EXPECT_EQ(Person.Meldungen, std::vector<std::string>{Ergebnis.Meldung});
+    // What another program has put into the other tags comes along, with a save and with a removal.
+    const std::string Fremd = Id3v2Tag(3, Id3v2Textrahmen("TIT2", "fremd")) + "Ton";
+    Anlegen("t.mp3", Fremd + Id3v1Block({}));
+    Arbeit.Satz.Titel = "neu";
+    TagsSpeichern(Welt, Arbeit, Tagauswahl::Id3v1, false);
+    EXPECT_EQ(Index.Sätze.Lesen(Arbeit.Nummer).V2Titel, "fremd");
+    Anlegen("t.mp3", Fremd + Id3v1Block({.Titel = "ganz neu"}));
+    EXPECT_TRUE(TagEntfernen(Welt, Arbeit, Tagblock::Id3v2, true));
+    EXPECT_EQ(Index.Sätze.Lesen(Arbeit.Nummer).Titel, "ganz neu");
 }
 
 TEST_F(Tagslauf, GenreBekommtSeineNummerUndDieSoftwareDenNamen) {

@@ -245,10 +245,18 @@ TEST_F(Funktionslauf, EndetMitDemFortschrittUndLässtFehlendeMedienAus) {
     EXPECT_TRUE(Ergebnis.Abgebrochen);
     EXPECT_EQ(Gelesen(1).Titel + Gelesen(2).Titel, "WASwas");
 
+    // The progress of a single step ends the run as well.
+    Welt.Ausführen = [](const Dateischritt& Schritt) { Schritt([](std::uint64_t) { return false; }); };
+    Person.AbbruchBei = 0;
+    const auto Entfernt = Laufen(Tagfunktion::Entfernen, 4);
+    EXPECT_TRUE(Entfernt.Abgebrochen);
+    EXPECT_EQ(Entfernt.Bearbeitet, 1U);
+    EXPECT_EQ(Gelesen(2).HatId3v1, TagVorhanden);
+    Welt.Ausführen = {};
+
     Datensatz Fern;
     Fern.Wechselmedium = "STICK";
     SatzAnhängen(Index, "/media/ich/STICK/c.mp3", Fern);
-    Person.AbbruchBei = 0;
     Person.Verfügbarkeiten = {Verfügbarkeitsantwort::Überspringen, Verfügbarkeitsantwort::Abbrechen};
     EXPECT_EQ(Laufen(Tagfunktion::Klein, 4).Bearbeitet, 2U);
     EXPECT_TRUE(Laufen(Tagfunktion::Klein, 4).Abgebrochen);

@@ -111,6 +111,7 @@ bool BlöckeSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, const Schr
         if (Block == Tagblock::Lyrics) Arbeit.Satz.LyricsText = *Auftrag.Liedertext;
         const auto Ergebnis = TagsSpeichern(Umgebung, Arbeit, static_cast<Tagauswahl>(Block), false);
         Gelungen = Gelungen && !Ergebnis.Gescheitert;
+        if (Ergebnis.Abgebrochen) break;
     }
     return Gelungen;
 }
@@ -125,15 +126,18 @@ std::vector<Tagblock> EntfernauftragLesen(const Befehlseingabe& Eingabe) {
 }
 
 // Removes the tags of one file; the messages of what failed, joined, have been shown.
-std::string TagsEntfernen(const Tagumgebung& Umgebung, const std::string& Pfad, Satznummer Nummer,
-                          const std::vector<Tagblock>& Blöcke) {
+Entfernergebnis TagsEntfernen(const Tagumgebung& Umgebung, const std::string& Pfad, Satznummer Nummer,
+                              const std::vector<Tagblock>& Blöcke) {
     Tagarbeit Arbeit = TagarbeitBeginnen(Umgebung, Pfad, Nummer);
     std::vector<std::string> Meldungen;
+    bool Abgebrochen = false;
     for (const Tagblock Block : Blöcke) {
-        std::string Meldung;
-        if (!TagEntfernen(Umgebung, Arbeit, Block, false, &Meldung)) Meldungen.push_back(Meldung);
+        const Entfernergebnis Ergebnis = TagEntfernen(Umgebung, Arbeit, Block, false);
+        if (!Ergebnis) Meldungen.push_back(Ergebnis.Meldung);
+        Abgebrochen = Ergebnis.Abgebrochen;
+        if (Abgebrochen) break;
     }
-    return Verbinden(Meldungen, "\n\n");
+    return {Meldungen.empty(), Abgebrochen, Verbinden(Meldungen, "\n\n")};
 }
 
 }  // namespace
@@ -175,15 +179,15 @@ Ausgang TagEntfernenAusführen(const Globaloptionen& Global, const Befehlseingab
     if (Lauf.Json()) Ziel.ListeAnfang();
     for (const auto& Pfad : EingabePfade(Eingabe.Argumente)) {
         if (EndeVerlangt()) break;
-        const std::string Meldung = TagsEntfernen(Umgebung, Pfad, Lauf.SatzFinden(Pfad), Blöcke);
-        Gelungen = Gelungen && Meldung.empty();
+        const Entfernergebnis Ergebnis = TagsEntfernen(Umgebung, Pfad, Lauf.SatzFinden(Pfad), Blöcke);
+        Gelungen = Gelungen && Ergebnis;
         if (Lauf.Json()) {
             Ziel.ObjektAnfang();
             Ziel.Text("Pfad", Pfad);
-            Ziel.Wahrheit("Ergebnis", Meldung.empty());
-            Ziel.Text("Meldung", Meldung);
+            Ziel.Wahrheit("Ergebnis", Ergebnis.Entfernt);
+            Ziel.Text("Meldung", Ergebnis.Meldung);
             Ziel.ObjektEnde();
-        } else if (Meldung.empty()) {
+        } else if (Ergebnis) {
             Lauf.Text().Schreiben(Sichtbar(Pfad) + ": TAG entfernt\n");
         }
     }
