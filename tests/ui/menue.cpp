@@ -6,6 +6,7 @@
 #include <QSet>
 #include <QTextBrowser>
 
+#include "plattform/speicher/cdlaufwerke.h"
 #include "plattform/speicher/spieler.h"
 #include "tests/ui/fensterlauf.h"
 
@@ -42,6 +43,7 @@ struct Menülauf {
         std::ofstream(Welt.Ordner() + "/audacious") << "x";
         Welt.Spieler = &Kanal;
         Welt.Programme = &Programme;
+        Welt.CDs = &CDs;
         Eins = std::make_unique<Lauf>(Welt);
         Eins->OrdnerHinzufügen(Welt.Musikordner());
     }
@@ -88,6 +90,7 @@ struct Menülauf {
     Umgebung Welt;
     speicher::Spieler Kanal;
     speicher::Programme Programme;
+    speicher::CDs CDs;
     std::unique_ptr<Lauf> Eins;
     mutable QTextBrowser Adressen;
 };

@@ -156,7 +156,7 @@ QWidget* frmCDDaten::TitellisteAnlegen() {
     lstTitel->setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::DoubleClicked |
                               QAbstractItemView::EditKeyPressed);
     lstTitel->setTabKeyNavigation(false);
-    lstTitel->setMinimumSize(fontMetrics().averageCharWidth() * 80, fontMetrics().height() * 10);
+    lstTitel->setMinimumSize(fontMetrics().averageCharWidth() * 80, fontMetrics().height() * 7);
     // Enter takes a title and opens the next one, so that a disc is typed in one go. Later, because the view
     // has not taken the text yet.
     connect(

@@ -189,6 +189,14 @@ void frmOptionen::FußAnlegen(QVBoxLayout& Spalte) {
     Knopf(u"cmdVorgaben"_s, u"&Vorgaben dieser Seite"_s, 0, [this] { cmdVorgaben_Click(); });
     if (Wege.IndexOptionen)
         Knopf(u"cmdIndexOptionen"_s, u"Inde&x-Optionen..."_s, 1, [this] { Wege.IndexOptionen(this); });
+    // The tabulator goes from left to right, whichever was made first.
+    QWidget* Voriger = nullptr;
+    for (int Platz = 0; Platz < Fuß->count(); ++Platz) {
+        QWidget* const Nächster = Fuß->itemAt(Platz)->widget();
+        if (Nächster == nullptr) continue;
+        if (Voriger != nullptr) setTabOrder(Voriger, Nächster);
+        Voriger = Nächster;
+    }
 }
 
 void frmOptionen::EntwurfZeigen() {
