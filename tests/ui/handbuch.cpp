@@ -75,7 +75,7 @@ TEST_F(HandbuchProbe, JederGenannteMenüpunktIstDaUndHatEinenNamen) {
     EXPECT_GT(Anzahl, 20) << "the handbook was not read";
 }
 
-TEST_F(HandbuchProbe, TastenDerTabelleGeltenUndJedeHatEineBedeutung) {
+TEST_F(HandbuchProbe, TastenStehenAlleInDerTabelleUndJedeHatEineBedeutung) {
     QMap<QString, QString> Tabelle;
     static const QRegularExpression Form(u"^\\| ([^|]+) \\| ([^|→]+ → [^|]+) \\|$"_s,
                                          QRegularExpression::MultilineOption);
@@ -94,8 +94,12 @@ TEST_F(HandbuchProbe, TastenDerTabelleGeltenUndJedeHatEineBedeutung) {
         }
     }
     EXPECT_GT(Tabelle.size(), 20) << "the table was not read";
-    for (auto Zeile = Tabelle.cbegin(); Zeile != Tabelle.cend(); ++Zeile)
-        EXPECT_EQ(Zeile.value(), Vergeben.value(Zeile.key())) << Zeile.key().toStdString();
+    auto Tasten = Tabelle.keys() + Vergeben.keys();
+    Tasten.removeDuplicates();
+    for (const QString& Taste : Tasten) {
+        EXPECT_EQ(Tabelle.value(Taste).toStdString(), Vergeben.value(Taste).toStdString())
+            << Taste.toStdString() << ": in the handbook, and in the window";
+    }
 }
 
 TEST_F(HandbuchProbe, BilderUndVerweiseFührenZumZiel) {
