@@ -134,8 +134,8 @@ inline constexpr std::int32_t DesktopFarbe = -1;
     X(Kurz, ListeFontStrikeThrough, 0) \
     X(Lang, lngEinstellungenListeFontSize, 8) \
     X(Text, Sperre, "") \
-    X(Kurz, AutoDJTopWieviel, 50) \
-    X(Kurz, AutoDJTopZeitraum, 0) \
+    X(Text, AutoDJTopWieviel, "50") \
+    X(Text, AutoDJTopZeitraum, "") \
     X(Text, AutoDJTopEinheit, "d") \
     X(Kurz, TAGsVerlustFragen, 1) \
     X(Kurz, TAGsModern, 0) \

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "basis/zahl.h"
 #include "core/suchlauf.h"
 
 namespace liedwerk {
@@ -76,9 +75,8 @@ AutoDjEingabe AutoDjAusEinstellungen(const Einstellungen& Werte, AutoDjFunktion 
     Eingabe.Genres = Werte.AutoDJGenre.empty() ? AlleAutoDjGenres() : Werte.AutoDJGenre;
     std::erase(Eingabe.Genres, "");
     if (Funktion == AutoDjFunktion::Topliste) {
-        // A number that is not above 0 stands for an empty field.
-        if (Werte.AutoDJTopWieviel > 0) Eingabe.Maximum = std::to_string(Werte.AutoDJTopWieviel);
-        if (Werte.AutoDJTopZeitraum > 0) Eingabe.Zeit = std::to_string(Werte.AutoDJTopZeitraum);
+        Eingabe.Maximum = Werte.AutoDJTopWieviel;
+        Eingabe.Zeit = Werte.AutoDJTopZeitraum;
         Eingabe.Einheit = AutoDjEinheitLesen(Werte.AutoDJTopEinheit).value_or(AutoDjEinheit::Tage);
         return Eingabe;
     }
@@ -94,8 +92,8 @@ void AutoDjInEinstellungen(Einstellungen& Werte, const AutoDjEingabe& Eingabe) {
     // An empty list means that nothing was ever chosen, which ticks all; one empty name ticks none.
     Werte.AutoDJGenre = Eingabe.Genres.empty() ? std::vector<std::string>{""} : Eingabe.Genres;
     if (Eingabe.Funktion == AutoDjFunktion::Topliste) {
-        Werte.AutoDJTopWieviel = GanzzahlLesen<std::int16_t>(Eingabe.Maximum).value_or(0);
-        Werte.AutoDJTopZeitraum = GanzzahlLesen<std::int16_t>(Eingabe.Zeit).value_or(0);
+        Werte.AutoDJTopWieviel = Eingabe.Maximum;
+        Werte.AutoDJTopZeitraum = Eingabe.Zeit;
         Werte.AutoDJTopEinheit = AutoDjEinheitBuchstabe(Eingabe.Einheit);
         return;
     }

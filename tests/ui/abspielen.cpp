@@ -258,7 +258,7 @@ TEST_F(AbspielenFenster, AutoDjZeigtFundeInIhrerFolgeUndMerktDieEingaben) {
                                   "Bitte wählen Sie mindestens ein Genre aus der Liste."}));
     EXPECT_EQ(Eins.Programm.Ansicht.Zeilen, (std::vector<Satznummer>{3, 1}));
     EXPECT_EQ(Eins.Zelle(0, static_cast<int>(Eins.Programm.Ansicht.Spalten.size())), u"5"_s);
-    EXPECT_EQ(Eins.Programm.Werte.AutoDJTopWieviel, 7);
+    EXPECT_EQ(Eins.Programm.Werte.AutoDJTopWieviel, "7");
     EXPECT_EQ(Eins.Programm.Index.ErsterTreffer, -1);
     QTest::keyClicks(&Eins.Suchfeld(), u"anna"_s);
     QTest::keyClick(&Eins.Suchfeld(), Qt::Key_Return);
@@ -274,6 +274,20 @@ TEST_F(AbspielenFenster, AutoDjZeigtFundeInIhrerFolgeUndMerktDieEingaben) {
             EXPECT_EQ(Genres.item(Zeile)->checkState(), Qt::Unchecked);
     });
     mnuAutoDJ.trigger();
+}
+
+TEST(AutoDjEingaben, ÜberstehenDieEinstellungen) {
+    for (const auto& [Zeit, Maximum] : {std::pair{"0", "40000"}, std::pair{"", ""}}) {
+        AutoDjEingabe Eingabe;
+        Eingabe.Funktion = AutoDjFunktion::Topliste;
+        Eingabe.Zeit = Zeit;
+        Eingabe.Maximum = Maximum;
+        Einstellungen Werte;
+        AutoDjInEinstellungen(Werte, Eingabe);
+        const AutoDjEingabe Zurück = AutoDjAusEinstellungen(Werte, AutoDjFunktion::Topliste);
+        EXPECT_EQ(Zurück.Zeit, Zeit);
+        EXPECT_EQ(Zurück.Maximum, Maximum);
+    }
 }
 
 TEST(Bildanzeige, GroßesBildWirdGezeigt) {
