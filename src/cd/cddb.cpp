@@ -114,6 +114,24 @@ int TrefferWählen(CDStand& Stand, const CDDBUmgebung& Umgebung, std::string_vie
     return 1;
 }
 
+constexpr std::string_view NichtGelesen =
+    "Das von Ihnen angeforderte Medium und der damit verbundene Datensatz konnte nicht gelesen werden. Beim "
+    "Herstellen der Verbindung ist ein Fehler aufgetreten.";
+
+// A reply that breaks off ahead of its closing "." would be kept as the CD's data for good.
+bool VollständigeDatenVerarbeiten(CDStand& Stand, const CDDBUmgebung& Umgebung, std::string_view Antwort) {
+    const auto Ende = Antwort.find_last_not_of("\r\n");
+    if (!Antwort.substr(0, Ende + 1).ends_with("\n.")) {
+        CDProtokollieren(Stand.Daten, "CDDBLeseResultatVerarbeiten: Die Antwort ist unvollständig");
+        FehlerSetzen(Stand, Fehlgeschlagen, NichtGelesen);
+        return false;
+    }
+    const auto SpurenDerCD = Stand.Daten.AnzahlTitel;
+    if (!CDDBCDVerarbeiten(Antwort, Stand.Daten, Umgebung.Disc.Speicher.Log)) return false;
+    Stand.Daten.AnzahlTitel = std::max(Stand.Daten.AnzahlTitel, SpurenDerCD);
+    return true;
+}
+
 }  // namespace
 
 std::string_view WinInetFehlerText(Httpfehler Fehler) {
@@ -159,8 +177,7 @@ bool CDDBAbfragen(CDStand& Stand, const CDDBUmgebung& Umgebung) {
     if (CDDBResultatVerarbeiten(Stand, Umgebung, Antwort, ID) == 0) return false;
     Daten.Befehl = "cddb+read+" + std::string(Anfragekategorie(Daten.Kategorie)) + "+" + ProzentKodieren(ID);
     if (!Fragen(Stand, Umgebung, "Lese Daten", Daten.Adresse + Daten.Befehl + Daten.Hallo, Antwort,
-                "Das von Ihnen angeforderte Medium und der damit verbundene Datensatz konnte nicht gelesen "
-                "werden. Beim Herstellen der Verbindung ist ein Fehler aufgetreten."))
+                NichtGelesen))
         return false;
     Umgebung.Person.FortschrittZeigen("Verarbeite Daten", 0);
     return CDDBLeseResultatVerarbeiten(Stand, Umgebung, Antwort);
@@ -191,7 +208,7 @@ bool CDDBLeseResultatVerarbeiten(CDStand& Stand, const CDDBUmgebung& Umgebung, s
     switch (StatusVon(Antwort)) {
         case 210:
             Umgebung.Person.FortschrittZeigen("Lese Daten", 0);
-            return CDDBCDVerarbeiten(Antwort, Stand.Daten, Umgebung.Disc.Speicher.Log);
+            return VollständigeDatenVerarbeiten(Stand, Umgebung, Antwort);
         case 401:
             Umgebung.Person.FortschrittZeigen("Medium nicht gefunden, beende Verbindung", 0);
             FehlerSetzen(Stand, OhneErgebnis,

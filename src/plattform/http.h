@@ -15,7 +15,7 @@ namespace liedwerk {
 struct Httpgrenzen {
     std::size_t Inhalt = std::size_t{1} << 20;      // bytes of the body
     std::size_t Kopf = std::size_t{64} << 10;       // bytes of the status line and all header fields
-    std::chrono::milliseconds Gesamtdauer{30'000};  // from the look-up of the name to the last byte
+    std::chrono::milliseconds Gesamtdauer{16'000};  // of each request; two of them answer a question about a CD
 };
 
 struct Httpanfrage {

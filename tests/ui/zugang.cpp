@@ -12,6 +12,7 @@
 #include <QScrollArea>
 #include <QSet>
 #include <QTabWidget>
+#include <QToolButton>
 #include <algorithm>
 
 #include "core/tageditor.h"
@@ -415,7 +416,12 @@ TEST(Zugang, DoppeltGroßeSchriftPasstUndNichtsIstAbgeschnitten) {
                 const auto* const Zeile = qobject_cast<QLabel*>(Teil);
                 if (!Teil->isVisible() || VonQt(*Teil) || (!Beschriftet && Zeile == nullptr)) continue;
                 const QSize Bedarf = Teil->minimumSizeHint();
-                EXPECT_GE(Teil->height(), Teil->fontMetrics().height()) << Beschreibe(*Teil).toStdString();
+                const auto* const Knopf = qobject_cast<QToolButton*>(Teil);
+                // A button with a symbol alone has no letters to cut.
+                if (Knopf == nullptr || Knopf->toolButtonStyle() != Qt::ToolButtonIconOnly) {
+                    EXPECT_GE(Teil->height(), Teil->fontMetrics().height())
+                        << Beschreibe(*Teil).toStdString();
+                }
                 const bool Gekürzt =
                     Zeile != nullptr &&
                     (Zeile->wordWrap() || Zeile->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored);

@@ -1,6 +1,8 @@
 #include "plattform/qt/http.h"
 
 #include <QEventLoop>
+#include <QHostAddress>
+#include <QHostInfo>
 #include <QNetworkProxyFactory>
 #include <QTcpSocket>
 #include <QThread>
@@ -101,6 +103,14 @@ Httpantwort Austauschen(const Auftrag& Ganzes) {
         !Adresse.userInfo().isEmpty())
         return Gescheitert(Httpfehler::Adresse, Adresse.errorString());
     const Ziel Weg = ZielVon(Adresse);
+    // The name is looked up here and not by the socket: Qt does that in threads whose end the whole program
+    // waits for when it quits. A proxy looks for itself.
+    QList<QHostAddress> Adressen;
+    if (Weg.Umweg.type() == QNetworkProxy::NoProxy) {
+        const QHostInfo Auskunft = QHostInfo::fromName(Weg.Wirt);
+        Adressen = Auskunft.addresses();
+        if (Adressen.isEmpty()) return Gescheitert(Httpfehler::Wirt, Auskunft.errorString());
+    }
     Httpleser Leser(Ganzes.Grenzen);
     Httpfehler Unterbrochen = Httpfehler::Keiner;
     QEventLoop Schleife;
@@ -113,12 +123,23 @@ Httpantwort Austauschen(const Auftrag& Ganzes) {
             if (Leser.Aufnehmen({Puffer, static_cast<std::size_t>(Anzahl)})) return Schleife.quit();
         }
     };
+    qsizetype Versuchte = 0;
+    bool Verbunden = false;
+    const auto Verbinden = [&] {
+        if (Adressen.isEmpty()) return Verbindung.connectToHost(Weg.Wirt, Weg.Port);
+        Verbindung.connectToHost(Adressen[Versuchte++], Weg.Port);
+    };
     QObject::connect(&Verbindung, &QTcpSocket::connected, [&] {
+        Verbunden = true;
         Verbindung.setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption, Lesegröße);
         Verbindung.write(Sendung(Adresse, Weg, Anfrage));
     });
     QObject::connect(&Verbindung, &QTcpSocket::readyRead, Lesen);
     QObject::connect(&Verbindung, &QTcpSocket::errorOccurred, [&] {
+        if (!Verbunden && Versuchte < Adressen.size()) {
+            QTimer::singleShot(0, &Verbindung, Verbinden);
+            return;
+        }
         Lesen();
         Schleife.quit();
     });
@@ -134,7 +155,8 @@ Httpantwort Austauschen(const Auftrag& Ganzes) {
     QTimer Frist;
     QObject::connect(&Frist, &QTimer::timeout, [&] { Unterbrechen(Httpfehler::Zeit); });
     Frist.start(Ganzes.Grenzen.Gesamtdauer);
-    Verbindung.connectToHost(Weg.Wirt, Weg.Port);
+    // Within the loop: an address that cannot be reached may fail at once, and nobody would hear of it.
+    QTimer::singleShot(0, &Verbindung, Verbinden);
     Schleife.exec();
     Verbindung.disconnect();
     if (Unterbrochen != Httpfehler::Keiner) return Gescheitert(Unterbrochen);
