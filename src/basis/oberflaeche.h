@@ -66,6 +66,9 @@ class Oberfläche {
     // Fortschritt, the one modal progress window. Starting while it is open changes its title and bound.
     // Höchstens is ignored without percentage. The window appears after 300 ms at the earliest.
     virtual void FortschrittStarten(std::string_view Titel, bool MitProzent, std::int64_t Höchstens) = 0;
+    // The same without percentage for a wait on another machine, which may take any time and must not be one
+    // without a way out: the window comes, some seconds later, even where no progress is wanted.
+    virtual void NetzfortschrittStarten(std::string_view Titel) { FortschrittStarten(Titel, false, 0); }
     // Sets text (empty: the old one) and position (-1: the old one), gives the event loop a turn, is false
     // when the person has cancelled. True as well when no progress is open. Cheap enough for every record: it
     // throttles itself.

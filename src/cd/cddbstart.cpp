@@ -59,7 +59,7 @@ std::string HalloVon(std::string_view Email, std::string_view Programm) {
 // Speaks to the server; true when the record holds what it gave.
 bool Verbinden(CDStand& Stand, const CDDBUmgebung& Umgebung, const clsCcd& Disc, const CDDBWunsch& Wunsch) {
     CDDaten& Daten = Stand.Daten;
-    Umgebung.Person.FortschrittStarten("Greife auf Internet-CD-Datenbank zu", false, 0);
+    Umgebung.Person.NetzfortschrittStarten("Greife auf Internet-CD-Datenbank zu");
     Umgebung.Person.FortschrittZeigen("Starte Verbindung", 0);
     Daten.Adresse = CDDBServeradresse(Umgebung.Werte.CDDBServer) + "/~cddb/cddb.cgi/?cmd=";
     Daten.Hallo = HalloVon(Umgebung.Werte.CDDBEmail, Umgebung.Disc.Speicher.Programm);
@@ -99,8 +99,10 @@ void FehlerZeigen(CDStand& Stand, Oberfläche& Person) {
 // Why the server is not asked; empty when it can be.
 std::string HindernisVon(const CDStand& Stand, const CDDBUmgebung& Umgebung, const clsCcd& Disc,
                          const CDDBWunsch& Wunsch) {
-    if (Wunsch.Eingaben != nullptr && Wunsch.Eingaben->ID != Stand.Daten.ID && Wunsch.Senden)
-        return "Im Laufwerk liegt inzwischen eine andere CD. Es wurde nichts gesendet.";
+    if (Wunsch.Eingaben != nullptr && Wunsch.Eingaben->ID != Stand.Daten.ID)
+        return std::string("Im Laufwerk liegt inzwischen eine andere CD. Es wurde nichts ") +
+               (Wunsch.Senden ? "gesendet" : "abgefragt") +
+               ", Ihre Eingaben bleiben erhalten.\nBitte legen Sie die vorige CD wieder ein.";
     if (const std::string Grund = CDDBEmailPrüfen(Umgebung.Werte.CDDBEmail); !Grund.empty()) return Grund;
     if (Kürzen(Umgebung.Werte.CDDBServer).empty())
         return "Sie haben keinen CD-Datenbank-Server angegeben.\nBitte ändern Sie diesen in den 'Optionen'.";

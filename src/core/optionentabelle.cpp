@@ -58,7 +58,10 @@ constexpr Option Tabelle[] = {
     {Allgemein, "Start und Ende", LIEDWERK_OPTION(StartInTray), Schalter,
      "Beim Start nur das &Symbol in der Startleiste zeigen"},
     {Allgemein, "Fortschritt", LIEDWERK_OPTION(StartBildschirm), Schalter,
-     "&Fortschritt langer Vorgänge anzeigen", "Nur ein angezeigter Vorgang lässt sich abbrechen."},
+     "&Fortschritt langer Vorgänge anzeigen",
+     "Nur ein angezeigter Vorgang lässt sich abbrechen. Anfragen an einen CD-Datenbank-Server zeigen sich "
+     "nach "
+     "zwei Sekunden immer."},
     {Allgemein,
      "Fortschritt",
      LIEDWERK_OPTION(StartBildschirmNichtBeiLaden),

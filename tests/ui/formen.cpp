@@ -83,6 +83,14 @@ TEST(Formen, FortschrittKommtSpätUndLässtSichAbbrechen) {
         Person.FortschrittZeigen("x", 1);
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     Person.FortschrittSchließen();
+    // A server may take any time, and the window is the only way out.
+    Person.NetzfortschrittStarten("Frage");
+    for (Uhr.start(); Uhr.elapsed() < 2300;)
+        Person.FortschrittZeigen("x", 0);
+    ASSERT_NE(QApplication::activeModalWidget(), nullptr);
+    QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(Person.FortschrittZeigen("x", 0));
+    Person.FortschrittSchließen();
 }
 
 TEST(Formen, RestzeitWirdErstGenanntWennSieSichSchätzenLässt) {

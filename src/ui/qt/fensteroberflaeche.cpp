@@ -62,6 +62,11 @@ void Fensteroberfläche::FortschrittStarten(std::string_view Titel, bool MitProz
     Fenster->Starten(QtText(Titel), MitProzent, Höchstens);
 }
 
+void Fensteroberfläche::NetzfortschrittStarten(std::string_view Titel) {
+    FortschrittStarten(Titel, false, 0);
+    Fenster->AufNetzWarten();
+}
+
 bool Fensteroberfläche::FortschrittZeigen(std::string_view Text, std::int64_t Position) {
     if (Fenster == nullptr) return true;
     return Fenster->Zeigen(Text, Position, !FortschrittErwünscht || FortschrittErwünscht());

@@ -23,6 +23,7 @@ class Fensteroberfläche final : public Oberfläche {
     bool DateiNichtVerfügbarSchreibenZeigen(const Schreibsperrfrage& Frage) override;
     Vorhandenantwort DateiExistiertZeigen(std::string_view Text) override;
     void FortschrittStarten(std::string_view Titel, bool MitProzent, std::int64_t Höchstens) override;
+    void NetzfortschrittStarten(std::string_view Titel) override;
     bool FortschrittZeigen(std::string_view Text, std::int64_t Position) override;
     void FortschrittSchließen() override;
     bool FortschrittOffen() const override;

@@ -13,8 +13,10 @@ using namespace Qt::StringLiterals;
 namespace liedwerk {
 namespace {
 
-constexpr int ErscheintNach = 300;  // milliseconds
-constexpr int Takt = 40;            // milliseconds between two turns of the event loop
+// Milliseconds of a run until its window appears: where it is wanted, and where it only serves to cancel.
+constexpr int ErscheintNach = 300;
+constexpr int ErscheintUnerwünschtNach = 2000;
+constexpr int Takt = 40;  // milliseconds between two turns of the event loop
 constexpr int Teilstriche = 1000;
 
 }  // namespace
@@ -72,6 +74,7 @@ void frmFortschritt::Starten(const QString& Titel, bool MitProzent, std::int64_t
     if (!Läuft) {
         Läuft = true;
         Abgebrochen = false;
+        WartetAufNetz = false;
         cmdAbbrechen->setEnabled(true);
         SeitStart.start();
         SeitAnzeige.start();
@@ -87,11 +90,16 @@ void frmFortschritt::Starten(const QString& Titel, bool MitProzent, std::int64_t
     prgFortschritt->setValue(0);
 }
 
-bool frmFortschritt::Zeigen(std::string_view Text, std::int64_t Position, bool Sichtbar) {
+bool frmFortschritt::MußErscheinen(bool Erwünscht) const {
+    return Erwünscht ? SeitStart.elapsed() >= ErscheintNach
+                     : WartetAufNetz && SeitStart.elapsed() >= ErscheintUnerwünschtNach;
+}
+
+bool frmFortschritt::Zeigen(std::string_view Text, std::int64_t Position, bool Erwünscht) {
     if (!Läuft) return true;
     if (SeitAnzeige.elapsed() < Takt) return !Abgebrochen;
     if (!Text.empty()) Zeile = QtText(Text);
-    if (Sichtbar && !isVisible() && SeitStart.elapsed() >= ErscheintNach) show();
+    if (!isVisible() && MußErscheinen(Erwünscht)) show();
     if (isVisible()) {
         Anzeigen(Position);
         QCoreApplication::processEvents();

@@ -20,8 +20,10 @@ class frmFortschritt final : public QDialog {
     explicit frmFortschritt(QWidget* Eltern);
 
     void Starten(const QString& Titel, bool MitProzent, std::int64_t Höchstens);
-    // False when the person has cancelled. Sichtbar false keeps the window away for this run.
-    bool Zeigen(std::string_view Text, std::int64_t Position, bool Sichtbar);
+    // The run waits for another machine: its window appears in any case, late where it is not wanted.
+    void AufNetzWarten() { WartetAufNetz = true; }
+    // False when the person has cancelled. Erwünscht: whether the person wants to see progress.
+    bool Zeigen(std::string_view Text, std::int64_t Position, bool Erwünscht);
     void Schließen();
     bool Offen() const { return Läuft; }
     void Abbrechen();
@@ -31,6 +33,7 @@ class frmFortschritt final : public QDialog {
     void closeEvent(QCloseEvent* Ereignis) override;
 
   private:
+    bool MußErscheinen(bool Erwünscht) const;
     void Anzeigen(std::int64_t Position);
 
     QLabel* lblTitel;
@@ -41,6 +44,7 @@ class frmFortschritt final : public QDialog {
     bool Läuft = false;
     bool Abgebrochen = false;
     bool Prozent = false;
+    bool WartetAufNetz = false;
     std::int64_t Obergrenze = 0;
     QString Zeile;
     QElapsedTimer SeitStart;    // of the whole run; decides when the window appears
