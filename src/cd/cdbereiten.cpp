@@ -38,6 +38,7 @@ void InhaltÜbernehmen(const clsCcd& Disc, CDDaten& Daten) {
         Titel.Offset = Disc.TrackOffset(i);
         Titel.Frames = Disc.TrackFrames(i);
         Titel.Dauer = Disc.TrackTime(i + 1) - Disc.TrackTime(i);
+        Titel.Datenspur = Disc.Datenspuren[static_cast<std::size_t>(i)];
     }
 }
 

@@ -26,6 +26,7 @@ struct CDTitel {
     std::int32_t Dauer = 0;   // seconds
     std::int32_t Offset = 0;  // start in frames, absolute on the disc
     std::int32_t Frames = 0;  // the frames of that start, 0 to 74
+    bool Datenspur = false;   // no sound: it has its number and its place, but is no title to play
     bool operator==(const CDTitel&) const = default;
 };
 

@@ -1,6 +1,7 @@
 #include "cd/cddb.h"
 
 #include <algorithm>
+#include <array>
 
 #include "basis/text.h"
 #include "basis/uri.h"
@@ -46,7 +47,7 @@ std::string_view Anfragekategorie(std::string_view Kategorie) {
 
 // The lines of a reply without what ends it: an empty line, a line with a point alone.
 std::vector<std::string> Antwortzeilen(std::string_view Antwort) {
-    std::vector<std::string> Zeilen = Teilen(Ersetzen(Antwort, "\r\n", "\n"), "\n");
+    std::vector<std::string> Zeilen = XmcdZeilen(Antwort);
     if (!Zeilen.empty() && Zeilen.back().empty()) Zeilen.pop_back();
     if (!Zeilen.empty()) Zeilen.pop_back();
     return Zeilen;
@@ -67,6 +68,28 @@ bool Fragen(CDStand& Stand, const CDDBUmgebung& Umgebung, std::string_view Schri
     return !Antwort.empty();
 }
 
+bool IstUmleitung(int Status) {
+    constexpr std::array Umleitungen = {301, 302, 303, 307, 308};
+    return std::ranges::find(Umleitungen, Status) != Umleitungen.end();
+}
+
+// What a person can do about a server that sends its guests elsewhere. Only the name of another server can be
+// entered: neither another path nor another protocol.
+std::string UmleitungText(std::string_view Ziel, std::string_view Server) {
+    constexpr std::string_view Schema = "http://";
+    std::string Text = "Der Server verweist auf eine andere Adresse.\n";
+    if (BeginntMitOhneGroß(Ziel, Schema)) {
+        const std::string_view Rest = Ziel.substr(Schema.size());
+        const std::string Name = CDEinzeilig(Rest.substr(0, Rest.find_first_of("/?#")));
+        if (!Name.empty() && !GleichOhneGroß(CDDBServeradresse(Name), CDDBServeradresse(Server)))
+            return Text + "Bitte geben Sie diese in den 'Optionen' als CD-Datenbank-Server an: " + Name;
+    }
+    constexpr std::size_t Gezeigt = 200;
+    if (!Ziel.empty())
+        Text += "Dort kann nicht gefragt werden: " + CDEinzeilig(LinkerTeil(Ziel, Gezeigt)) + "\n";
+    return Text + "Bitte geben Sie in den 'Optionen' einen anderen CD-Datenbank-Server an.";
+}
+
 // One exchange with the progress display kept alive; the body as text, empty after a failure, which is logged
 // then.
 std::string Austauschen(CDStand& Stand, const CDDBUmgebung& Umgebung, std::string_view Schritttext,
@@ -83,6 +106,10 @@ std::string Austauschen(CDStand& Stand, const CDDBUmgebung& Umgebung, std::strin
     }
     if (Antwort.Status != 200)
         CDProtokollieren(Stand.Daten, "CDDBAnfrage: HTTP-Status " + std::to_string(Antwort.Status));
+    if (IstUmleitung(Antwort.Status)) {
+        FehlerSetzen(Stand, OhneErgebnis, UmleitungText(Antwort.Umleitung, Umgebung.Werte.CDDBServer));
+        return {};
+    }
     return XmcdTextVonBytes(Antwort.Inhalt);
 }
 
@@ -120,8 +147,8 @@ constexpr std::string_view NichtGelesen =
 
 // A reply that breaks off ahead of its closing "." would be kept as the CD's data for good.
 bool VollständigeDatenVerarbeiten(CDStand& Stand, const CDDBUmgebung& Umgebung, std::string_view Antwort) {
-    const auto Ende = Antwort.find_last_not_of("\r\n");
-    if (!Antwort.substr(0, Ende + 1).ends_with("\n.")) {
+    const auto Zeilen = XmcdZeilen(Antwort.substr(0, Antwort.find_last_not_of("\r\n") + 1));
+    if (Zeilen.size() < 2 || Zeilen.back() != ".") {
         CDProtokollieren(Stand.Daten, "CDDBLeseResultatVerarbeiten: Die Antwort ist unvollständig");
         FehlerSetzen(Stand, Fehlgeschlagen, NichtGelesen);
         return false;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <vector>
 
 #include "basis/ansi.h"
 #include "basis/text.h"
@@ -199,6 +198,10 @@ std::string XmcdBytesVonText(std::string_view Text) {
     return Ansi && (IstAscii(*Ansi) || !IstUtf8(*Ansi)) ? std::move(*Ansi) : std::string(Text);
 }
 
+std::vector<std::string> XmcdZeilen(std::string_view Text) {
+    return Teilen(Ersetzen(Ersetzen(Text, Zeilenende, "\n"), "\r", "\n"), "\n");
+}
+
 bool CDDBCDVerarbeiten(std::string_view Bytes, CDDaten& Daten, Protokoll& Log) {
     if (Bytes.empty()) {
         Log.Schreiben("CDDBCDVerarbeiten: Daten konnten nicht verarbeitet werden");
@@ -206,7 +209,7 @@ bool CDDBCDVerarbeiten(std::string_view Bytes, CDDaten& Daten, Protokoll& Log) {
     }
     Daten.Text = XmcdTextVonBytes(Bytes);
     Leser Lauf(Daten, Log);
-    for (const auto& Zeile : Teilen(Ersetzen(Ersetzen(Daten.Text, Zeilenende, "\n"), "\r", "\n"), "\n"))
+    for (const auto& Zeile : XmcdZeilen(Daten.Text))
         Lauf.Zeile(Zeile);
     Lauf.Abschließen();
     return true;

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "basis/protokoll.h"
 #include "cd/cddaten.h"
@@ -23,9 +24,12 @@ std::string XmcdTextVonBytes(std::string_view Bytes);
 // UTF-8.
 std::string XmcdBytesVonText(std::string_view Text);
 
+// The lines of a text of the database. They may end with CR LF, LF or CR.
+std::vector<std::string> XmcdZeilen(std::string_view Text);
+
 // Fills titles, album, artist, year, genres and free text of the record from the bytes of an xmcd text, a
-// server's status line in front of it or not; what the text does not name stays. Lines may end with CR LF, LF
-// or CR. False, logged, for an empty text.
+// server's status line in front of it or not; what the text does not name stays. False, logged, for an empty
+// text.
 bool CDDBCDVerarbeiten(std::string_view Bytes, CDDaten& Daten, Protokoll& Log);
 
 // The xmcd text of the record, lines separated by CR LF, none at the end. Programm is name and version, as

@@ -5,6 +5,7 @@
 
 #include "basis/text.h"
 #include "basis/zahl.h"
+#include "cd/xmcd.h"
 
 namespace liedwerk {
 namespace {
@@ -24,13 +25,13 @@ CDDBHerkunft MitEingaben(Anwendung& Programm, const CDDaten& Eingaben, const CDW
     const CDDaten Gemerkt = Eingaben;
     Wunsch.Eingaben = &Gemerkt;
     const CDDBHerkunft Herkunft = CDStarten(Programm, Gemerkt.Laufwerk, Wählen, Wunsch);
-    if (Herkunft == CDDBHerkunft::Keine) {
-        std::string Protokoll = std::move(Programm.CD.Daten.Protokoll);
-        Programm.CD.Daten = Gemerkt;
-        Programm.CD.Daten.Protokoll = std::move(Protokoll);
-        return CDDBHerkunft::Eingaben;
-    }
-    return Herkunft;
+    if (Herkunft != CDDBHerkunft::Keine && Programm.CD.Daten.ID == Gemerkt.ID) return Herkunft;
+    // No disc any more, or another one: what was read of it is not what the person has at hand.
+    std::string Protokoll = std::move(Programm.CD.Daten.Protokoll);
+    Programm.CD.Daten = Gemerkt;
+    Programm.CD.Daten.Protokoll = std::move(Protokoll);
+    CDVergessen(Programm.CD);
+    return CDDBHerkunft::Eingaben;
 }
 
 // The number in a line such as "# Disc length: 2642 seconds" behind its beginning; nothing for another line.
@@ -44,7 +45,7 @@ std::optional<std::int32_t> ZahlHinter(std::string_view Zeile, std::string_view 
 // The table of contents from the comments of an xmcd text: it would be lost when the record is kept again.
 void InhaltAusText(CDDaten& Daten) {
     std::size_t Anzahl = 0;
-    for (const std::string& Zeile : Teilen(Ersetzen(Daten.Text, "\r\n", "\n"), "\n")) {
+    for (const std::string& Zeile : XmcdZeilen(Daten.Text)) {
         if (const auto Länge = ZahlHinter(Zeile, "# Disc length:")) Daten.Gesamtdauer = *Länge;
         const auto Offset = ZahlHinter(Zeile, "# ");
         if (Offset && Anzahl < Daten.Titel.size()) Daten.Titel[Anzahl++].Offset = *Offset;

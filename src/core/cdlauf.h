@@ -25,7 +25,8 @@ CDDBHerkunft CDStarten(Anwendung& Programm, std::string_view Laufwerk, const CDW
 CDDBHerkunft CDEinlesen(Anwendung& Programm, std::string_view Laufwerk, const CDWahl& Wählen);
 
 // Asks the server for the disc, or sends its data (Probe: for trying), whatever the cache knows. Eingaben is
-// what the person has entered: it is the run's record again when nothing came of it.
+// what the person has entered: it is the run's record again when nothing came of it, also because another
+// disc is in the drive by now, of which then nothing is kept.
 CDDBHerkunft CDAbfragen(Anwendung& Programm, const CDDaten& Eingaben, const CDWahl& Wählen);
 void CDSenden(Anwendung& Programm, const CDDaten& Eingaben, bool Probe);
 

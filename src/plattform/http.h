@@ -39,9 +39,10 @@ enum class Httpfehler {
 
 struct Httpantwort {
     Httpfehler Fehler = Httpfehler::Keiner;
-    std::string Einzelheit;  // what the system says of a failure, in its own words; may be empty
-    int Status = 0;          // of HTTP; 0 without a reply
-    std::string Inhalt;      // the body as it was sent, whatever the status; empty after a failure
+    std::string Einzelheit;   // what the system says of a failure, in its own words; may be empty
+    int Status = 0;           // of HTTP; 0 without a reply
+    std::string Inhalt;       // the body as it was sent, whatever the status; empty after a failure
+    std::string Umleitung{};  // where a redirection leads, in the server's words
 };
 
 class Http {

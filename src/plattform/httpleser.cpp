@@ -111,6 +111,8 @@ bool Httpleser::FeldLesen(std::string_view Zeile) {
             return false;
         }
         Gestückelt = true;
+    } else if (GleichOhneGroß(Name, "Location") && Antwort.Status / 100 == 3) {
+        Antwort.Umleitung = Wert;
     } else if (GleichOhneGroß(Name, "Content-Encoding") && !Wert.empty() &&
                !GleichOhneGroß(Wert, "identity")) {
         Scheitern(Httpfehler::Komprimiert);

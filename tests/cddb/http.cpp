@@ -127,6 +127,7 @@ TEST(Http, AnfrageTrägtAgentUndKopfUndFolgtKeinerUmleitung) {
         {"http://" + Fern.Name() + "/~cddb/a/?b=c+d%20e%26", {{"Discid", "12\r\nX-Fremd: 1"}}, "Inhalt"},
         [] { return true; });
     EXPECT_EQ(Antwort.Status, 302);
+    EXPECT_EQ(Antwort.Umleitung, "http://" + Anderer.Name() + "/");
     EXPECT_TRUE(Anderer.Anfragen().empty());
     const std::string Gesendet = Fern.Anfragen().at(0);
     EXPECT_TRUE(Gesendet.starts_with("POST /~cddb/a/?b=c+d%20e%26 HTTP/1.1\r\nHost: " + Fern.Name() + "\r\n"))
