@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <optional>
+#include <ranges>
 #include <string>
 #include <utility>
 
@@ -17,9 +18,11 @@ constexpr std::string_view Trenner = " / ";
 constexpr std::string_view Gedankenstrich = " - ";
 constexpr std::string_view Verschiedene = "Various";
 
-std::span<CDTitel> TitelVon(CDDaten& Daten) {
+// The titles that are played.
+auto TitelVon(CDDaten& Daten) {
     return std::span(Daten.Titel)
-        .first(static_cast<std::size_t>(std::clamp<int>(Daten.AnzahlTitel, 0, int{CDHöchsteTitel})));
+               .first(static_cast<std::size_t>(std::clamp<int>(Daten.AnzahlTitel, 0, int{CDHöchsteTitel}))) |
+           std::views::filter([](const CDTitel& Einer) { return !Einer.Datenspur; });
 }
 
 // The two sides of a separator; nothing when the text has none.
@@ -47,7 +50,7 @@ bool TitelTeileTauschen(CDDaten& Daten) {
 // "Anna Berg / Morgenlicht" in every title: the artist is the disc's when all name the same, else the disc is
 // a sampler and keeps them in its titles.
 bool InterpretAusTiteln(CDDaten& Daten) {
-    const auto Titel = TitelVon(Daten);
+    auto Titel = TitelVon(Daten);
     if (Titel.empty()) return false;
     const auto Erster = Zerlegen(Titel.front().Titel);
     const bool AlleZerlegbar =

@@ -43,7 +43,7 @@ bool IstCDTräger(std::string_view Pfad) {
 
 void CdNichtLesbarMelden(const Hinzufügeumgebung& Umgebung, const std::string& Laufwerk) {
     clsCcd Disc;
-    std::string Grund = "Sie enthält keinen Titel, der am Anfang steht und abgespielt werden kann.";
+    std::string Grund = "Weder ihr erster noch ihr zweiter Titel kann abgespielt werden.";
     if (Umgebung.Laufwerk.CDs != nullptr && !Disc.Init(*Umgebung.Laufwerk.CDs, Laufwerk)) Grund = Disc.ErrMsg;
     Umgebung.Person.Melden(Symbol::Ausrufezeichen,
                            "Die Audio-CD in '" + Laufwerk + "' kann nicht hinzugefügt werden.\n" + Grund);

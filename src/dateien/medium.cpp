@@ -1,6 +1,7 @@
 #include "dateien/medium.h"
 
 #include <algorithm>
+#include <array>
 
 #include "basis/datei.h"
 #include "basis/pfad.h"
@@ -18,7 +19,8 @@ bool IstWindowsLaufwerk(std::string_view Pfad) {
 
 // The first track of an audio CD as a file of its drive.
 constexpr std::string_view ErsterTitelWindows = "track01.cda";
-constexpr std::string_view ErsterTitelPosix = "Track01.cda";
+// Of a disc of mixed mode the first track is data, and the sound begins with the second.
+constexpr std::array<std::string_view, 2> ErsteTitelPosix = {"Track01.cda", "Track02.cda"};
 
 std::string CdKennung(const Mediumumgebung& Umgebung, std::string_view Laufwerk) {
     clsCcd Disc;
@@ -53,7 +55,9 @@ bool LaufwerkIstAudioCD(const Mediumumgebung& Umgebung, std::string_view Pfad) {
     if (!LaufwerkExistiert(Umgebung, Pfad)) return false;
     const std::string Wurzel = MitTrenner(Pfad);
     if (Umgebung.Drives.Art(Wurzel) != Laufwerksart::CdRom) return false;
-    return DateiExistiert(Wurzel + std::string(IstPosixPfad(Pfad) ? ErsterTitelPosix : ErsterTitelWindows));
+    if (!IstPosixPfad(Pfad)) return DateiExistiert(Wurzel + std::string(ErsterTitelWindows));
+    return std::ranges::any_of(
+        ErsteTitelPosix, [&](std::string_view Name) { return DateiExistiert(Wurzel + std::string(Name)); });
 }
 
 bool LaufwerkIstWechsellaufwerk(Mediumspeicher& Speicher, const Mediumumgebung& Umgebung,

@@ -134,6 +134,14 @@ TEST_F(Programmtest, EinCdAbbildIstEinLaufwerkMitTiteln) {
     EXPECT_EQ(Cli("cd-info leer.cue") + Cli("cd-info /dev/null") + Cli("hinzufuegen leer.cue"), 3);
     EXPECT_NE(Fehler.find("nennt keinen Titel"), std::string::npos);
 
+    // Of a disc of mixed mode only the sound comes into the index; its id counts all tracks.
+    std::ofstream(Ordner + "/m.cue")
+        << "FILE a.bin BINARY\nTRACK 01 MODE1/2352\nINDEX 01 00:00:00\nTRACK 02 AUDIO\nINDEX 01 00:02:00";
+    ASSERT_EQ(Cli("--index m.lwi hinzufuegen m.cue"), 0) << Fehler;
+    ASSERT_EQ(Cli("--index m.lwi --json saetze"), 0);
+    for (const char* Teil : {"[{\"Nummer\":1,", "m.cue/Track02.cda", "\"Titel\":\"Titel 2\"", "06000402\""})
+        EXPECT_TRUE(Enthält(Teil)) << Teil << "\n" << Aus;
+
     std::ofstream(Ordner + "/p/CDDB/06000402.dat")
         << "lwifcddb1\r\nDTITLE=Various / Fest\r\nTTITLE0=A / B\r\nTTITLE1=C";
     ASSERT_EQ(Cli("hinzufuegen a.cue"), 0) << Fehler;

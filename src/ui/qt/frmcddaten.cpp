@@ -40,6 +40,11 @@ QString Bannertext(const CDDaten& Daten) {
     return Text;
 }
 
+// The entry of a genre; that of none for a number that says nothing.
+int Genrestelle(const QComboBox& Liste, std::int16_t Nummer) {
+    return std::max(Liste.findData(static_cast<int>(Nummer)), 0);
+}
+
 // Selects the entry of this text; another text than the list's is added.
 void Einstellen(QComboBox& Liste, const std::string& Text) {
     const int Stelle = Liste.findText(QtText(Text), Qt::MatchFixedString);
@@ -54,8 +59,7 @@ void frmCDDaten::Zeigen(const CDDaten& Daten) {
     txtAlbum->setText(Einzeilig(Daten.Album));
     txtInterpret->setText(Einzeilig(Daten.Interpret));
     txtJahr->setText(Einzeilig(Daten.Jahr));
-    const int Genre = cboGenre->findData(static_cast<int>(Daten.ID3Genre));
-    cboGenre->setCurrentIndex(std::max(Genre, 0));
+    cboGenre->setCurrentIndex(Genrestelle(*cboGenre, Daten.ID3Genre));
     Einstellen(*cboKategorie, CDEinzeilig(Daten.Kategorie.empty() ? "misc" : Daten.Kategorie));
     txtErweitert->setPlainText(QtText(Ersetzen(Daten.Erweitert, "\r\n", "\n")));
     TitelZeigen(Daten);
@@ -75,7 +79,10 @@ void frmCDDaten::TitelZeigen(const CDDaten& Daten) {
         };
         Zelle(SpalteNummer, QString::number(Zeile + 1), Qt::AlignRight, false);
         Zelle(SpalteTitel, Einzeilig(Titel.Titel), Qt::AlignLeft, true);
-        Zelle(SpalteDauer, Titel.Dauer > 0 ? QtText(DauerFormatieren(Titel.Dauer, true)) : QString(),
+        Zelle(SpalteDauer,
+              Titel.Datenspur   ? u"Daten"_s
+              : Titel.Dauer > 0 ? QtText(DauerFormatieren(Titel.Dauer, true))
+                                : QString(),
               Qt::AlignRight, false);
     }
     lstTitel->resizeColumnToContents(SpalteNummer);
@@ -88,7 +95,9 @@ CDDaten frmCDDaten::Eingaben() const {
     Nehmen(txtAlbum->text(), Daten.Album);
     Nehmen(txtInterpret->text(), Daten.Interpret);
     Nehmen(txtJahr->text(), Daten.Jahr);
-    Daten.ID3Genre = static_cast<std::int16_t>(cboGenre->currentData().toInt());
+    // A genre that is not known yet is none that the person has chosen: a server's reply decides it.
+    if (cboGenre->currentIndex() != Genrestelle(*cboGenre, Daten.ID3Genre))
+        Daten.ID3Genre = static_cast<std::int16_t>(cboGenre->currentData().toInt());
     Nehmen(cboKategorie->currentText(), Daten.Kategorie);
     const std::string Erweitert = Utf8Text(txtErweitert->toPlainText());
     if (Erweitert != Ersetzen(Daten.Erweitert, "\r\n", "\n"))
@@ -192,8 +201,6 @@ void frmCDDaten::cmdAbfragen_Click() {
     const CDDaten Vorher = Gezeigt;
     const CDDBHerkunft Herkunft = CDAbfragen(
         Programm, Eingaben(), [this](const std::vector<std::string>& Zeilen) { return CDWählen(Zeilen); });
-    // Another disc in the drive brings its own state.
-    if (Programm.CD.Daten.ID != Vorher.ID) Ungespeichert = false;
     Zeigen(Programm.CD.Daten);
     // What the person had entered is still to be kept.
     if (Herkunft == CDDBHerkunft::Eingaben) Gezeigt = Vorher;
