@@ -138,13 +138,15 @@ class Abspiellauf {
         if (ErsteDatei && !GanzeListe) ErsteSpielen();
     }
 
+    static bool LiegtInLaufwerk(std::string_view Pfad) { return Pfad.starts_with("/dev/"); }
+
     // A track of a CD is no file for the players of this system: it has an address, or cannot be handed over.
     bool Eintragen(Satznummer Nummer) {
         const std::string Pfad = Umgebung.Index.Sätze.Pfad(Nummer);
         if (AusDerTabelle || !EndetMitOhneGroß(Pfad, ".cda"))
             return PlaylisteEintrag(Umgebung, Liste, Nummer);
         const auto Titel = CDTitelnummer(Pfad);
-        if (Cdadresse.empty() || !Titel || !Pfad.starts_with("/dev/")) {
+        if (Cdadresse.empty() || !Titel || !LiegtInLaufwerk(Pfad)) {
             CdTitel.push_back(Pfad);
             return false;
         }
@@ -161,8 +163,19 @@ class Abspiellauf {
             Text += "\n" + CdTitel[i];
         if (CdTitel.size() > GenanntHöchstens)
             Text += "\n... und " + std::to_string(CdTitel.size() - GenanntHöchstens) + " weitere";
-        Umgebung.Spieler.Person.Melden(Symbol::Ausrufezeichen,
-                                       Text + "\n\nBitte öffnen Sie die CD im Audioplayer selbst.");
+        if (std::ranges::any_of(CdTitel, LiegtInLaufwerk)) {
+            Text +=
+                "\n\n'" + std::string(DateinameVon(Umgebung.Spieler.Werte.WinampPfad)) +
+                "' spielt einzelne Titel einer CD nicht aus einer Playliste. Bitte öffnen Sie dort die CD "
+                "selbst.";
+        }
+        if (!std::ranges::all_of(CdTitel, LiegtInLaufwerk)) {
+            Text +=
+                "\n\nEinzelne Titel eines CD-Abbildes kann kein Audioplayer öffnen. Bitte öffnen Sie dort "
+                "das "
+                "Abbild selbst, oder nehmen Sie dessen Klangdateien in den Index auf.";
+        }
+        Umgebung.Spieler.Person.Melden(Symbol::Ausrufezeichen, Text);
     }
 
     // The first file starts at once; the others follow by "add", and must not reach the player before it.

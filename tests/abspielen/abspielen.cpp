@@ -171,6 +171,8 @@ TEST(Abspielen, TitelEinerCdHabenEineAdresseOderEineMeldung) {
         EXPECT_EQ(Ergebnis.Anzahl, Kann ? 2 : 1);
         ASSERT_EQ(W.Person.Meldungen.size(), 1u) << "one for all of them";
         EXPECT_NE(W.Person.Meldungen[0].find("Album.cue/Track01.cda"), std::string::npos);
+        EXPECT_NE(W.Person.Meldungen[0].find("öffnen Sie dort das Abbild selbst"), std::string::npos);
+        EXPECT_EQ(W.Person.Meldungen[0].find("'vlc' spielt einzelne Titel") != std::string::npos, !Kann);
     }
 }
 
