@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "basis/text.h"
+#include "core/indexstatistik.h"
 #include "dateien/hinzufuegen.h"
 #include "export/exportieren.h"
 #include "index/felderaustausch.h"
@@ -31,6 +32,7 @@
 #include "plattform/linux/uhr.h"
 #include "plattform/speicher/person.h"
 #include "plattform/speicher/welt.h"
+#include "suche/aufraeumen.h"
 #include "suche/liste.h"
 #include "suche/mehrfachsuche.h"
 #include "suche/sortieren.h"
@@ -316,6 +318,39 @@ int Einzeln(const Argumente& Worte) {
     return 0;
 }
 
+// Clean-up by each of the methods that find pairs: the dearest one, and how many pairs all of them found.
+int Aufräumen(const Argumente& Worte) {
+    Umfeld Lauf;
+    if (!Lauf.Laden(Worte[0])) return 1;
+    std::vector<Satznummer> Alle(static_cast<std::size_t>(Lauf.Index.IndexAnzahl()));
+    std::iota(Alle.begin(), Alle.end(), 1);
+    double Teuerste = 0;
+    std::size_t Paare = 0;
+    for (std::size_t i = 0; i < Suchmethoden.size(); ++i) {
+        const auto Methode = static_cast<Aufräummethode>(i);
+        if (!FindetPaare(Methode)) continue;
+        const auto Anfang = Stoppuhr::now();
+        Paare += DurchsucheIndex(Lauf.Index, Alle, Methode, {}, Lauf.Person).size();
+        const double Dauer = MillisekundenSeit(Anfang);
+        Ausgeben("methode" + std::to_string(i), Dauer);
+        Teuerste = std::max(Teuerste, Dauer);
+    }
+    Ausgeben("ms", Teuerste);
+    Ausgeben("paare", static_cast<double>(Paare));
+    return 0;
+}
+
+// The figures of the statistics window.
+int Statistik(const Argumente& Worte) {
+    Umfeld Lauf;
+    if (!Lauf.Laden(Worte[0])) return 1;
+    const auto Anfang = Stoppuhr::now();
+    const auto Zahlen = IndexstatistikBilden(Lauf.Index, [](Satznummer) { return true; });
+    Ausgeben("ms", MillisekundenSeit(Anfang));
+    Ausgeben("dateien", static_cast<double>(Zahlen ? Zahlen->Gesamt.Dateien : 0));
+    return Zahlen ? 0 : 1;
+}
+
 // MedienDatenLesen over a folder on one thread, as "datei-info" does it.
 int Lesen(const Argumente& Worte) {
     Umfeld Lauf;
@@ -414,7 +449,7 @@ struct Befehl {
     int (*Ausführen)(const Argumente&);
 };
 
-constexpr std::array<Befehl, 12> Befehle = {{
+constexpr std::array<Befehl, 14> Befehle = {{
     {"laden", 1, 1, "INDEX", Laden},
     {"suchen", 2, 2, "INDEX WORT", Suchen},
     {"eingaben", 3, 3, "INDEX FELD FEHLENDES_WORT", Eingaben},
@@ -425,6 +460,8 @@ constexpr std::array<Befehl, 12> Befehle = {{
     {"einzeln", 2, 2, "ORDNER INDEX", Einzeln},
     {"lesen", 1, 1, "ORDNER", Lesen},
     {"exportieren", 2, 3, "INDEX ZIEL [SPALTE,SPALTE...]", Exportieren},
+    {"aufraeumen", 1, 1, "INDEX", Aufräumen},
+    {"statistik", 1, 1, "INDEX", Statistik},
     {"felder", 2, 2, "INDEX FELDERDATEI", FelderEinlesen},
     {"autotag", 2, 2, "INDEX DATEINAME", AutoTag},
 }};

@@ -7,12 +7,12 @@
 #include <unordered_set>
 #include <utility>
 
+#include "basis/kerne.h"
 #include "basis/text.h"
 #include "basis/zahl.h"
 #include "index/genres.h"
 #include "index/wert.h"
 #include "suche/feldwert.h"
-#include "suche/suchpuffer.h"
 
 namespace liedwerk {
 namespace {

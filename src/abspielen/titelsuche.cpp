@@ -4,11 +4,11 @@
 #include <optional>
 #include <utility>
 
+#include "basis/kerne.h"
 #include "basis/pfad.h"
 #include "basis/text.h"
 #include "suche/feldwert.h"
 #include "suche/suchmaschine.h"
-#include "suche/suchpuffer.h"
 #include "suche/wortsucher.h"
 
 namespace liedwerk {

@@ -4,10 +4,10 @@
 #include <cstring>
 
 #include "basis/ansi.h"
+#include "basis/kerne.h"
 #include "basis/text.h"
 #include "index/satzzeile.h"
 #include "index/wert.h"
-#include "suche/suchpuffer.h"
 
 namespace liedwerk {
 namespace {

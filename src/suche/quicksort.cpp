@@ -7,7 +7,7 @@
 #include <limits>
 #include <utility>
 
-#include "suche/suchpuffer.h"
+#include "basis/kerne.h"
 
 namespace liedwerk {
 namespace {

@@ -4,11 +4,11 @@
 #include <bit>
 #include <limits>
 
+#include "basis/kerne.h"
 #include "basis/text.h"
 #include "basis/zahl.h"
 #include "index/spalten.h"
 #include "suche/fragezeichen.h"
-#include "suche/suchpuffer.h"
 #include "suche/textsammler.h"
 
 namespace liedwerk {

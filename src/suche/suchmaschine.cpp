@@ -5,6 +5,7 @@
 #include <optional>
 #include <unordered_set>
 
+#include "basis/kerne.h"
 #include "basis/text.h"
 #include "basis/zahl.h"
 #include "suche/feldwert.h"

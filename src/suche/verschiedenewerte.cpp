@@ -1,8 +1,8 @@
 #include "suche/verschiedenewerte.h"
 
+#include "basis/kerne.h"
 #include "basis/text.h"
 #include "suche/fragezeichen.h"
-#include "suche/suchpuffer.h"
 #include "suche/textsammler.h"
 
 namespace liedwerk {

@@ -1,10 +1,12 @@
 // The desktop program: puts ports, core and windows together and runs them.
 #include <QApplication>
 #include <QLibraryInfo>
+#include <QLoggingCategory>
 #include <QSessionManager>
 #include <QSocketNotifier>
 #include <QTimer>
 #include <QTranslator>
+#include <QWindow>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -31,6 +33,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using namespace liedwerk;
+
+// What the start has reached, for measurements: QT_LOGGING_RULES="liedwerk.start.debug=true".
+Q_LOGGING_CATEGORY(Startprotokoll, "liedwerk.start", QtWarningMsg)
 
 constexpr const char* OhneAnzeige =
     "Liedwerk: Es ist keine grafische Oberfläche erreichbar.\n"
@@ -105,6 +110,17 @@ void SitzungsendeVerbinden(QApplication& Qt, frmMain& Fenster) {
         [&Fenster](QSessionManager&) { Fenster.SitzungSichern(); }, Qt::DirectConnection);
 }
 
+// Says when the window stands on the screen and answers.
+void BereitMelden(frmMain& Fenster) {
+    if (!Startprotokoll().isDebugEnabled()) return;
+    QTimer::singleShot(0, &Fenster, [&Fenster] {
+        const QWindow* const Auf = Fenster.windowHandle();
+        if (Auf == nullptr || !Auf->isExposed()) return BereitMelden(Fenster);
+        Fenster.repaint();
+        qCDebug(Startprotokoll, "bereit");
+    });
+}
+
 int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     const Systemuhr Zeit;
     const std::unique_ptr<Laufwerke> Drives = SystemlaufwerkeÖffnen();
@@ -151,6 +167,7 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
         }
         Main(Programm, Auftrag);
         if (Programm.BeendenErbeten) QCoreApplication::exit(0);
+        BereitMelden(Fenster);
     });
     return QApplication::exec();
 }
