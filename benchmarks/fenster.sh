@@ -32,8 +32,8 @@ mkdir -p "$LIEDWERK_ORDNER"
 # Neither the first start's welcome nor a tip stands in front of the list.
 printf 'Start=100\nTippsAktueller=0\n' >"$XDG_CONFIG_HOME/liedwerk/einstellungen.ini"
 
-# Nanoseconds that the threads of the process have run so far (proc(5), schedstat).
-gelaufen() { awk '{ summe += $1 } END { printf "%d", summe }' "/proc/$lauf/task/"*/schedstat; }
+# Clock ticks that the process has run so far, ended threads included (proc(5), stat: utime and stime).
+gelaufen() { sed 's/.*) //' "/proc/$lauf/stat" | awk '{ print $12 + $13 }'; }
 
 mkfifo "$heim/meldungen"
 von="$(date +%s%N)"
@@ -50,7 +50,7 @@ if [ $# -ge 3 ]; then
     sleep 5
     vorher="$(gelaufen)"
     sleep "$3"
-    awk -v d="$(($(gelaufen) - vorher))" -v s="$3" 'BEGIN { printf "leerlauf=%.4f\n", d / 1e7 / s }'
+    awk -v d="$(($(gelaufen) - vorher))" -v s="$3" -v t="$(getconf CLK_TCK)" 'BEGIN { printf "leerlauf=%.3f\n", 100 * d / t / s }'
     sed -n 's/^VmRSS:[^0-9]*\([0-9]*\).*/kib=\1/p' "/proc/$lauf/status"
 fi
 kill -TERM "$lauf"

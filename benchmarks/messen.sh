@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
 # benchmarks/messen.sh [LÄUFE]: measures the program beside the bare bounds and prints a table of ratios.
 #
-# Makes the data once (build/messdaten: an index of 1,000,000 and one of 1,000 records, 10,000 MP3 files), then runs
-# both sides of a row in turn, so that a busy moment hits both; each figure is the median of LÄUFE runs (5). Only
-# ratios are worth comparing between machines. Meant for an otherwise idle machine with 4 GB of memory.
+# Makes the data once (build/messdaten: indexes of 1,000 to 1,000,000 records, 10,000 MP3 files), then runs both sides
+# of a row in turn, so that a busy moment hits both; each figure is the median of LÄUFE runs (5). Only ratios are worth
+# comparing between machines. Meant for an otherwise idle machine with 4 GB of memory; about ten minutes, of which
+# building and making the data take half. What a row is held against and is not installed (ripgrep, sqlite3, strace)
+# leaves its row out.
 set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/../werkzeuge/gemeinsam.sh"
 
@@ -14,6 +16,11 @@ MESSUNG="$BAU/benchmarks/liedwerk-messung"
 VERGLEICH="$BAU/benchmarks/liedwerk-vergleich"
 MILLION="$DATEN/million.lwi"
 TAUSEND="$DATEN/tausend.lwi"
+ZEHNTAUSEND="$DATEN/zehntausend.lwi"
+HUNDERTTAUSEND="$DATEN/hunderttausend.lwi"
+LIEDWERK="$BAU/src/ui/qt/liedwerk"
+SPALTEN="$DATEN/spalten"
+TABELLE="$DATEN/spalten.db"
 SAMMLUNG="$DATEN/sammlung"
 SUCHTEXT="$DATEN/suchtext"
 SELTEN="ziegler" # an artist's name, as typed
@@ -63,14 +70,14 @@ paar() {
     zeile "$1" "$(printf '%.1f ms' "$a")" "$(printf '%.1f ms' "$b")" "$(anteil "$a" "$b")" "$2"
 }
 
-# einzeln TEXT ZIEL NAME "BEFEHL": a figure that stands for itself.
+# einzeln TEXT ZIEL NAME "BEFEHL" [EINHEIT]: a figure that stands for itself.
 einzeln() {
     local werte=() i
     for ((i = 0; i < LAEUFE; i++)); do
         # shellcheck disable=SC2086
-        werte+=("$(wert "$3" $4)")
+        werte+=("$(wert "$3" $4 2>/dev/null)")
     done
-    zeile "$1" "$(printf '%.2f ms' "$(mittlerer "${werte[@]}")")" "" "" "$2"
+    zeile "$1" "$(printf '%.2f %s' "$(mittlerer "${werte[@]}")" "${5:-ms}")" "" "" "$2"
 }
 
 # speicher TEXT ZIEL "BEFEHL": resident memory against the size of the index file.
@@ -91,13 +98,50 @@ ripgrep() {
     awk -v d="$((bis - von))" 'BEGIN { printf "ms=%.1f\n", d / 1e6 }'
 }
 
+# sqlite_sortieren: its time for the order of all records by three columns.
+sqlite_sortieren() {
+    printf '%s\n' "PRAGMA cache_size=-1000000;" ".output /dev/null" ".timer on" \
+        "SELECT rowid FROM s ORDER BY upper(interpret), upper(album), CAST(nummer AS INTEGER);" |
+        sqlite3 "$TABELLE" | awk '/^Run Time/ { printf "ms=%.1f\n", $4 * 1000 }'
+}
+
+# tabelle_bauen ZIEL: the three columns of all records as a table of SQLite.
+tabelle_bauen() {
+    "$MESSUNG" exportieren "$MILLION" "$SPALTEN" Interpret,Album,Track >/dev/null
+    sqlite3 "$1" "CREATE TABLE s (interpret TEXT, album TEXT, nummer TEXT)" ".separator ;" ".import $SPALTEN s" 2>/dev/null
+    rm -f -- "$SPALTEN"
+}
+
+# aufrufe: system calls for each file that is read.
+aufrufe() {
+    strace -f -qq -c -U calls,name -o "$DATEN/aufrufe" "$MESSUNG" lesen "$1" >/dev/null
+    awk -v n="$(find "$1" -type f | wc -l)" '$1 ~ /^[0-9]+$/ && $2 != "total" { s += $1 } END { printf "%.2f", s / n }' "$DATEN/aufrufe"
+    rm -f -- "$DATEN/aufrufe"
+}
+
+# wachstum TEXT NAME BEFEHL [WORT...]: microseconds for each record at four sizes; the index stands behind BEFEHL.
+wachstum() {
+    local text="$1" name="$2" befehl="$3" spalten=() index anzahl werte i
+    shift 3
+    for index in "$TAUSEND" "$ZEHNTAUSEND" "$HUNDERTTAUSEND" "$MILLION"; do
+        anzahl="$(grep -c -a '^#TAG:[0-9]' "$index")"
+        werte=()
+        for ((i = 0; i < LAEUFE; i++)); do werte+=("$(wert "$name" "$MESSUNG" "$befehl" "$index" "$@")"); done
+        spalten+=("$(awk -v ms="$(mittlerer "${werte[@]}")" -v n="$anzahl" 'BEGIN { printf "%.3f", 1000 * ms / n }')")
+    done
+    printf '%-44s %9s %9s %9s %9s  %s\n' "$text" "${spalten[@]}" "$(anteil "${spalten[3]}" "${spalten[0]}")"
+}
+
 abschnitt "Bau und Daten"
-bauen release liedwerk-messung liedwerk-vergleich liedwerk-indexgenerator liedwerk-sammlungsgenerator
+bauen release liedwerk liedwerk-messung liedwerk-vergleich liedwerk-indexgenerator liedwerk-sammlungsgenerator
 mkdir -p "$DATEN"
 einmal "$MILLION" "$BAU/werkzeuge/liedwerk-indexgenerator" {} 1000000
 einmal "$TAUSEND" "$BAU/werkzeuge/liedwerk-indexgenerator" {} 1000
+einmal "$ZEHNTAUSEND" "$BAU/werkzeuge/liedwerk-indexgenerator" {} 10000
+einmal "$HUNDERTTAUSEND" "$BAU/werkzeuge/liedwerk-indexgenerator" {} 100000
 einmal "$SAMMLUNG" "$BAU/werkzeuge/liedwerk-sammlungsgenerator" {} 10000
 einmal "$SUCHTEXT" "$MESSUNG" suchtext "$MILLION" {}
+if command -v sqlite3 >/dev/null; then einmal "$TABELLE" tabelle_bauen {}; fi
 # Both sides read from a warm cache.
 find "$SAMMLUNG" -type f -exec cat {} + >/dev/null
 
@@ -116,6 +160,14 @@ if command -v rg >/dev/null; then
 fi
 einzeln "ein Buchstabe mehr" "30 ms" buchstabe "$MESSUNG suchen $MILLION $SELTEN"
 einzeln "Suche in einem Feld, ab der zweiten" "50 ms" feld "$MESSUNG suchen $MILLION $SELTEN"
+paar "Sortieren nach drei Spalten (64-Bit-Ränge)" "2,5, dann 1,5" ms "$MESSUNG sortieren $MILLION Interpret Album Track" ms "$VERGLEICH raenge $MILLION"
+if command -v sqlite3 >/dev/null; then
+    paar "Sortieren nach drei Spalten (SQLite)" "höchstens 0,37" ms "$MESSUNG sortieren $MILLION Interpret Album Track" ms sqlite_sortieren
+fi
+einzeln "Doppelte, teuerstes Verfahren" "2000 ms" ms "$MESSUNG aufraeumen $MILLION"
+einzeln "Statistik" "" ms "$MESSUNG statistik $MILLION"
+einzeln "Export als Text" "mind. 150 MB/s" mb_je_s "$MESSUNG exportieren $MILLION $SPALTEN" MB/s
+rm -f -- "$SPALTEN"
 paar "Speichern (write + fsync)" "2, dann 1,3" ms "$MESSUNG speichern $MILLION $DATEN/gespeichert.lwi" ms "$VERGLEICH schreiben $MILLION $DATEN/geschrieben"
 rm -f -- "$DATEN/gespeichert.lwi"
 einzeln "AutoTAG, längster Schritt des Vorbereitens" "20 ms" schritt "$MESSUNG autotag $MILLION $TITELNAME"
@@ -132,3 +184,21 @@ if [ "$KERNE" -ge 2 ]; then
 fi
 paar "zweites Mal, keine doppelten (erstes Mal)" "unter 1" zweiter "$MESSUNG hinzufuegen $SAMMLUNG" ms "$MESSUNG hinzufuegen $SAMMLUNG"
 paar "eine Datei in 1.000.000 (in 1.000)" "1" ms "$MESSUNG einzeln $SAMMLUNG $MILLION" ms "$MESSUNG einzeln $SAMMLUNG $TAUSEND"
+if command -v strace >/dev/null; then zeile "Systemaufrufe je gelesene Datei" "$(aufrufe "$SAMMLUNG")" "" "" ""; fi
+
+ueberschrift "Das Fenster"
+FENSTER="$WURZEL/benchmarks/fenster.sh $LIEDWERK"
+einzeln "Start mit 100.000 Sätzen" "700 ms" ms "$FENSTER $HUNDERTTAUSEND"
+einzeln "Start mit 1.000.000 Sätzen" "" ms "$FENSTER $MILLION"
+zeile "Leerlauf ohne Spieler, Prozent eines Kerns" "$(wert leerlauf $FENSTER "$HUNDERTTAUSEND" 30 2>/dev/null)" "" "" "unter 0,1"
+
+printf '\n%-44s %9s %9s %9s %9s  %s\n' "Mikrosekunden je Satz" "1.000" "10.000" "100.000" "1.000.000" "mal (höchstens 1,33)"
+wachstum "Laden bis zur Liste" ms laden
+wachstum "erste Suche" erste suchen "$SELTEN"
+wachstum "weitere Suche" ms suchen "$SELTEN"
+wachstum "Sortieren nach drei Spalten" ms sortieren Interpret Album Track
+wachstum "Doppelte, teuerstes Verfahren" ms aufraeumen
+wachstum "Statistik" ms statistik
+wachstum "Export als Text" ms exportieren "$SPALTEN"
+wachstum "Speichern" ms speichern "$DATEN/gespeichert.lwi"
+rm -f -- "$SPALTEN" "$DATEN/gespeichert.lwi"

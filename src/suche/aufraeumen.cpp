@@ -1,10 +1,12 @@
 #include "suche/aufraeumen.h"
 
 #include <algorithm>
+#include <atomic>
 #include <functional>
 #include <optional>
 #include <string_view>
 
+#include "basis/kerne.h"
 #include "basis/pfad.h"
 #include "basis/text.h"
 #include "basis/zahl.h"
@@ -78,37 +80,69 @@ struct Streuplatz {
     }
 };
 
-std::vector<Streuplatz> StreuplätzeSammeln(std::span<const Satznummer> Arbeitsmenge, Schlüsselbildner& Bilder,
-                                           Oberfläche& Person) {
-    std::vector<Streuplatz> Plätze;
-    Plätze.reserve(Arbeitsmenge.size());
-    for (std::size_t Platz = 0; Platz < Arbeitsmenge.size(); ++Platz) {
-        if (const auto Schlüssel = Bilder.Schlüssel(Arbeitsmenge[Platz]))
-            Plätze.push_back({std::hash<std::string_view>{}(*Schlüssel), Platz});
-        if (!Person.FortschrittZeigen({}, static_cast<std::int64_t>(Platz) + 1)) break;
-    }
+// The working set by hashes, by the part of it and then by the thread that looks at these hashes.
+using Streuung = std::vector<std::vector<std::vector<Streuplatz>>>;
+
+constexpr std::size_t SätzeJeKern = 5000;
+
+Streuung StreuplätzeSammeln(const Katalog& Index, std::span<const Satznummer> Arbeitsmenge,
+                            Aufräummethode Methode, Oberfläche& Person) {
+    const std::size_t Teile = HöchsteTeilzahl();
+    Streuung Plätze(Teile, std::vector<std::vector<Streuplatz>>(Teile));
+    std::atomic<bool> Angehalten = false;
+    AufKerneVerteilen(Arbeitsmenge.size(), SätzeJeKern,
+                      [&](std::size_t Faden, std::size_t Von, std::size_t Bis) {
+                          Schlüsselbildner Bilder(Index.Sätze, Methode);
+                          for (std::size_t Platz = Von; Platz < Bis && !Angehalten; ++Platz) {
+                              if (const auto Schlüssel = Bilder.Schlüssel(Arbeitsmenge[Platz])) {
+                                  const std::size_t Wert = std::hash<std::string_view>{}(*Schlüssel);
+                                  Plätze[Faden][Wert % Teile].push_back({Wert, Platz});
+                              }
+                              if (Faden != 0) continue;
+                              // The others are about as far in their parts.
+                              const std::size_t Erledigt = (Platz + 1) * Arbeitsmenge.size() / Bis;
+                              if (!Person.FortschrittZeigen({}, static_cast<std::int64_t>(Erledigt)))
+                                  Angehalten = true;
+                          }
+                      });
     return Plätze;
 }
 
-// Members of equal keys stand side by side after a sort by hash, so that nobody has to look at all of them.
-std::vector<Aufräumfund> PaareFinden(const Katalog& Index, std::span<const Satznummer> Arbeitsmenge,
-                                     Aufräummethode Methode, Oberfläche& Person) {
-    Schlüsselbildner Bilder(Index.Sätze, Methode);
-    auto Plätze = StreuplätzeSammeln(Arbeitsmenge, Bilder, Person);
-    std::ranges::sort(Plätze, std::less{});
-    // For each member the number of its partner, so that the pairs come in the order of the working set.
-    std::vector<Satznummer> Partner(Arbeitsmenge.size());
-    std::string Gesucht;
+// Sets the partner of each place that has one: the next place with the same key. Plätze hold all places of
+// their keys, sorted by hash, so that nobody has to look at all others.
+void PartnerFinden(std::span<const Streuplatz> Plätze, std::span<const Satznummer> Arbeitsmenge,
+                   Schlüsselbildner& Bilder, std::vector<Satznummer>& Partner) {
+    std::string Eigener;
+    const Streuplatz* Bekannter = nullptr;  // whose key Eigener is
     for (auto Erster = Plätze.begin(); Erster != Plätze.end(); ++Erster) {
         auto Zweiter = std::next(Erster);
         if (Zweiter == Plätze.end() || Zweiter->Streuwert != Erster->Streuwert) continue;
-        Gesucht = *Bilder.Schlüssel(Arbeitsmenge[Erster->Platz]);
+        if (Bekannter != &*Erster) Eigener = *Bilder.Schlüssel(Arbeitsmenge[Erster->Platz]);
         for (; Zweiter != Plätze.end() && Zweiter->Streuwert == Erster->Streuwert; ++Zweiter) {
-            if (*Bilder.Schlüssel(Arbeitsmenge[Zweiter->Platz]) != Gesucht) continue;
+            if (*Bilder.Schlüssel(Arbeitsmenge[Zweiter->Platz]) != Eigener) continue;
             Partner[Erster->Platz] = Arbeitsmenge[Zweiter->Platz];
+            Bekannter = &*Zweiter;
             break;
         }
     }
+}
+
+std::vector<Aufräumfund> PaareFinden(const Katalog& Index, std::span<const Satznummer> Arbeitsmenge,
+                                     Aufräummethode Methode, Oberfläche& Person) {
+    const Streuung Gestreut = StreuplätzeSammeln(Index, Arbeitsmenge, Methode, Person);
+    // For each member the number of its partner, so that the pairs come in the order of the working set.
+    std::vector<Satznummer> Partner(Arbeitsmenge.size());
+    const std::size_t Mindestens = Arbeitsmenge.size() < SätzeJeKern ? HöchsteTeilzahl() : 1;
+    AufKerneVerteilen(HöchsteTeilzahl(), Mindestens, [&](std::size_t, std::size_t Von, std::size_t Bis) {
+        Schlüsselbildner Bilder(Index.Sätze, Methode);
+        for (std::size_t k = Von; k < Bis; ++k) {
+            std::vector<Streuplatz> Plätze;
+            for (const auto& Teil : Gestreut)
+                Plätze.insert(Plätze.end(), Teil[k].begin(), Teil[k].end());
+            std::ranges::sort(Plätze, std::less{});
+            PartnerFinden(Plätze, Arbeitsmenge, Bilder, Partner);
+        }
+    });
     std::vector<Aufräumfund> Funde;
     for (std::size_t Platz = 0; Platz < Arbeitsmenge.size(); ++Platz) {
         if (Partner[Platz] != 0) Funde.push_back({Arbeitsmenge[Platz], Partner[Platz]});
