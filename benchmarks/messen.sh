@@ -170,6 +170,8 @@ einzeln "Export als Text" "mind. 150 MB/s" mb_je_s "$MESSUNG exportieren $MILLIO
 rm -f -- "$SPALTEN"
 paar "Speichern (write + fsync)" "2, dann 1,3" ms "$MESSUNG speichern $MILLION $DATEN/gespeichert.lwi" ms "$VERGLEICH schreiben $MILLION $DATEN/geschrieben"
 rm -f -- "$DATEN/gespeichert.lwi"
+einzeln "gespielten Titel erkennen" "200 ms" nochmals "$MESSUNG erkennen $MILLION $SELTEN"
+einzeln "das gleiche mit anderer Schrift" "200 ms" nochmals "$MESSUNG erkennen $MILLION Ночь"
 einzeln "AutoTAG, längster Schritt des Vorbereitens" "20 ms" schritt "$MESSUNG autotag $MILLION $TITELNAME"
 einzeln "AutoTAG '%automatik%', erste Datei" "50 ms" erste "$MESSUNG autotag $MILLION $TITELNAME"
 einzeln "AutoTAG '%automatik%', jede weitere Datei" "50 ms" ms "$MESSUNG autotag $MILLION $TITELNAME"

@@ -1,9 +1,11 @@
 #include "abspielen/titelsuche.h"
 
 #include <algorithm>
-#include <optional>
+#include <functional>
+#include <initializer_list>
 #include <utility>
 
+#include "abspielen/suchanker.h"
 #include "basis/kerne.h"
 #include "basis/pfad.h"
 #include "basis/text.h"
@@ -28,25 +30,9 @@ char KleinesAscii(char Zeichen) {
     return static_cast<char>(Zeichen | (Zeichen >= 'A' && Zeichen <= 'Z' ? 0x20 : 0));
 }
 
-// The longest piece of a text that every text equal to it but for case holds in the same bytes but for the
-// case of ASCII: "s" and "k" are left out, because letters outside of ASCII are equal to them.
-std::string SicheresStück(std::string_view Text) {
-    const auto Sicher = [](char Zeichen) {
-        return Zeichen >= ' ' && Zeichen <= '~' && KleinesAscii(Zeichen) != 's' &&
-               KleinesAscii(Zeichen) != 'k';
-    };
-    std::string_view Längstes;
-    for (std::size_t Von = 0; Von < Text.size(); ++Von) {
-        std::size_t Bis = Von;
-        while (Bis < Text.size() && Sicher(Text[Bis]))
-            ++Bis;
-        if (Bis - Von > Längstes.size()) Längstes = Text.substr(Von, Bis - Von);
-        Von = Bis;
-    }
-    std::string Klein(Längstes);
-    std::transform(Klein.begin(), Klein.end(), Klein.begin(), KleinesAscii);
-    return Klein;
-}
+// What the line of a record that fits holds: of each text that is looked for one of the spellings of its
+// anchor.
+using Zeilenprobe = std::vector<std::vector<Wortsucher>>;
 
 // The lines of some neighbouring records, one behind the other, in small ASCII letters.
 class Zeilenbogen {
@@ -62,32 +48,48 @@ class Zeilenbogen {
         for (Satznummer i = Von; i <= Bis; ++i) {
             const auto& Platz = Sätze.PlatzVon(i);
             Ziel = std::transform(Platz.Zeile, Platz.Zeile + Platz.Länge, Ziel, KleinesAscii);
-            *Ziel++ = '\n';  // no piece that is looked for holds it
+            *Ziel++ = '\n';  // nothing that is looked for holds it
             Enden.push_back(static_cast<std::size_t>(Ziel - Text.data()));
         }
     }
-    // The records whose line holds the piece; all without a piece.
+    // The records, rising, whose line holds what is looked for.
     template <class Handlung>
-    void Halter(const std::optional<Wortsucher>& Stück, Handlung&& Tun) const {
-        if (!Stück) {
-            for (std::size_t i = 0; i < Enden.size(); ++i)
-                Tun(Erster + static_cast<Satznummer>(i));
-            return;
+    void Halter(const Zeilenprobe& Probe, Handlung&& Tun) {
+        Hält.assign(Enden.size(), true);
+        for (const auto& Schreibungen : Probe) {
+            if (!Einengen(Schreibungen)) return;
         }
-        const std::string_view Ganz(Text.data(), Enden.back());
-        std::size_t i = 0;
-        for (std::size_t Stelle = Stück->Suchen(Ganz, 0); Stelle != std::string_view::npos;
-             Stelle = Stück->Suchen(Ganz, Enden[i])) {
-            while (Enden[i] <= Stelle)
-                ++i;
-            Tun(Erster + static_cast<Satznummer>(i));
-        }
+        for (std::size_t i = 0; i < Enden.size(); ++i)
+            if (Hält[i]) Tun(Erster + static_cast<Satznummer>(i));
     }
 
   private:
+    // Keeps the records whose line holds one of the spellings; false when none is left.
+    bool Einengen(const std::vector<Wortsucher>& Schreibungen) {
+        Trifft.assign(Enden.size(), false);
+        const std::string_view Ganz(Text.data(), Enden.back());
+        for (const Wortsucher& Eine : Schreibungen) {
+            std::size_t i = 0;
+            for (std::size_t Stelle = Eine.Suchen(Ganz, 0); Stelle != std::string_view::npos;
+                 Stelle = Eine.Suchen(Ganz, Enden[i])) {
+                while (Enden[i] <= Stelle)
+                    ++i;
+                Trifft[i] = true;
+            }
+        }
+        bool Irgendeiner = false;
+        for (std::size_t i = 0; i < Enden.size(); ++i) {
+            Hält[i] = Hält[i] && Trifft[i];
+            Irgendeiner = Irgendeiner || Hält[i];
+        }
+        return Irgendeiner;
+    }
+
     Satznummer Erster = 1;
     std::string Text;                // only grows, so that it is not cleared for each use
     std::vector<std::size_t> Enden;  // behind each record's line
+    std::vector<char> Hält;          // for each record
+    std::vector<char> Trifft;
 };
 
 void Anfügen(std::vector<Satznummer>& Ziel, const std::vector<Satznummer>& Neue) {
@@ -100,12 +102,11 @@ void Anfügen(std::vector<Satznummer>& Ziel, const std::vector<Satznummer>& Neue
 class Titelsuche::Abschnitt {
   public:
     Abschnitt(const Titelsuche& Suche, const Katalog& Durchsucht) : Wunsch(Suche), Index(Durchsucht) {
-        std::string Stück = SicheresStück(Wunsch.Teile.Geteilt ? Wunsch.Teile.Titel : Wunsch.Titel);
-        if (std::string Anderes = SicheresStück(Wunsch.Teile.Interpret); Anderes.size() > Stück.size())
-            Stück = std::move(Anderes);
-        Titelstück = SucherFür(Stück);
+        // A record that fits holds both parts, in its tags or in its name.
+        Titelprobe = Wunsch.Teile.Geteilt ? ProbeFür({Wunsch.Teile.Titel, Wunsch.Teile.Interpret})
+                                          : ProbeFür({Wunsch.Titel});
         for (const std::string& Pfad : Wunsch.Pfade)
-            Pfadstücke.push_back(SucherFür(SicheresStück(DateinameVon(Pfad))));
+            Pfadproben.push_back(ProbeFür({DateinameVon(Pfad)}));
     }
 
     // The records of Von to Bis (inclusive) that fit.
@@ -118,13 +119,13 @@ class Titelsuche::Abschnitt {
             Bogen.Lesen(Index.Sätze, Anfang,
                         std::min(Bis, Anfang + static_cast<Satznummer>(SätzeJeBogen) - 1));
             for (std::size_t i = 0; i < Wunsch.Pfade.size(); ++i) {
-                Bogen.Halter(Pfadstücke[i], [&](Satznummer Nummer) {
+                Bogen.Halter(Pfadproben[i], [&](Satznummer Nummer) {
                     if (PfadeGleich(Index.Sätze.Pfad(Nummer), Wunsch.Pfade[i]))
                         Hier.NachPfad[i].push_back(Nummer);
                 });
             }
             if (Wunsch.Teile.Unbrauchbar()) continue;
-            Bogen.Halter(Titelstück, [&](Satznummer Nummer) {
+            Bogen.Halter(Titelprobe, [&](Satznummer Nummer) {
                 if (PassenTags(Nummer, Wert)) Hier.NachTags.push_back(Nummer);
                 // The names count only while no tags fit.
                 if (Hier.NachTags.empty() && PasstName(Nummer, Wert)) Hier.NachNamen.push_back(Nummer);
@@ -134,8 +135,18 @@ class Titelsuche::Abschnitt {
     }
 
   private:
-    static std::optional<Wortsucher> SucherFür(const std::string& Stück) {
-        return Stück.empty() ? std::nullopt : std::optional<Wortsucher>(Stück);
+    // The best sieve comes first: behind it hardly anything is left for the others.
+    static Zeilenprobe ProbeFür(std::initializer_list<std::string_view> Texte) {
+        std::vector<Suchanker> Alle;
+        for (const std::string_view Einer : Texte)
+            Alle.push_back(SuchankerVon(Einer));
+        std::ranges::stable_sort(Alle, std::greater(), &Suchanker::Güte);
+        Zeilenprobe Probe;
+        for (const Suchanker& Einer : Alle) {
+            if (!Einer.Schreibungen.empty())
+                Probe.emplace_back(Einer.Schreibungen.begin(), Einer.Schreibungen.end());
+        }
+        return Probe;
     }
 
     // Display texts without the other tag's.
@@ -168,8 +179,8 @@ class Titelsuche::Abschnitt {
     const Feldwahl V2Titel = FeldFinden("Titel-ID3v2");
     const Feldwahl V2Interpret = FeldFinden("Interpret-ID3v2");
     const Feldwahl Dateiname = FeldFinden("Dateiname");
-    std::optional<Wortsucher> Titelstück;  // what the line of every record that fits holds
-    std::vector<std::optional<Wortsucher>> Pfadstücke;
+    Zeilenprobe Titelprobe;
+    std::vector<Zeilenprobe> Pfadproben;
 };
 
 Titelsuche::Titelsuche(std::string_view Gesucht, std::vector<std::string> Dateien)

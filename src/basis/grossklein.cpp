@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <utility>
 
+#include "basis/schreibungen.h"
 #include "basis/text.h"
 
 namespace liedwerk {
@@ -390,6 +392,26 @@ std::string Großbuchstaben(std::string_view Text) {
 }
 void GroßbuchstabenAnhängen(std::string& Ziel, std::string_view Text) {
     AbbildungAnhängen<Vergrößernd>(Ziel, Text);
+}
+
+std::vector<char32_t> SchreibungenVon(char32_t Zeichen) {
+    // Every letter that folds to another one, behind that one.
+    static const auto Andere = [] {
+        constexpr char32_t LetzterBuchstabe = 0xFFFF;  // of the tables
+        std::vector<std::pair<char32_t, char32_t>> Paare;
+        for (char32_t Einer = 0; Einer <= LetzterBuchstabe; ++Einer) {
+            if (const char32_t Gefaltet = ZeichenFalten(Einer); Gefaltet != Einer)
+                Paare.emplace_back(Gefaltet, Einer);
+        }
+        std::sort(Paare.begin(), Paare.end());
+        return Paare;
+    }();
+    const char32_t Gefaltet = ZeichenFalten(Zeichen);
+    std::vector<char32_t> Alle{Gefaltet};
+    for (auto Paar = std::lower_bound(Andere.begin(), Andere.end(), std::pair(Gefaltet, char32_t{0}));
+         Paar != Andere.end() && Paar->first == Gefaltet; ++Paar)
+        Alle.push_back(Paar->second);
+    return Alle;
 }
 
 bool GleichOhneGroß(std::string_view A, std::string_view B) {

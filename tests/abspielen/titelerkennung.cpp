@@ -45,8 +45,9 @@ TEST(Titelerkennung, GanzeWörterInTagsDannNamen) {
 // The quick way must find what the plain walk finds.
 TEST(Titelerkennung, GleichDemEinfachenGang) {
     Abspielwelt W;
-    const std::vector<std::string> Worte = {"Ski", "SKÁ", "Straße", "STRASSE", "o'k",
-                                            "Ä",   "9",   "e",      "x-y",     ""};
+    const std::vector<std::string> Worte = {"Ski",   "SKÁ",   "Straße", "STRASSE", "o'k",    "Ä",
+                                            "9",     "e",     "x-y",    "",        "Привет", "ПРИВЕТ",
+                                            "ΣΟΦΟΣ", "σοφος", "東京",   "Ÿ",       "kſK"};
     for (std::size_t i = 0; i < 600; ++i) {
         const auto Wort = [&](std::size_t n) {
             return Worte[(i * 7 + i / 3 + n * 3 + i / 50) % Worte.size()];
