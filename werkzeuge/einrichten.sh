@@ -7,7 +7,8 @@ source "$(dirname -- "${BASH_SOURCE[0]}")/gemeinsam.sh"
 # Without these nothing can be built or tested.
 NOETIG=(cmake ninja-build g++ qt6-base-dev qt6-svg-dev libtag1-dev libdiscid-dev libgtest-dev)
 # These make it faster, check more or reach further; without them the rest still works.
-NUETZLICH=(ccache mold libbenchmark-dev clang-format clang-tidy dbus xvfb xauth imagemagick xdotool qt6-wayland)
+NUETZLICH=(ccache mold libbenchmark-dev clang-format clang-tidy dbus xvfb xauth imagemagick xdotool qt6-wayland
+    clang-16 libclang-rt-16-dev)
 
 # The packages of the arguments that are not installed, one a line.
 fehlende() {

@@ -159,9 +159,9 @@ class Titelsuche::Abschnitt {
     // A record without a tag has no texts either and fits nothing.
     bool PassenTags(Satznummer Nummer, std::string& Wert) const {
         if (Wunsch.Teile.Titel.empty() || Wunsch.Teile.Interpret.empty()) return false;
-        const auto Passt = [&](const Feldwahl& Titel, const Feldwahl& Interpret) {
-            return AlsWort(Wunsch.Teile.Titel, Feldtext(Nummer, Titel, Wert)) &&
-                   AlsWort(Wunsch.Teile.Interpret, Feldtext(Nummer, Interpret, Wert));
+        const auto Passt = [&](const Feldwahl& Titelfeld, const Feldwahl& Interpretfeld) {
+            return AlsWort(Wunsch.Teile.Titel, Feldtext(Nummer, Titelfeld, Wert)) &&
+                   AlsWort(Wunsch.Teile.Interpret, Feldtext(Nummer, Interpretfeld, Wert));
         };
         return Passt(V1Titel, V1Interpret) || Passt(V2Titel, V2Interpret);
     }

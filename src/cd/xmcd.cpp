@@ -76,9 +76,9 @@ class Leser {
 
     // "210 rock 8a0b2c0d ...": the reply of a server begins with the category it was asked for.
     void StatuszeileLesen(std::string_view Text) {
-        constexpr std::size_t Anfang = 4;
+        const std::size_t Anfang = LinkerTeil(Text, 4).size();
         const std::size_t Ende = Text.find(' ', Anfang);
-        if (Ende != std::string_view::npos) Daten.Kategorie = Text.substr(Anfang, Ende - Anfang);
+        if (Ende != std::string_view::npos) Daten.Kategorie = CDEinzeilig(Text.substr(Anfang, Ende - Anfang));
     }
 
     void ErweitertLesen(std::string_view Wert) {
@@ -161,7 +161,8 @@ void WertAnhängen(std::vector<std::string>& Zeilen, std::string_view Schlüssel
 
 // The head of the free text. A year that would not come back as it is stays in its own line alone.
 std::string Jahresangabe(const CDDaten& Daten) {
-    const bool Vierstellig = Daten.Jahr.size() == 4 && IstNumerisch(Daten.Jahr);
+    const bool Vierstellig =
+        Kürzen(Daten.Jahr).size() == 4 && Daten.Jahr.size() == 4 && IstNumerisch(Daten.Jahr);
     // A number below 0 would come back as that of the first genre.
     const bool Bekannt = Daten.ID3Genre >= 0 && Daten.ID3Genre < CDOhneGenre;
     return "YEAR: " + (Vierstellig ? Daten.Jahr : std::string()) +

@@ -142,9 +142,7 @@ CDInhalt Anordnen(const Cueblatt& Blatt, const Abbilddateien& Dateien) {
 CDInhalt CueAuswerten(std::string_view Text, const Abbilddateien& Dateien) {
     constexpr std::size_t HöchsteEinträge = 1000;
     Cueblatt Blatt;
-    std::size_t Zeilennummer = 0;
     for (const auto& Roh : Teilen(Ersetzen(Text, "\r", "\n"), "\n")) {
-        ++Zeilennummer;
         std::string_view Zeile = Roh;
         Zeile.remove_prefix(std::min(Zeile.find_first_not_of(" \t"), Zeile.size()));
         Zeile = Zeile.substr(0, Zeile.find_last_not_of(" \t") + 1);

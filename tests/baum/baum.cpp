@@ -122,7 +122,7 @@ TEST(Schichten, JedeEinbindungFolgtDerOrdnung) {
 }
 
 TEST(Form, NamenZeichenUndLängen) {
-    for (const std::string Ordner : {"src", "tests", "benchmarks", "werkzeuge"}) {
+    for (const std::string Ordner : {"src", "tests", "benchmarks", "werkzeuge", "haerte"}) {
         for (const auto& [Pfad, Inhalt] : DateienIn(Ordner)) {
             for (const auto& Teil : Teilen(Pfad, "/")) {
                 EXPECT_TRUE(NameErlaubt(Teil)) << Ordner << "/" << Pfad << ": name is not lower-case ASCII";
