@@ -8,6 +8,7 @@
 #include <QDBusVirtualObject>
 #include <QElapsedTimer>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QThread>
 #include <atomic>
 #include <gtest/gtest.h>
@@ -185,6 +186,10 @@ TEST_F(Mpris, KommenGehenLesenUndBefehle) {
         Kanal.Senden(Finden(), Nachricht, w, l);
         EXPECT_TRUE(Warten([&, Gesucht = Ruf] { return Gerufen(Gesucht); })) << Ruf.toStdString();
     }
+    // The player tells its old place for a moment; a jump that it never makes is not believed for long.
+    QThread::msleep(300);
+    EXPECT_GE(Position(), 90000);
+    EXPECT_TRUE(Warten([&] { return Position() < 10000; }));
     Kanal.Senden(Finden(), NachrichtBefehl, SpielerSpielen, 0);
     EXPECT_TRUE(Warten([&] { return Kanal.Lage(Finden()).Offen == 0; }));
     EXPECT_FALSE(Gerufen(u"Play"_s)) << "a title that plays would begin anew";
@@ -252,6 +257,55 @@ TEST_F(Mpris, SchweigenderSpielerHältNichtsAufUndKommtWieder) {
     EXPECT_TRUE(Kanal.Schweigt());
     Spieler->Schweigt = false;
     EXPECT_TRUE(Warten([&] { return Finden() != 0; }, 15000));
+}
+
+// The command line says what a player, or the command, does not take, and sends nothing then.
+TEST_F(Mpris, BefehlszeileNenntDieGrenzen) {
+    Kommen();
+    const QTemporaryDir Ordner;
+    const QVariantMap Ganz = Spielend(u"Morgen"_s, 5'000'000);
+    const auto Ohne = [&](const QString& Name) {
+        QVariantMap Werte = Ganz;
+        Werte.remove(Name);
+        return Werte;
+    };
+    for (const auto& [Worte, Werte, Ausgang, Meldung] : {
+             std::tuple{u"spieler lautstaerke 256"_s, Ganz, 1,
+                        "Die Lautstärke 256 gibt es nicht: Möglich ist 0 bis 255."},
+             {u"spieler lautstaerke 255"_s, Ganz, 0, ""},
+             {u"spieler lautstaerke 1"_s, Ohne(u"Volume"_s), 1,
+              "Der Audioplayer kann seine Lautstärke nicht ändern."},
+             {u"spieler position 201"_s, Ganz, 1,
+              "Die Position 201 gibt es nicht: Möglich ist 0 bis 200 Sekunden."},
+             {u"spieler position 200"_s, Ganz, 0, ""},
+             {u"spieler position 1"_s, Ohne(u"CanSeek"_s), 1,
+              "Der Audioplayer kann in diesem Titel nicht springen."},
+             {u"spieler position 1"_s, Ohne(u"PlaybackStatus"_s), 1,
+              "Der Audioplayer spielt keinen Titel, dessen"},
+             {u"spieler vor"_s, Ganz, 1, "Der Audioplayer kann hier nicht blättern."},
+             {u"spieler lautstaerke"_s, Ganz, 2, "Der Befehl braucht eine Zahl."},
+             {u"spieler lautstaerke laut"_s, Ganz, 2, "'laut' ist keine Zahl."},
+             {u"spieler pause 3"_s, Ganz, 2, "Der Befehl hat keinen Wert."},
+             {u"spieler tanzen"_s, Ganz, 2, "'tanzen' ist kein Befehl für den Audio-Player."},
+             {u"abspielen eins"_s, Ganz, 2, "Eine NUMMER ist eine ganze Zahl."},
+         }) {
+        {
+            const std::lock_guard Halten(Spieler->Riegel);
+            Spieler->Werte = Werte;
+            Spieler->Rufe.clear();
+        }
+        QProcess Lauf;
+        Lauf.start(LIEDWERK_CLI,
+                   QStringList{u"--programmordner"_s, Ordner.path(), u"--einstellungen"_s,
+                               Ordner.filePath(u"e"_s), u"--setze"_s, u"WinampPfad=/x/probe"_s} +
+                       Worte.split(u' '));
+        ASSERT_TRUE(Lauf.waitForFinished(20000));
+        const std::string Fehler = Lauf.readAllStandardError().toStdString();
+        EXPECT_EQ(Lauf.exitCode(), Ausgang) << Worte.toStdString() << "\n" << Fehler;
+        EXPECT_NE(Fehler.find(Meldung), std::string::npos) << Worte.toStdString() << "\n" << Fehler;
+        const std::lock_guard Halten(Spieler->Riegel);
+        EXPECT_EQ(Spieler->Rufe.size(), Ausgang == 0 ? 1U : 0U) << Worte.toStdString();
+    }
 }
 
 TEST_F(Mpris, UnsinnWirdAlsNichtsGelesen) {

@@ -28,7 +28,9 @@ constexpr int Positionstakt = 1000;  // milliseconds between two looks while a t
 constexpr int Ruhetakt = 10000;      // the same while the player does not answer
 constexpr int Sammeldauer = 60;      // milliseconds
 constexpr int FehlschlägeHöchstens = 3;
-constexpr std::int64_t LängsteSchätzung = 2500;  // milliseconds
+constexpr std::int64_t LängsteSchätzung = 2500;                // milliseconds
+constexpr auto Sprungdauer = std::chrono::milliseconds(1500);  // that a player may take for a jump
+constexpr std::int64_t Sprungweite = 3000;  // milliseconds around its aim in which the jump has been made
 // A position that falls from beyond the first to below the second (milliseconds) is a new play.
 constexpr std::int64_t Fallhöhe = 3000;
 constexpr std::int64_t Neuanfang = 2000;
@@ -279,12 +281,22 @@ void Mprisarbeiter::Geantwortet(bool Gelungen) {
     }
     if (Stumm()) {
         Takt->start(Ruhetakt);
-    } else if (Spielt || !Gelungen) {
+    } else if (Spielt || !Gelungen || Sprungziel >= 0) {
         Takt->start(Positionstakt);
     } else {
         Takt->stop();
     }
     if (Neu) Melden();
+}
+
+// A player that has taken a jump still tells for a moment where it was: shown, that would throw the slider
+// back.
+bool Mprisarbeiter::SpringtNoch(std::int64_t Position) {
+    if (Sprungziel < 0) return false;
+    if (std::abs(Position - Sprungziel) > Sprungweite && std::chrono::steady_clock::now() < Sprungfrist)
+        return true;
+    Sprungziel = -1;
+    return false;
 }
 
 void Mprisarbeiter::PositionMerken(const QVariant& Wert) {
@@ -293,6 +305,7 @@ void Mprisarbeiter::PositionMerken(const QVariant& Wert) {
     const std::int64_t Vorher = Bild->PositionJetzt();
     const std::int64_t Jetzt =
         Mikrosekunden ? static_cast<std::int64_t>(std::clamp(*Mikrosekunden / 1000, 0.0, 1e10)) : -1;
+    if (SpringtNoch(Jetzt)) return;
     if (Jetzt >= 0 && Jetzt < Neuanfang && Vorher - Jetzt > Fallhöhe) ++Bild->Lage.Durchgang;
     Bild->Position = Jetzt;
     Bild->Gemessen = std::chrono::steady_clock::now();
@@ -311,6 +324,7 @@ void Mprisarbeiter::GanzLesen(const QVariantMap& Werte) {
         if (AndererTitel || (Bild->Zustand == 0 && Zustand == 1)) {
             ++Lage.Durchgang;
             Bild->Position = -1;  // a position of the title before must not count as a fall
+            Sprungziel = -1;
         }
         Bild->Zustand = Zustand;
         Bild->Länge = Neuer.Länge;
@@ -351,8 +365,9 @@ void Mprisarbeiter::Springen(std::int64_t Millisekunden) {
         Kann = Bild->Lage.KannSpringen;
         Jetzt = std::max<std::int64_t>(0, Bild->PositionJetzt());
         if (Kann) {
-            Bild->Position = Millisekunden;
+            Bild->Position = Sprungziel = Millisekunden;
             Bild->Gemessen = std::chrono::steady_clock::now();
+            Sprungfrist = Bild->Gemessen + Sprungdauer;
         }
     }
     if (!Kann) return Erledigt();

@@ -62,6 +62,7 @@ class Mprisarbeiter final : public QObject {
     void PositionLesen();
     void GanzLesen(const QVariantMap& Werte);
     void PositionMerken(const QVariant& Wert);
+    bool SpringtNoch(std::int64_t Position);
     void Geantwortet(bool Gelungen);
     bool Stumm() const;  // it has not answered several times
     void Befehl(QDBusMessage Nachricht);
@@ -83,6 +84,8 @@ class Mprisarbeiter final : public QObject {
     QString Eigner;                      // its unique name
     Mpristitel Titel;
     bool Zweit = false;
+    std::int64_t Sprungziel = -1;  // milliseconds; the player was sent there and has not told of it yet
+    std::chrono::steady_clock::time_point Sprungfrist;
     int Fehlschläge = 0;
     std::uint64_t Folge = 0;  // rises when another player is watched: late answers are dropped
     bool FähigkeitenBekannt = false;
