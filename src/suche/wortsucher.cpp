@@ -16,9 +16,13 @@ constexpr std::string_view HäufigeBytes =
 
 constexpr std::array<std::uint8_t, 256> RängeBilden() {
     std::array<std::uint8_t, 256> Ränge{};
+    // In another script few lead bytes of UTF-8 stand before nearly every letter; what follows them varies.
+    constexpr std::size_t ErstesLeitbyte = 0xC2;
+    for (std::size_t Byte = ErstesLeitbyte; Byte < Ränge.size(); ++Byte)
+        Ränge[Byte] = 1;
     for (std::size_t i = 0; i < HäufigeBytes.size(); ++i) {
         Ränge[static_cast<unsigned char>(HäufigeBytes[i])] =
-            static_cast<std::uint8_t>(HäufigeBytes.size() - i);
+            static_cast<std::uint8_t>(HäufigeBytes.size() - i + 1);
     }
     return Ränge;
 }
