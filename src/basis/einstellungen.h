@@ -141,6 +141,9 @@ inline constexpr std::int32_t DesktopFarbe = -1;
     X(Kurz, TAGsModern, 0) \
     X(Kurz, FehlendeMedienZeigen, 0) \
     X(Kurz, SucheUmlauteGleich, 0) \
+    X(Kurz, WeitereFormate, 0) \
+    X(Kurz, SyncGeänderteLesen, 0) \
+    X(Kurz, SyncBeobachten, 0) \
     X(Text, TermineIndex, "") \
     X(Text, TermineIndexPrüfsumme, "")
 

@@ -94,6 +94,7 @@ Medienumgebung MedienumgebungVon(Anwendung& Programm) {
     Umgebung.Dateitypen = &Programm.Index.Optionen.Dateitypen;
     Umgebung.TAGsBytesSuchen = Programm.Werte.TAGsBytesSuchen;
     Umgebung.TAGsModern = Programm.Werte.TAGsModern == 1;
+    Umgebung.WeitereFormate = Programm.Werte.WeitereFormate == 1;
     Umgebung.Zeit = &Programm.Dienst.Zeit;
     Umgebung.Auskunft = Programm.Dienst.Auskunft;
     Umgebung.Log = &Programm.Log;

@@ -12,8 +12,9 @@ namespace {
 
 constexpr std::string_view AlleAnderen = "*";
 
-bool IstVorgabe(std::string_view Endung) {
-    return std::ranges::any_of(DateitypenVorgabe(), [&](const Dateityp& Typ) {
+// True for a type that comes back with every load.
+bool IstGrundtyp(std::string_view Endung, bool MitWeiteren) {
+    return std::ranges::any_of(Grundtypen(MitWeiteren), [&](const Dateityp& Typ) {
         return GleichOhneGroß(EintragsEndung(Typ.Eintrag), Endung);
     });
 }
@@ -86,12 +87,13 @@ std::string DateitypHinzufügen(Indexoptionen& Optionen, std::string_view Endung
     return {};
 }
 
-std::string DateitypUmbenennen(Indexoptionen& Optionen, std::size_t Platz, std::string_view Endung) {
+std::string DateitypUmbenennen(Indexoptionen& Optionen, std::size_t Platz, std::string_view Endung,
+                               bool MitWeiteren) {
     Dateityp& Typ = Optionen.Dateitypen[Platz];
     const std::string Alte(EintragsEndung(Typ.Eintrag));
     const std::string Neue = Bereinigt(Endung);
     if (GleichOhneGroß(Alte, Neue)) return {};
-    if (IstVorgabe(Alte))
+    if (IstGrundtyp(Alte, MitWeiteren))
         return "Der Dateityp '" + Alte +
                "' gehört zu den Vorgaben und kann nicht umbenannt werden.\nFügen Sie stattdessen einen neuen "
                "hinzu.";
@@ -100,10 +102,10 @@ std::string DateitypUmbenennen(Indexoptionen& Optionen, std::size_t Platz, std::
     return Meldung;
 }
 
-std::string DateitypEntfernen(Indexoptionen& Optionen, std::size_t Platz) {
+std::string DateitypEntfernen(Indexoptionen& Optionen, std::size_t Platz, bool MitWeiteren) {
     Dateityp& Typ = Optionen.Dateitypen[Platz];
     const std::string Endung(EintragsEndung(Typ.Eintrag));
-    if (!IstVorgabe(Endung)) {
+    if (!IstGrundtyp(Endung, MitWeiteren)) {
         Optionen.Dateitypen.erase(Optionen.Dateitypen.begin() + static_cast<std::ptrdiff_t>(Platz));
         return {};
     }

@@ -20,11 +20,13 @@ void TypschalterSetzen(Dateityp& Typ, Typschalter Welcher, bool An);
 // Adds an extension ("mp3", also "*.mp3" and ".mp3"), managed and for the player. Empty on success, else what
 // is wrong with it.
 std::string DateitypHinzufügen(Indexoptionen& Optionen, std::string_view Endung);
-// The same for a new extension of an entry (0-based).
-std::string DateitypUmbenennen(Indexoptionen& Optionen, std::size_t Platz, std::string_view Endung);
+// The same for a new extension of an entry (0-based). MitWeiteren: the further formats are switched on, and
+// so are among the defaults.
+std::string DateitypUmbenennen(Indexoptionen& Optionen, std::size_t Platz, std::string_view Endung,
+                               bool MitWeiteren = false);
 // Removes an entry (0-based). One of the defaults comes back with every load, so that it can only be taken
 // out of the management: it stays then, and the text says so. Empty when it is gone.
-std::string DateitypEntfernen(Indexoptionen& Optionen, std::size_t Platz);
+std::string DateitypEntfernen(Indexoptionen& Optionen, std::size_t Platz, bool MitWeiteren = false);
 
 // What is wrong with a folder to synchronise, itself the entry Platz of the rules; empty when nothing is.
 std::string SyncRegelPrüfen(const Indexoptionen& Optionen, std::size_t Platz);

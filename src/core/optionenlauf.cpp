@@ -24,6 +24,17 @@ bool UnterschiedeNehmen(Einstellungen& Ziel, const Einstellungen& Alt, const Ein
     return Geändert;
 }
 
+// The loaded index knows the further formats at once; others learn them when they are loaded. Switching off
+// leaves the table to the person, who may have put in the same types.
+void WeitereFormateAufnehmen(Anwendung& Programm) {
+    if (Programm.Werte.WeitereFormate != 1 || Programm.Index.Programmmodus == ModusNichtsGeladen) return;
+    auto& Typen = Programm.Index.Optionen.Dateitypen;
+    const auto Fehlende = FehlendeGrundtypen(Typen, true);
+    if (Fehlende.empty()) return;
+    Typen.insert(Typen.end(), Fehlende.begin(), Fehlende.end());
+    Programm.Index.IndexGeändert = true;
+}
+
 }  // namespace
 
 Einstellungen OptionenEntwurf(const Anwendung& Programm) {
@@ -39,6 +50,7 @@ void OptionenÜbernehmen(Anwendung& Programm, const Einstellungen& Alt, const Ei
         Programm.TagLesenGemerkt = Neu.Mp3TagLesen;
         Programm.Werte.Mp3TagLesen = FürDenLauf;
     }
+    WeitereFormateAufnehmen(Programm);
     Programm.Dienst.Fenster.ErscheinungAnwenden();
     Programm.Dienst.Fenster.AuswahlZeigen();
     EinstellungenSichern(Programm, true);

@@ -178,6 +178,10 @@ constexpr Option Tabelle[] = {
      "Gilt für Ordner, die Sie wählen oder in das Fenster ziehen."},
     {Dateien, "Beim Hinzufügen", LIEDWERK_OPTION(HinzufügenKeineDoppelten), Schalter,
      "&Keine Dateien hinzufügen, die schon im Index sind"},
+    {Dateien, "Beim Hinzufügen", LIEDWERK_OPTION(WeitereFormate), Schalter,
+     "Auch &FLAC, Opus, MP4/M4A, APE und AIFF verwalten",
+     "Diese Dateien werden gelesen, aber nie geändert. Einzelne Arten wählen Sie bei den Dateitypen des "
+     "Index ab."},
     {Dateien, "Aus den Dateien lesen", LIEDWERK_OPTION(Mp3TagLesen), Stelle, "ID3v&1-TAGs", {}, 0},
     {Dateien,
      "Aus den Dateien lesen",
@@ -201,6 +205,13 @@ constexpr Option Tabelle[] = {
     {Medien, "Dateien, die nicht verfügbar sind", LIEDWERK_OPTION(NichtVerfügbarExistierenNicht), Schalter,
      "Nicht verfügbare Dateien als nicht &existierend behandeln (Vorsicht!)",
      "Beim Synchronisieren werden dann auch Dateien aus dem Index entfernt, deren Medium gerade fehlt."},
+    {Medien, "Synchronisieren", LIEDWERK_OPTION(SyncGeänderteLesen), Schalter,
+     "&Geänderte Dateien dabei neu lesen",
+     "Größe, Klangdaten und TAGs kommen aus der Datei; Ihre Statistik, Bewertung und Benutzer-Daten "
+     "bleiben."},
+    {Medien, "Synchronisieren", LIEDWERK_OPTION(SyncBeobachten), Schalter,
+     "Ordner &beobachten und die Synchronisation anbieten",
+     "Gilt für die Ordner zum Synchronisieren, die auf Laufwerken dieses Computers liegen."},
     {Medien, "Ordner", LIEDWERK_OPTION(LeereOrdnerLöschen), Schalter,
      "Anbieten, nach dem Verschieben oder Löschen leere O&rdner zu entfernen"},
 

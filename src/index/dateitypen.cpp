@@ -21,6 +21,15 @@ bool SchalterErlauben(std::string_view Schalter, bool NurMpeg, bool NurBilder, b
     return Bild ? !(NurAudio || NurMpeg) : !NurBilder;
 }
 
+// FLAC, Opus, MPEG-4 audio, Monkey's Audio and AIFF.
+const std::vector<Dateityp>& WeitereTypen() {
+    static const std::vector<Dateityp> Weitere = {
+        {"flac=1", "010"}, {"opus=1", "010"}, {"m4a=1", "010"}, {"m4b=1", "010"},
+        {"mp4=1", "010"},  {"ape=1", "010"},  {"aif=1", "010"}, {"aiff=1", "010"},
+    };
+    return Weitere;
+}
+
 }  // namespace
 
 const std::vector<Dateityp>& DateitypenVorgabe() {
@@ -30,6 +39,29 @@ const std::vector<Dateityp>& DateitypenVorgabe() {
         {"vqf=1", "010"}, {"jpeg=0", "001"}, {"cda=1", "010"}, {"ogg=1", "010"}, {"*=0", "000"},
     };
     return Vorgabe;
+}
+
+std::vector<Dateityp> Grundtypen(bool MitWeiteren) {
+    std::vector<Dateityp> Alle = DateitypenVorgabe();
+    // Ahead of the entry for all others.
+    if (MitWeiteren) Alle.insert(Alle.end() - 1, WeitereTypen().begin(), WeitereTypen().end());
+    return Alle;
+}
+
+std::vector<Dateityp> FehlendeGrundtypen(const std::vector<Dateityp>& Dateitypen, bool MitWeiteren) {
+    std::vector<Dateityp> Fehlende = Grundtypen(MitWeiteren);
+    std::erase_if(Fehlende, [&](const Dateityp& Grundtyp) {
+        return std::ranges::any_of(Dateitypen, [&](const Dateityp& Typ) {
+            return GleichOhneGroß(EintragsEndung(Typ.Eintrag), EintragsEndung(Grundtyp.Eintrag));
+        });
+    });
+    return Fehlende;
+}
+
+bool IstWeiteresFormat(std::string_view Endung) {
+    return !Endung.empty() && std::ranges::any_of(WeitereTypen(), [&](const Dateityp& Typ) {
+        return GleichOhneGroß(EintragsEndung(Typ.Eintrag), Endung.substr(1));
+    });
 }
 
 std::string_view EintragsEndung(std::string_view Eintrag) {

@@ -17,6 +17,12 @@ struct Dateityp {
 
 // The default table, in its order.
 const std::vector<Dateityp>& DateitypenVorgabe();
+// The same with the further formats that a person can switch on, where MitWeiteren says so.
+std::vector<Dateityp> Grundtypen(bool MitWeiteren);
+// Those of them whose extension the table does not name.
+std::vector<Dateityp> FehlendeGrundtypen(const std::vector<Dateityp>& Dateitypen, bool MitWeiteren);
+// True for the extension (with its dot) of a further format.
+bool IstWeiteresFormat(std::string_view Endung);
 
 // The file-type test. The first entry whose extension equals the path's (without regard to case) decides.
 bool DateiTypErlaubt(const std::vector<Dateityp>& Dateitypen, std::string_view Pfad, bool NurMpeg,

@@ -28,6 +28,7 @@ enum Dateiart : std::int16_t {
     DateiartBild = 4,
     DateiartCdTitel = 5,
     DateiartOgg = 6,
+    DateiartWeitere = 7,  // a further format that the person has switched on; never written
 };
 
 // States of HatId3v1, HatId3v2, HatLyrics.

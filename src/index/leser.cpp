@@ -211,17 +211,14 @@ bool InhaltLesen(const Ladevorgang& Lauf, bool& Unvollständig) {
 // Adds the default file types that the file does not name.
 void DateitypenErgänzen(const Ladevorgang& Lauf) {
     Indexoptionen& Optionen = Lauf.Index.Optionen;
+    const bool MitWeiteren = Lauf.Werte.WeitereFormate == 1;
     if (Optionen.DateitypenLeer != 0) {
-        Optionen.Dateitypen = DateitypenVorgabe();
+        Optionen.Dateitypen = Grundtypen(MitWeiteren);
         Optionen.DateitypenLeer = 0;
         Lauf.Index.IndexGeändert = true;
         return;
     }
-    for (const Dateityp& Vorgabe : DateitypenVorgabe()) {
-        const bool Vorhanden = std::ranges::any_of(Optionen.Dateitypen, [&](const Dateityp& Typ) {
-            return GleichOhneGroß(EintragsEndung(Typ.Eintrag), EintragsEndung(Vorgabe.Eintrag));
-        });
-        if (Vorhanden) continue;
+    for (const Dateityp& Vorgabe : FehlendeGrundtypen(Optionen.Dateitypen, MitWeiteren)) {
         Optionen.Dateitypen.push_back(Vorgabe);
         Lauf.Index.IndexGeändert = true;
         Lauf.Umgebung.Log.Schreiben("DateiLesen: DateitypenVerwalten erstellen für Endung '" +

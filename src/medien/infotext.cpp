@@ -60,6 +60,12 @@ void MpegAnhängen(const Datensatz& Satz, Zeilen& Info) {
     Info.Anhängen("Privat: ", Satz.Privat);
 }
 
+void WeiteresFormatAnhängen(const Datensatz& Satz, Zeilen& Info) {
+    if (!Satz.Modus.empty())
+        Info.Anhängen("Modus: ", Satz.Modus + ", " + std::to_string(Satz.Frequenz) + " Hz");
+    if (Satz.Bitrate > 0) Info.Anhängen("Bitrate: ", std::to_string(Satz.Bitrate) + " kbps");
+}
+
 void FormatAnhängen(const Datensatz& Satz, Zeilen& Info) {
     const bool NieMitDauer = Satz.Dateityp == DateiartBild || Satz.Dateityp == DateiartOgg;
     const bool ImmerMitDauer = Satz.Dateityp == DateiartWindowsMedia || Satz.Dateityp == DateiartWave;
@@ -67,6 +73,7 @@ void FormatAnhängen(const Datensatz& Satz, Zeilen& Info) {
         MpegAnhängen(Satz, Info);
         return;
     }
+    if (Satz.Dateityp == DateiartWeitere) WeiteresFormatAnhängen(Satz, Info);
     if (ImmerMitDauer || (!NieMitDauer && Satz.Dauer > 0)) {
         Info.Anhängen("Dauer: ", DauerFormatieren(Satz.Dauer, true));
     }

@@ -34,7 +34,8 @@ constexpr std::array<Endungsart, 5> Endungsarten = {{
 }};
 
 // The media type of a path; nothing when its extension is in no group.
-std::optional<Dateiart> DateiartFinden(const std::vector<Dateityp>* Dateitypen, std::string_view Pfad) {
+std::optional<Dateiart> DateiartFinden(const Medienumgebung& Umgebung, std::string_view Pfad) {
+    const std::vector<Dateityp>* const Dateitypen = Umgebung.Dateitypen;
     const std::string_view Endung = EndungVon(Pfad);
     if (Dateitypen == nullptr || Endung.empty()) return std::nullopt;
     const auto Eintrag = std::find_if(Dateitypen->begin(), Dateitypen->end(), [&](const Dateityp& Typ) {
@@ -49,8 +50,9 @@ std::optional<Dateiart> DateiartFinden(const std::vector<Dateityp>* Dateitypen, 
     const auto* Fund = std::find_if(Endungsarten.begin(), Endungsarten.end(), [&](const Endungsart& Art) {
         return GleichOhneGroß(Art.Endung, Endung);
     });
-    if (Fund == Endungsarten.end()) return std::nullopt;
-    return Fund->Art;
+    if (Fund != Endungsarten.end()) return Fund->Art;
+    return Umgebung.WeitereFormate && IstWeiteresFormat(Endung) ? std::optional(DateiartWeitere)
+                                                                : std::nullopt;
 }
 
 void Id3v2BlockLesen(const Medienumgebung& Umgebung, std::string_view Pfad, bool ZeilenEntfernen,
@@ -106,6 +108,47 @@ void WindowsMediaLesen(const Medienumgebung& Umgebung, std::string_view Pfad, Da
     if (DateiExistiert(Pfad)) MediaPlayerLesen(Umgebung, Pfad, true, Satz);
 }
 
+std::string Kanalmodus(int Kanäle) {
+    switch (Kanäle) {
+        case 0:
+            return {};
+        case 1:
+            return "Mono";
+        case 2:
+            return "Stereo";
+        default:
+            return std::to_string(Kanäle) + " Kanäle";
+    }
+}
+
+// A further format: its sound and its texts, in the members that other files than MPEG audio use.
+void WeiteresFormatLesen(const Medienumgebung& Umgebung, std::string_view Pfad, bool ZeilenEntfernen,
+                         Datensatz& Satz) {
+    Satz.HatId3v1 = Satz.HatId3v2 = Satz.HatLyrics = TagFehlt;
+    if (Umgebung.Auskunft == nullptr || !DateiExistiert(Pfad)) return;
+    auto Angaben = Umgebung.Auskunft->Lesen(Pfad, Umgebung.Weiter);
+    if (!Angaben) return;
+    const auto Zahlentext = [](unsigned Zahl) { return Zahl == 0 ? std::string() : std::to_string(Zahl); };
+    Satz.Dauer = Gerundet<std::int32_t>(Angaben->Dauer).value_or(Satz.Dauer);
+    Satz.Bitrate = Angaben->Bitrate;
+    Satz.Frequenz = Angaben->Frequenz;
+    Satz.Modus = Kanalmodus(Angaben->Kanäle);
+    Satz.Titel = std::move(Angaben->Titel);
+    Satz.Interpret = std::move(Angaben->Interpret);
+    Satz.Album = std::move(Angaben->Album);
+    Satz.Jahr = Zahlentext(Angaben->Jahr);
+    Satz.Titelnummer = Zahlentext(Angaben->Titelnummer);
+    Satz.Kommentar = TextBereinigen(Angaben->Kommentar, ZeilenEntfernen);
+    Satz.Genre.reset();
+    Satz.V2Genre.clear();
+    if (!Angaben->Genre.empty()) GenreTextSetzen(Angaben->Genre, Satz);
+    const auto Texte = {&Datensatz::Titel,   &Datensatz::Interpret,   &Datensatz::Album,    &Datensatz::Jahr,
+                        &Datensatz::V2Genre, &Datensatz::Titelnummer, &Datensatz::Kommentar};
+    const bool Gefunden =
+        std::any_of(Texte.begin(), Texte.end(), [&](auto Feld) { return !(Satz.*Feld).empty(); });
+    if (Gefunden || Satz.Genre.value_or(KeinGenre) != KeinGenre) Satz.HatId3v1 = TagVorhanden;
+}
+
 void WaveDateiLesen(const Medienumgebung& Umgebung, std::string_view Pfad, const Lesedatei& Datei,
                     Datensatz& Satz) {
     bool UnbekannteAngaben = false;
@@ -140,6 +183,9 @@ std::optional<Dateistand> InhaltLesen(const Medienumgebung& Umgebung, std::strin
         case DateiartWindowsMedia:
             if (Code.Datenstrom) WindowsMediaLesen(Umgebung, Pfad, Satz);
             return std::nullopt;
+        case DateiartWeitere:
+            if (Code.Datenstrom) WeiteresFormatLesen(Umgebung, Pfad, ZeilenEntfernen, Satz);
+            return std::nullopt;
         case DateiartCdTitel:
             if (Umgebung.CdInfosLesen) Umgebung.CdInfosLesen(Pfad, Satz);
             return std::nullopt;
@@ -173,7 +219,7 @@ Datensatz MedienDatenLesen(const Medienumgebung& Umgebung, std::string_view Pfad
     std::optional<Dateistand> Stand;
     if (Auftrag.Code) {
         Satz.V1Gelesen = Satz.Id3v2Gelesen = Satz.LyricsGelesen = false;
-        if (const auto Art = DateiartFinden(Umgebung.Dateitypen, Pfad)) {
+        if (const auto Art = DateiartFinden(Umgebung, Pfad)) {
             Satz.Dateityp = *Art;
             Stand = InhaltLesen(Umgebung, Pfad, *Auftrag.Code, Auftrag.ZeilenEntfernen, Satz);
         }

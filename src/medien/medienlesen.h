@@ -25,7 +25,8 @@ namespace liedwerk {
 struct Medienumgebung {
     const std::vector<Dateityp>* Dateitypen = nullptr;  // of the loaded index
     std::int64_t TAGsBytesSuchen = 102400;              // bytes searched for an ID3v2 tag; 0 or below: all
-    bool TAGsModern = false;  // reads ID3v2 as other programs do (medien/id3v2modern.h)
+    bool TAGsModern = false;      // reads ID3v2 as other programs do (medien/id3v2modern.h)
+    bool WeitereFormate = false;  // files of further formats (index/dateitypen.h) are asked for their data
     const Uhr* Zeit = nullptr;
     const Medienauskunft* Auskunft = nullptr;  // may be missing: such files then have no duration
     // Asked while Auskunft is at work; false gives it up. Missing: it has its full time.

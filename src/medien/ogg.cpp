@@ -5,7 +5,7 @@
 
 #include "basis/ansi.h"
 #include "basis/text.h"
-#include "index/genres.h"
+#include "medien/tagtext.h"
 
 namespace liedwerk {
 namespace {
@@ -69,12 +69,6 @@ std::string Zahlentext(std::string_view Text) {
     return (Negativ ? "-" : "") + std::string(Ziffern);
 }
 
-void GenreSetzen(const std::string& Text, Datensatz& Satz) {
-    const auto Nummer = GenreNummer(Text);
-    Satz.Genre = Nummer.value_or(KeinGenre);
-    Satz.V2Genre = Nummer ? std::string() : Text;
-}
-
 void WertSetzen(const OggSchlüssel& Eintrag, std::string_view Bytes, Datensatz& Satz) {
     const std::string Text = IstUtf8(Bytes) ? std::string(Bytes) : AnsiNachUtf8(Bytes);
     if (Eintrag.Feld == &Datensatz::Titelnummer) {
@@ -82,7 +76,7 @@ void WertSetzen(const OggSchlüssel& Eintrag, std::string_view Bytes, Datensatz&
     } else if (Eintrag.Feld != nullptr) {
         Satz.*Eintrag.Feld = Text;
     } else if (Eintrag.Schlüssel == "GENRE=") {
-        GenreSetzen(Text, Satz);
+        GenreTextSetzen(Text, Satz);
     }
 }
 

@@ -30,9 +30,32 @@ bool Gefüllt(const Datensatz& Satz, std::span<std::string Datensatz::*const> Fe
     return std::any_of(Felder.begin(), Felder.end(), [&](auto Feld) { return !(Satz.*Feld).empty(); });
 }
 
-bool IstMpeg(const Tagumgebung& Umgebung, std::string_view Pfad) {
+std::int16_t DateiartLesen(const Tagumgebung& Umgebung, std::string_view Pfad) {
     const Leseauftrag NurTyp{Lesecode{}, false, false, false};
-    return Umgebung.Leser(Pfad, {}, NurTyp).Dateityp == DateiartMpeg;
+    return Umgebung.Leser(Pfad, {}, NurTyp).Dateityp;
+}
+
+constexpr std::string_view KeinMpeg =
+    "Sie sollten TAGs nur in Dateien des Typs 'MPEG Audio/AAC' speichern.\n"
+    "Der Datei-Typ konnte anhand der Dateiendung nicht als passend erkannt werden.\n\n";
+
+// Files of the further formats are read only: a foreign tag at their ends could make them unreadable for
+// other programs.
+std::string NurLesbarText(std::string_view Pfad) {
+    return std::string(KeinMpeg) + "Die Datei '" + std::string(Pfad) + "' wurde deshalb nicht geändert.";
+}
+
+// Asks before tags go into a file that is not made for them.
+bool SchreibenErlaubt(const Tagumgebung& Umgebung, std::string_view Pfad) {
+    const std::int16_t Art = DateiartLesen(Umgebung, Pfad);
+    if (Art == DateiartMpeg) return true;
+    if (Art == DateiartWeitere) {
+        Umgebung.Person.Melden(Symbol::Ausrufezeichen, NurLesbarText(Pfad));
+        return false;
+    }
+    return Umgebung.Person.JaNein(
+               Symbol::Ausrufezeichen,
+               std::string(KeinMpeg) + "Möchten Sie trotzdem speichern (nicht empfohlen)?") == Antwort::Ja;
 }
 
 // A genre of the list gets its number in front.
@@ -200,12 +223,7 @@ Tagsergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagau
                            bool NurMitInhalt) {
     Tagsergebnis Ergebnis;
     EingabeAufbereiten(Umgebung, Welche, Arbeit.Satz);
-    if (!IstMpeg(Umgebung, Arbeit.Pfad) &&
-        Umgebung.Person.JaNein(
-            Symbol::Ausrufezeichen,
-            "Sie sollten TAGs nur in Dateien des Typs 'MPEG Audio/AAC' speichern.\n"
-            "Der Datei-Typ konnte anhand der Dateiendung nicht als passend erkannt werden.\n\n"
-            "Möchten Sie trotzdem speichern (nicht empfohlen)?") != Antwort::Ja) {
+    if (!SchreibenErlaubt(Umgebung, Arbeit.Pfad)) {
         Ergebnis.Gescheitert = true;
         return Ergebnis;
     }
@@ -235,6 +253,11 @@ Tagsergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagau
 Entfernergebnis TagEntfernen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block, bool Still) {
     DateiZurückholen(Arbeit.Pfad, Umgebung.Person, Umgebung.Reste);
     Entfernergebnis Ergebnis;
+    if (DateiartLesen(Umgebung, Arbeit.Pfad) == DateiartWeitere) {
+        Ergebnis.Meldung = NurLesbarText(Arbeit.Pfad);
+        if (!Still) Umgebung.Person.Melden(Symbol::Ausrufezeichen, Ergebnis.Meldung);
+        return Ergebnis;
+    }
     if (!EntfernenErlaubt(Umgebung, Arbeit, Block)) {
         Ergebnis.Meldung = "Der " + TagName(Block) + " wurde nicht entfernt.";
     } else {

@@ -1,6 +1,7 @@
 #include "medien/tagtext.h"
 
 #include "basis/text.h"
+#include "index/genres.h"
 
 namespace liedwerk {
 
@@ -13,6 +14,12 @@ std::string TextBereinigen(std::string_view Text, bool ZeilenEntfernen) {
     }
     Sauber.resize(RechtsKürzen(Sauber).size());
     return Sauber;
+}
+
+void GenreTextSetzen(const std::string& Text, Datensatz& Satz) {
+    const auto Nummer = GenreNummer(Text);
+    Satz.Genre = Nummer.value_or(KeinGenre);
+    Satz.V2Genre = Nummer ? std::string() : Text;
 }
 
 }  // namespace liedwerk

@@ -1,5 +1,5 @@
-// The port to a media player's knowledge of a file: duration and three texts, for Windows Media files and for
-// Wave files whose header does not tell enough.
+// The port to a media player's knowledge of a file: for Windows Media files, for Wave files whose header does
+// not tell enough, and for the further formats that a person can switch on.
 #pragma once
 
 #include <cstdint>
@@ -15,6 +15,13 @@ struct Medienangaben {
     std::string Titel;
     std::string Interpret;
     std::string Kommentar;
+    std::string Album{};
+    std::string Genre{};
+    unsigned Jahr = 0;         // 0: none
+    unsigned Titelnummer = 0;  // 0: none
+    int Bitrate = 0;           // kbit/s; 0: not known, as with the next two
+    int Frequenz = 0;          // Hz
+    int Kanäle = 0;
 };
 
 class Medienauskunft {

@@ -184,6 +184,30 @@ TEST_F(Optionentest, StatistikWirdNurNachFrageGelöscht) {
     EXPECT_EQ(P->Index.Sätze.Zahl(1, FeldAbspielHäufigkeit), 0);
 }
 
+TEST_F(Optionentest, WeitereFormateKommenInDenIndexUndBleibenAbwählbar) {
+    const auto Einträge = [&](std::string_view Gesucht) {
+        return std::ranges::count(P->Index.Optionen.Dateitypen, Gesucht, &Dateityp::Eintrag);
+    };
+    ASSERT_TRUE(StandardDateiLaden(*P, ModusNichtsGeladen, true));
+    EXPECT_EQ(P->Index.Optionen.Dateitypen, DateitypenVorgabe());
+    P->Index.IndexGeändert = false;
+    Einstellungen Neu = P->Werte;
+    Neu.WeitereFormate = 1;
+    OptionenÜbernehmen(*P, P->Werte, Neu);
+    EXPECT_EQ(Einträge("flac=1"), 1);
+    EXPECT_TRUE(P->Index.IndexGeändert);
+    // One that the person does not want stays away, and is not doubled by the next load.
+    const auto Flac = std::ranges::find(P->Index.Optionen.Dateitypen, "flac=1", &Dateityp::Eintrag);
+    EXPECT_NE(DateitypEntfernen(P->Index.Optionen,
+                                static_cast<std::size_t>(Flac - P->Index.Optionen.Dateitypen.begin()), true),
+              "");
+    ASSERT_TRUE(AndereDateiLaden(*P, Standard()));
+    EXPECT_EQ(Einträge("flac=0"), 1);
+    EXPECT_EQ(Einträge("opus=1"), 1);
+    EXPECT_EQ(P->Index.Optionen.Dateitypen.size(), Grundtypen(true).size());
+    EXPECT_FALSE(P->Index.IndexGeändert);
+}
+
 TEST(IndexOptionen, DateitypenWerdenGeprüftUndVorgabenBleiben) {
     Indexoptionen Optionen;
     Optionen.Dateitypen = DateitypenVorgabe();

@@ -51,6 +51,45 @@ TEST_F(Wave, UnklareAngabenFragenDenSpieler) {
     EXPECT_EQ(Satz.HatId3v1, TagVorhanden);
 }
 
+TEST_F(Verteiler, WeitereFormateNurWennEingeschaltet) {
+    Spieler Auskunft;
+    Umgebung.Auskunft = &Auskunft;
+    const auto Typen = Grundtypen(true);
+    Umgebung.Dateitypen = &Typen;
+    const Datensatz Alt{.Titel = "alt", .Dateityp = 77};
+    EXPECT_EQ(Lesen("x", "1111", Alt, "a.flac").Dateityp, 77) << "an entry alone changes nothing";
+
+    Umgebung.WeitereFormate = true;
+    Auskunft.Angaben = Medienangaben{.Dauer = 61.6,
+                                     .Titel = "T",
+                                     .Interpret = "I",
+                                     .Kommentar = "a\nb",
+                                     .Album = "A",
+                                     .Genre = "Rock",
+                                     .Jahr = 1999,
+                                     .Titelnummer = 3,
+                                     .Bitrate = 900,
+                                     .Frequenz = 48000,
+                                     .Kanäle = 2};
+    for (const char* Name : {"a.flac", "a.OPUS", "a.m4a", "a.mp4", "a.ape", "a.aif", "a.aiff"}) {
+        const Datensatz Satz = Lesen("x", "0010", {}, Name);
+        EXPECT_EQ(Satz.Dateityp, DateiartWeitere) << Name;
+        EXPECT_EQ(Satz.Titel + Satz.Interpret + Satz.Album + Satz.Jahr + Satz.Titelnummer, "TIA19993");
+        EXPECT_EQ(Satz.Kommentar, "a\nb");
+        EXPECT_EQ(Satz.Genre, 17);
+        EXPECT_EQ(Satz.HatId3v1, TagVorhanden);
+        const std::string Info = DateiinformationBilden("a", Satz, true).Info;
+        EXPECT_NE(Info.find("Modus: Stereo, 48000 Hz\nBitrate: 900 kbps\nDauer: 01:02"), std::string::npos)
+            << Info;
+    }
+    EXPECT_EQ(Lesen("x", "1101", Alt, "a.flac").Titel, "alt") << "without the stream nothing is asked";
+    Auskunft.Angaben = {.Genre = "Schuhplattler", .Kanäle = 6};
+    const Datensatz Fremd = Lesen("x", "0010", {}, "a.m4b");
+    EXPECT_EQ(Fremd.V2Genre + Fremd.Modus + Fremd.Jahr, "Schuhplattler6 Kanäle");
+    Auskunft.Angaben = std::nullopt;
+    EXPECT_EQ(Lesen("x", "0010", {}, "a.flac").HatId3v1, TagFehlt);
+}
+
 TEST_F(Ogg, KommentareWerdenGefundenUndBegrenzt) {
     const std::string Lang(300, 'k');
     const Datensatz Satz =

@@ -118,6 +118,17 @@ TEST_F(Tagslauf, FremdeDateiartUndFehlendeDateiSchreibenNichtsUngefragt) {
     EXPECT_FALSE(TagsSpeichern(Welt, Arbeit, Tagauswahl::Id3v1, false).Gespeichert);
     EXPECT_EQ(Inhalt(Arbeit), Vorher);
 
+    // A further format that is switched on is never written.
+    const auto Typen = Grundtypen(true);
+    Umgebung.Dateitypen = &Typen;
+    Umgebung.WeitereFormate = true;
+    Arbeit = Beginnen("fLaC", "t.flac");
+    Arbeit.Satz.Titel = "x";
+    EXPECT_TRUE(TagsSpeichern(Welt, Arbeit, Tagauswahl::Alle, false).Gescheitert);
+    EXPECT_FALSE(TagEntfernen(Welt, Arbeit, Tagblock::Id3v1, false));
+    EXPECT_EQ(Inhalt(Arbeit), "fLaC");
+    EXPECT_EQ(std::exchange(Person.Meldungen, {}).size(), 2U);
+
     Arbeit = Beginnen("Ton");
     std::filesystem::remove(Arbeit.Pfad);
     EXPECT_TRUE(TagsSpeichern(Welt, Arbeit, Tagauswahl::Alle, false).Gescheitert);

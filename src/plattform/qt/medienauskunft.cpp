@@ -3,13 +3,21 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QThread>
+#include <aifffile.h>
 #include <algorithm>
+#include <apefile.h>
 #include <asffile.h>
 #include <atomic>
 #include <chrono>
+#include <cstdint>
 #include <fileref.h>
+#include <flacfile.h>
 #include <future>
+#include <id3v2framefactory.h>
+#include <iterator>
 #include <memory>
+#include <mp4file.h>
+#include <opusfile.h>
 #include <tdebuglistener.h>
 #include <thread>
 #include <tiostream.h>
@@ -33,6 +41,7 @@ class Lesestrom final : public TagLib::IOStream {
     TagLib::ByteVector readBlock(unsigned long Länge) override {
         const auto Größe = static_cast<unsigned long>(length());
         if (Stelle >= Größe || Lesungen == 0 || std::chrono::steady_clock::now() > Ende) return {};
+        if (Stapelhöhe() > HöchsteStapelhöhe) return {};
         --Lesungen;
         const auto Anzahl = static_cast<unsigned>(std::min({Länge, Größe - Stelle, Bytes}));
         Bytes -= Anzahl;
@@ -58,6 +67,14 @@ class Lesestrom final : public TagLib::IOStream {
     long length() override { return static_cast<long>(Datei.Größe()); }
 
   private:
+    // How much of the thread's stack lies between the one who made this object and the reader that asks now.
+    std::uintptr_t Stapelhöhe() const {
+        const auto Hier = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+        return Hier < Stapelanfang ? Stapelanfang - Hier : 0;
+    }
+    // Parts that hold parts are read by recursion; a broken file nests them without end.
+    static constexpr std::uintptr_t HöchsteStapelhöhe = 1UL << 20U;
+    std::uintptr_t Stapelanfang = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
     // More than the headers and tags of any sound file. A broken one may hold millions of empty chunks or
     // gigabytes of attributes, and TagLib keeps them all.
     unsigned long Bytes = 64UL << 20U;
@@ -77,21 +94,50 @@ std::string Utf8(const TagLib::String& Text) {
     return Text.to8Bit(true);
 }
 
+template <class Format>
+std::unique_ptr<TagLib::File> Als(TagLib::IOStream& Strom) {
+    return std::make_unique<Format>(&Strom);
+}
+
+std::unique_ptr<TagLib::File> AlsFlac(TagLib::IOStream& Strom) {
+    return std::make_unique<TagLib::FLAC::File>(&Strom, TagLib::ID3v2::FrameFactory::instance());
+}
+
+struct Formatleser {
+    std::string_view Endung;
+    std::unique_ptr<TagLib::File> (*Öffnen)(TagLib::IOStream&);
+};
+constexpr Formatleser Leser[] = {
+    {".wma", Als<TagLib::ASF::File>},         {".wmf", Als<TagLib::ASF::File>},
+    {".wav", Als<TagLib::RIFF::WAV::File>},   {".flac", AlsFlac},
+    {".opus", Als<TagLib::Ogg::Opus::File>},  {".m4a", Als<TagLib::MP4::File>},
+    {".m4b", Als<TagLib::MP4::File>},         {".mp4", Als<TagLib::MP4::File>},
+    {".ape", Als<TagLib::APE::File>},         {".aif", Als<TagLib::RIFF::AIFF::File>},
+    {".aiff", Als<TagLib::RIFF::AIFF::File>},
+};
+
 std::unique_ptr<TagLib::File> Öffnen(TagLib::IOStream& Strom, std::string_view Pfad) {
-    const auto Endung = EndungVon(Pfad);
-    if (GleichOhneGroß(Endung, ".wma") || GleichOhneGroß(Endung, ".wmf"))
-        return std::make_unique<TagLib::ASF::File>(&Strom);
-    if (GleichOhneGroß(Endung, ".wav")) return std::make_unique<TagLib::RIFF::WAV::File>(&Strom);
-    return nullptr;
+    const auto* const Fund = std::ranges::find_if(
+        Leser, [&](const Formatleser& Einer) { return GleichOhneGroß(EndungVon(Pfad), Einer.Endung); });
+    return Fund == std::end(Leser) ? nullptr : Fund->Öffnen(Strom);
 }
 
 Medienangaben Angaben(const TagLib::Tag* Texte, const TagLib::AudioProperties* Daten) {
     Medienangaben Ergebnis;
-    if (Daten != nullptr) Ergebnis.Dauer = Daten->lengthInMilliseconds() / 1000.0;
+    if (Daten != nullptr) {
+        Ergebnis.Dauer = Daten->lengthInMilliseconds() / 1000.0;
+        Ergebnis.Bitrate = Daten->bitrate();
+        Ergebnis.Frequenz = Daten->sampleRate();
+        Ergebnis.Kanäle = Daten->channels();
+    }
     if (Texte != nullptr) {
         Ergebnis.Titel = Utf8(Texte->title());
         Ergebnis.Interpret = Utf8(Texte->artist());
         Ergebnis.Kommentar = Utf8(Texte->comment());
+        Ergebnis.Album = Utf8(Texte->album());
+        Ergebnis.Genre = Utf8(Texte->genre());
+        Ergebnis.Jahr = Texte->year();
+        Ergebnis.Titelnummer = Texte->track();
     }
     return Ergebnis;
 }

@@ -8,9 +8,9 @@
 
 namespace liedwerk {
 
-// Windows Media and Wave files by their formats, others by TagLib's own choice. Regular files only, nothing
-// is ever written. Nothing comes back after 10 seconds, also from a drive that does not answer. May be called
-// from several threads; see InFristLesen for that of the window.
+// Windows Media, Wave and the further formats by their extensions, others by TagLib's own choice. Regular
+// files only, nothing is ever written. Nothing comes back after 10 seconds, also from a drive that does not
+// answer. May be called from several threads; see InFristLesen for that of the window.
 class TaglibAuskunft final : public Medienauskunft {
   public:
     TaglibAuskunft();

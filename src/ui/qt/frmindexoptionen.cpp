@@ -191,7 +191,8 @@ void frmIndexOptionen::cmdTypÄndern_Click() {
         QInputDialog::getText(this, u"Dateityp ändern"_s, u"Datei-Endung:"_s, QLineEdit::Normal,
                               QtText(EintragsEndung(Entwurf.Dateitypen[Platz].Eintrag)), &Gegeben);
     if (!Gegeben) return;
-    const std::string Meldung = DateitypUmbenennen(Entwurf, Platz, Utf8Text(Endung));
+    const std::string Meldung =
+        DateitypUmbenennen(Entwurf, Platz, Utf8Text(Endung), Programm.Werte.WeitereFormate == 1);
     if (!Meldung.empty()) return Programm.Dienst.Person.Melden(Symbol::Information, Meldung);
     TypzeileZeigen(Platz);
 }
@@ -199,7 +200,7 @@ void frmIndexOptionen::cmdTypÄndern_Click() {
 void frmIndexOptionen::cmdTypEntfernen_Click() {
     const std::size_t Platz = GewählterTyp();
     if (Platz >= Entwurf.Dateitypen.size()) return;
-    const std::string Hinweis = DateitypEntfernen(Entwurf, Platz);
+    const std::string Hinweis = DateitypEntfernen(Entwurf, Platz, Programm.Werte.WeitereFormate == 1);
     TypenZeigen(Platz);
     if (!Hinweis.empty()) Programm.Dienst.Person.Melden(Symbol::Information, Hinweis);
 }

@@ -53,8 +53,9 @@ Zugang SammlungenHinzufügen(Programmlauf& Lauf, const std::vector<std::string>&
 Ausgang DateiInfoAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe) {
     Programmlauf Lauf(Global);
     if (!Lauf.Bereit()) return Ausgang::Fehlgeschlagen;
-    Lauf.Programm().Index.Optionen.Dateitypen = DateitypenVorgabe();
-    const MedienLeser Leser = MedienleserVon(Lauf.Programm());
+    Anwendung& Programm = Lauf.Programm();
+    Programm.Index.Optionen.Dateitypen = Grundtypen(Programm.Werte.WeitereFormate == 1);
+    const MedienLeser Leser = MedienleserVon(Programm);
     const Leseauftrag Auftrag{Lesecode::Lesen(Eingabe.Wert("--lesecode").value_or("1111")),
                               Eingabe.Hat("--zeilen-entfernen"), true, true};
     bool Gelungen = true;
@@ -76,8 +77,9 @@ Ausgang DateiInfoAusführen(const Globaloptionen& Global, const Befehlseingabe& 
 Ausgang DateiInfoTextAusführen(const Globaloptionen& Global, const Befehlseingabe& Eingabe) {
     Programmlauf Lauf(Global);
     if (!Lauf.Bereit()) return Ausgang::Fehlgeschlagen;
-    Lauf.Programm().Index.Optionen.Dateitypen = DateitypenVorgabe();
-    const MedienLeser Leser = MedienleserVon(Lauf.Programm());
+    Anwendung& Programm = Lauf.Programm();
+    Programm.Index.Optionen.Dateitypen = Grundtypen(Programm.Werte.WeitereFormate == 1);
+    const MedienLeser Leser = MedienleserVon(Programm);
     const Leseauftrag Auftrag{Lesecode::Lesen("1111"), false, true, true};
     bool Gelungen = true;
     JsonSchreiber& Ziel = Lauf.Dokument();
@@ -134,18 +136,22 @@ Ausgang SynchronisierenAusführen(const Globaloptionen& Global, const Befehlsein
     Programmlauf Lauf(Global);
     if (!Lauf.Bereit() || !Lauf.IndexLaden(false)) return Ausgang::Fehlgeschlagen;
     const auto Ergebnis = SynchronisierenLauf(Lauf.Programm());
+    const bool MitGeänderten = Lauf.Programm().Werte.SyncGeänderteLesen == 1;
     const bool Gespeichert = Lauf.GeändertesSpeichern();
     const Satznummer Anzahl = Lauf.Programm().Index.IndexAnzahl();
     if (Lauf.Json()) {
         Lauf.Dokument().ObjektAnfang();
         Lauf.Dokument().Zahl("Entfernt", Ergebnis.Entfernt);
         Lauf.Dokument().Zahl("Hinzugefügt", Ergebnis.Hinzugefügt);
+        if (MitGeänderten) Lauf.Dokument().Zahl("NeuGelesen", Ergebnis.NeuGelesen);
         Lauf.Dokument().Zahl("IndexAnzahl", Anzahl);
         Lauf.Dokument().ObjektEnde();
     } else {
-        Lauf.Text().Schreiben(std::to_string(Ergebnis.Entfernt) + " Datei(en) entfernt, " +
-                              std::to_string(Ergebnis.Hinzugefügt) + " Datei(en) hinzugefügt, " +
-                              std::to_string(Anzahl) + " Datei(en) im Index\n");
+        Lauf.Text().Schreiben(
+            std::to_string(Ergebnis.Entfernt) + " Datei(en) entfernt, " +
+            std::to_string(Ergebnis.Hinzugefügt) + " Datei(en) hinzugefügt, " +
+            (MitGeänderten ? std::to_string(Ergebnis.NeuGelesen) + " Datei(en) neu gelesen, " : "") +
+            std::to_string(Anzahl) + " Datei(en) im Index\n");
     }
     return Lauf.Abschließen(Ergebnis.Gelungen && Gespeichert);
 }

@@ -162,7 +162,7 @@ bool Programmlauf::IndexLaden(bool Anlegen) {
 
 bool Programmlauf::IndexLadenFallsDa() {
     if (!Optionen.Index.empty() || DateiExistiert(Indexname())) return IndexLaden();
-    Programm().Index.Optionen.Dateitypen = DateitypenVorgabe();
+    Programm().Index.Optionen.Dateitypen = Grundtypen(Programm().Werte.WeitereFormate == 1);
     return true;
 }
 
