@@ -33,22 +33,6 @@ void NeueMarkieren(Anwendung& Programm, Satznummer Anzahl) {
     Programm.Dienst.Fenster.ZeilenAuswählen(Letzte);
 }
 
-// Names that no index can hold are told, so that nobody believes them added.
-void AusgelasseneMelden(Oberfläche& Person, const std::vector<std::string>& Ausgelassen) {
-    if (Ausgelassen.empty()) return;
-    std::string Text =
-        std::to_string(Ausgelassen.size()) +
-        " Datei(en) wurden nicht hinzugefügt, da ihr Name ein Zeilenende enthält. Benennen Sie diese um "
-        "und fügen Sie sie erneut hinzu:\n";
-    constexpr std::size_t Höchstens = 10;
-    for (std::size_t i = 0; i < std::min(Ausgelassen.size(), Höchstens); ++i) {
-        Text += '\n';
-        Text += Ersetzen(Ersetzen(Ausgelassen[i], "\r", " "), "\n", " ");
-    }
-    if (Ausgelassen.size() > Höchstens) Text += "\n...";
-    Person.Melden(Symbol::Ausrufezeichen, Text);
-}
-
 // Everything behind a run: list or search, selection, counts. -1 when the run was cancelled or failed.
 Satznummer Abschließen(Anwendung& Programm, const Hinzufügeergebnis& Ergebnis,
                        const Hinzufügefolgen& Folgen) {
@@ -59,11 +43,28 @@ Satznummer Abschließen(Anwendung& Programm, const Hinzufügeergebnis& Ergebnis,
     if (Ergebnis.Gelungen && Folgen.NeueDateienMarkieren && Ergebnis.Anzahl > 0)
         NeueMarkieren(Programm, Ergebnis.Anzahl);
     Programm.Dienst.Fenster.AuswahlZeigen();
-    AusgelasseneMelden(Programm.Dienst.Person, Ergebnis.Ausgelassen);
+    // Names that no index can hold are told, so that nobody believes them added.
+    DateienMelden(
+        Programm.Dienst.Person,
+        " Datei(en) wurden nicht hinzugefügt, da ihr Name ein Zeilenende enthält. Benennen Sie diese "
+        "um und fügen Sie sie erneut hinzu:\n",
+        Ergebnis.Ausgelassen);
     return Ergebnis.Gelungen ? Ergebnis.Anzahl : -1;
 }
 
 }  // namespace
+
+void DateienMelden(Oberfläche& Person, std::string_view Was, const std::vector<std::string>& Dateien) {
+    if (Dateien.empty()) return;
+    std::string Text = std::to_string(Dateien.size()).append(Was);
+    constexpr std::size_t Höchstens = 10;
+    for (std::size_t i = 0; i < std::min(Dateien.size(), Höchstens); ++i) {
+        Text += '\n';
+        Text += Ersetzen(Ersetzen(Dateien[i], "\r", " "), "\n", " ");
+    }
+    if (Dateien.size() > Höchstens) Text += "\n...";
+    Person.Melden(Symbol::Ausrufezeichen, Text);
+}
 
 bool AlsOrdnerHinzufügbar(std::string_view Pfad) {
     return !Pfad.empty() && OrdnerExistiert(MitTrenner(Pfad));

@@ -19,6 +19,8 @@ Satznummer OrdnerHinzufügenLauf(Anwendung& Programm, const Ordnerauftrag& Auftr
                                 const Hinzufügefolgen& Folgen);
 Satznummer DateienHinzufügenLauf(Anwendung& Programm, const std::vector<std::string>& Dateien,
                                  const Hinzufügefolgen& Folgen, bool StatusMelden);
+// Tells of files: their number, Was, and the first of their names. Nothing when there are none.
+void DateienMelden(Oberfläche& Person, std::string_view Was, const std::vector<std::string>& Dateien);
 // True for a path that OrdnerHinzufügenLauf takes: a folder, a drive for CDs, an image of a CD.
 bool AlsOrdnerHinzufügbar(std::string_view Pfad);
 // Search or list after the last Anzahl records of the index were appended; their rows are selected.

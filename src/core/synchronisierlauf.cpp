@@ -4,6 +4,7 @@
 
 #include "core/hinzufuegelauf.h"
 #include "core/suchlauf.h"
+#include "dateien/neulesen.h"
 #include "dateien/synchronisieren.h"
 
 namespace liedwerk {
@@ -39,6 +40,26 @@ bool FehlendeEntfernen(Anwendung& Programm) {
                                " Datei(en) sind zurzeit nicht erreichbar und bleiben im Index");
     DatensätzeEntfernen(Index, Prüfung.Fehlende);
     return true;
+}
+
+// Renews the records whose files have changed; false when the person cancelled. What could not be read is
+// told at the end, in Unlesbar.
+bool GeänderteLesen(Anwendung& Programm, Synchronisierergebnis& Ergebnis,
+                    std::vector<std::string>& Unlesbar) {
+    if (Programm.Werte.SyncGeänderteLesen != 1) return true;
+    auto Neues = GeänderteNeuLesen(HinzufügeumgebungVon(Programm), Programm.Dienst.Zeit);
+    Ergebnis.NeuGelesen = Neues.Geändert;
+    Unlesbar = std::move(Neues.Unlesbar);
+    return !Neues.Abgebrochen;
+}
+
+std::string Statustext(const Anwendung& Programm, const Synchronisierergebnis& Ergebnis) {
+    std::string Text = Ergebnis.Gelungen ? "Synchronisation fertig: " : "Synchronisation abgebrochen: ";
+    Text += std::to_string(Ergebnis.Entfernt) + " Datei(en) entfernt, " +
+            std::to_string(Ergebnis.Hinzugefügt) + " Datei(en) hinzugefügt";
+    if (Programm.Werte.SyncGeänderteLesen == 1)
+        Text += ", " + std::to_string(Ergebnis.NeuGelesen) + " Datei(en) neu gelesen";
+    return Text;
 }
 
 // How often records were changed so far; two equal values say that none was in between.
@@ -83,12 +104,17 @@ Synchronisierergebnis SynchronisierenLauf(Anwendung& Programm) {
     Ergebnis.Gelungen = OrdnerHinzufügen(Programm);
     Ergebnis.Hinzugefügt = Index.IndexAnzahl() - Vorher;
     if (Ergebnis.Gelungen) Ergebnis.Gelungen = FehlendeEntfernen(Programm);
+    std::vector<std::string> Unlesbar;
+    if (Ergebnis.Gelungen) Ergebnis.Gelungen = GeänderteLesen(Programm, Ergebnis, Unlesbar);
     Person.FortschrittSchließen();
     Ergebnis.Entfernt = Vorher + Ergebnis.Hinzugefügt - Index.IndexAnzahl();
-    Person.StatusZeigen((Ergebnis.Gelungen ? "Synchronisation fertig: " : "Synchronisation abgebrochen: ") +
-                        std::to_string(Ergebnis.Entfernt) + " Datei(en) entfernt, " +
-                        std::to_string(Ergebnis.Hinzugefügt) + " Datei(en) hinzugefügt");
+    Person.StatusZeigen(Statustext(Programm, Ergebnis));
     ListeNachführen(Programm, Ergebnis, Änderungsstand(Index) != Stand);
+    DateienMelden(
+        Person,
+        " geänderte Datei(en) konnten nicht gelesen werden. Ihre Einträge im Index bleiben, wie sie "
+        "sind. Prüfen Sie, ob die Dateien vollständig und für Sie lesbar sind:\n",
+        Unlesbar);
     return Ergebnis;
 }
 

@@ -9,10 +9,12 @@ struct Synchronisierergebnis {
     bool Gelungen = false;  // false when the person cancelled, a folder failed, or the mode has no index
     Satznummer Entfernt = 0;
     Satznummer Hinzugefügt = 0;
+    Satznummer NeuGelesen = 0;  // records that were renewed from changed files
 };
 
 // cmdListeAufräumen: adds what is new in the folders of the index's rules, takes out the records whose files
-// are gone (where the index's option wants that), then brings list or search and selection in line.
+// are gone (where the index's option wants that), reads changed files again (where the setting wants that),
+// then brings list or search and selection in line.
 Synchronisierergebnis SynchronisierenLauf(Anwendung& Programm);
 
 }  // namespace liedwerk

@@ -1,7 +1,6 @@
 #include "dateien/neuaufnahme.h"
 
 #include <algorithm>
-#include <thread>
 #include <utility>
 
 #include "basis/datei.h"
@@ -14,16 +13,6 @@
 
 namespace liedwerk {
 namespace {
-
-// A cancel is noticed within this time even while a slow file is being read.
-constexpr std::chrono::milliseconds Wartezeit(50);
-
-// As many as there are cores, no more than there is work for.
-unsigned Fadenzahl(std::size_t Dateien) {
-    constexpr std::size_t Höchstens = 16;
-    return static_cast<unsigned>(
-        std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, std::min(Höchstens, Dateien + 1)));
-}
 
 // What the walk over a folder takes for a file too: nothing can be read from a pipe or a device.
 bool IstGewöhnlicheDatei(std::string_view Pfad) {
@@ -135,10 +124,10 @@ void Neuaufnahme::Eintragen(Leseposten& Posten, const std::string& Wechselmedium
 }
 
 bool Neuaufnahme::LeseErgebnis(const Plan& Was, Vorleser& Leser, std::int64_t Position) {
-    Leseposten* Posten = Leser.Abwarten(Wartezeit);
+    Leseposten* Posten = Leser.Abwarten(Lesewartezeit);
     while (Posten == nullptr) {
         if (!Zeigen(Position)) return false;
-        Posten = Leser.Abwarten(Wartezeit);
+        Posten = Leser.Abwarten(Lesewartezeit);
     }
     Eintragen(*Posten, Was.Wechselmedium);
     Leser.Ablegen();
@@ -172,7 +161,7 @@ void Neuaufnahme::OrdnerAufnehmen(const std::string& Ordner) {
 }
 
 bool Neuaufnahme::Aufnehmen(std::span<const std::string> Pfade, const Aufnahmeregel& Regel) {
-    Vorleser Leser(Umgebung.Leser, Fadenzahl(Pfade.size()));
+    Vorleser Leser(Umgebung.Leser, Lesefäden(Pfade.size()));
     // How many paths may be decided ahead: enough to keep all threads busy.
     constexpr std::size_t Vorlauf = 1024;
     std::deque<Plan> Pläne;

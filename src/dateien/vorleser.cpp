@@ -20,6 +20,12 @@ bool PfadVorhanden(std::string_view Pfad, bool IstOrdner) {
 
 }  // namespace
 
+unsigned Lesefäden(std::size_t Dateien) {
+    constexpr std::size_t Höchstens = 16;
+    return static_cast<unsigned>(
+        std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, std::min(Höchstens, Dateien + 1)));
+}
+
 Vorleser::Vorleser(const MedienLeser& Leser, unsigned Anzahl)
     : Fadenzahl(std::max(1U, Anzahl)), Ring(Ringgröße) {
     for (std::uint64_t Nummer = 0; Nummer < Fadenzahl; ++Nummer)

@@ -26,6 +26,11 @@ struct Leseposten {
     std::string Fehler;  // what kept the reader from giving a record
 };
 
+// As many threads as there are cores, no more than there is work for.
+unsigned Lesefäden(std::size_t Dateien);
+// How long a loop waits for a file before it looks for a cancel.
+inline constexpr std::chrono::milliseconds Lesewartezeit(50);
+
 // Takes files in order and gives their records back in the same order, while several threads read. Only the
 // thread that made it calls its members. Memory is bounded by the fixed number of items on the way.
 class Vorleser {

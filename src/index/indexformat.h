@@ -24,6 +24,7 @@ namespace option {
 inline constexpr std::string_view Sync = "#OPT:SYNC=";
 inline constexpr std::string_view SyncEntfernen = "#OPT:SYNC_ENTFERNEN=";
 inline constexpr std::string_view SyncNichtBei = "#OPT:SYNC_NICHTBEI=";
+inline constexpr std::string_view SyncStand = "#OPT:SYNC_STAND=";
 inline constexpr std::string_view Verwalten = "#OPT:VERWALTEN=";
 inline constexpr std::string_view SpaltenLeiste = "#OPT:SPALTEN_LEISTE=";
 inline constexpr std::string_view SpaltenGitter = "#OPT:SPALTEN_GITTER=";

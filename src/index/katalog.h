@@ -36,6 +36,8 @@ struct Indexoptionen {
     std::int16_t SyncLeer = 1;  // 1 while no rule has been read or set
     std::int16_t SyncEntfernen = 1;
     std::string SyncNichtBei = "_INCOMPLETE_";
+    // Seconds since 1970 UTC: files changed earlier are told by their records as they are. Empty: not known.
+    std::string SyncStand;
     std::vector<Dateityp> Dateitypen;
     std::int16_t DateitypenLeer = 1;
     std::int16_t SpaltenLeiste = 1;

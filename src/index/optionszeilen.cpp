@@ -33,6 +33,7 @@ constexpr Option Optionstabelle[] = {
     {option::SpaltenNutzerformat, &Indexoptionen::SpaltenNutzerformat},
     {option::SpaltenBeideTags, &Indexoptionen::SpaltenBeideTags},
     {option::Eigentümer, &Indexoptionen::IndexEigentümer},
+    {option::SyncStand, &Indexoptionen::SyncStand},
 };
 
 constexpr std::string_view UngültigeOption = "Ungültige Option";
@@ -107,6 +108,11 @@ struct Lesend {
     }
 };
 
+// Options whose line is left out while they are empty.
+bool NurGefüllt(std::string Indexoptionen::*Ort) {
+    return Ort == &Indexoptionen::IndexEigentümer || Ort == &Indexoptionen::SyncStand;
+}
+
 struct Schreibend {
     const Indexoptionen& Optionen;
     std::string_view Schlüssel;
@@ -119,7 +125,7 @@ struct Schreibend {
     }
     void operator()(std::int16_t Indexoptionen::*Ort) const { Zeile(std::to_string(Optionen.*Ort)); }
     void operator()(std::string Indexoptionen::*Ort) const {
-        if (Ort == &Indexoptionen::IndexEigentümer && (Optionen.*Ort).empty()) return;
+        if (NurGefüllt(Ort) && (Optionen.*Ort).empty()) return;
         Zeile(EinzeiligerIndexwert(Optionen.*Ort));
     }
     void operator()(std::vector<SyncRegel> Indexoptionen::*Ort) const {

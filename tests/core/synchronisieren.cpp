@@ -1,4 +1,6 @@
 // Lists of file names and the synchronisation: what comes in, what goes, and what must never go.
+#include <chrono>
+
 #include "core/laden.h"
 #include "core/listenlauf.h"
 #include "core/synchronisierlauf.h"
@@ -44,6 +46,68 @@ TEST_F(Aufnahmetest, SynchronisierenFügtHinzuEntferntUndMarkiert) {
     Lied("m/neuer.mp3", "D");
     EXPECT_EQ(SynchronisierenLauf(*P).Hinzugefügt, 1);
     EXPECT_EQ(P->Ansicht.Auswahl, std::vector<Satznummer>{3}) << "the new ones are selected";
+}
+
+TEST_F(Aufnahmetest, GeänderteDateienErneuernNurWasAusIhnenKommt) {
+    const auto Schreiben = [&](std::string_view Name, std::string_view Titel, int Tag) {
+        const std::string Pfad = Lied(Name, Titel);
+        using namespace std::chrono;
+        std::filesystem::last_write_time(
+            Pfad, file_clock::from_sys(sys_seconds(sys_days(2026y / November / Tag) + 15h)));
+    };
+    const auto Titel = [&] {
+        std::string Alle;
+        for (const char* Name : {"/m/1.mp3", "/m/2.mp3", "/m/3.mp3"})
+            Alle += P->Index.Sätze.Text(P->Pfade.ErstenFinden(P->Index.Sätze, Ordner + Name), FeldTitel);
+        return Alle;
+    };
+    P->Index.Optionen.SyncOrdner = {{Ordner + "/m", 1, {}}};
+    P->Index.Optionen.SyncLeer = 0;
+    Schreiben("m/1.mp3", "A", 1);
+    Schreiben("m/2.mp3", "B", 1);
+    Schreiben("m/3.mp3", "C", 1);
+    ASSERT_EQ(SynchronisierenLauf(*P).Hinzugefügt, 3);
+    const Satznummer Zweiter = P->Pfade.ErstenFinden(P->Index.Sätze, Ordner + "/m/2.mp3");
+    Datensatz Meiner = P->Index.Sätze.Lesen(Zweiter);
+    Meiner.AbspielHäufigkeit = 5;
+    Meiner.AbspielDatum = "02.11.2026 10:00:00";
+    Meiner.BenutzerDaten = "meins";
+    Meiner.Qualität = 7;
+    P->Index.Sätze.Setzen(Zweiter, P->Index.Sätze.Pfad(Zweiter), Meiner);
+    Schreiben("m/1.mp3", "D", 1);  // same size and time: nobody can know
+    Schreiben("m/2.mp3", "E", 3);
+    Schreiben("m/3.mp3", "C", 3);
+
+    EXPECT_EQ(SynchronisierenLauf(*P).NeuGelesen, 0);
+    EXPECT_EQ(Titel(), "ABC") << "off by default";
+    P->Werte.SyncGeänderteLesen = 1;
+    EXPECT_EQ(SynchronisierenLauf(*P).NeuGelesen, 1) << "what tells the same is not renewed";
+    EXPECT_TRUE(Person.Status.back().ends_with(", 1 Datei(en) neu gelesen"));
+    EXPECT_EQ(Titel(), "AEC");
+    Meiner.Titel = "E";
+    EXPECT_EQ(P->Index.Sätze.Lesen(Zweiter), Meiner);
+
+    // From now on the time of the run counts, also after a save and a load.
+    ASSERT_TRUE(AndereDateiLaden(*P, Standard()));
+    Uhrzeit.Punkt = {2026, 11, 25, 12, 0, 0};
+    Schreiben("m/1.mp3", "F", 20);
+    Schreiben("m/2.mp3", "G", 21);
+    const std::string Kaputt = Datei("m/4.wma", "kein Ton");
+    Satz(Kaputt);
+    EXPECT_EQ(SynchronisierenLauf(*P).NeuGelesen, 1);
+    EXPECT_EQ(Titel(), "AGC") << "changed ahead of the last run";
+    ASSERT_EQ(Person.Meldungen.size(), 1U);
+    EXPECT_NE(Person.Meldungen[0].find("1 geänderte Datei(en)"), std::string::npos);
+    EXPECT_NE(Person.Meldungen[0].find(Kaputt), std::string::npos);
+    // Files that were not read hold the time back.
+    Schreiben("m/3.mp3", "H", 22);
+    EXPECT_EQ(SynchronisierenLauf(*P).NeuGelesen, 1);
+    // Without tags being read the old ones stay; the size comes along.
+    P->Werte.Mp3TagLesen = "001";
+    Schreiben("m/1.mp3", "I", 26);
+    Datei("m/1.mp3", DateiLesen(Ordner + "/m/1.mp3").value() + "x");
+    EXPECT_EQ(SynchronisierenLauf(*P).NeuGelesen, 1);
+    EXPECT_EQ(Titel(), "AGH");
 }
 
 TEST_F(Aufnahmetest, WasNurNichtErreichbarIstBleibtImIndex) {

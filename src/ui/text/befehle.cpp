@@ -250,7 +250,8 @@ const std::vector<Befehl>& Befehlstabelle() {
         {"synchronisieren",
          "synchronisieren",
          "Bringt den Index auf den Stand der Ordner, die in seinen Optionen stehen, und speichert diesen.\n"
-         "Dateien auf Datenträgern, die nicht eingelegt sind, bleiben im Index.",
+         "Dateien auf Datenträgern, die nicht eingelegt sind, bleiben im Index.\n"
+         "Mit --setze SyncGeänderteLesen=1 werden geänderte Dateien neu gelesen.",
          {},
          0,
          0,
