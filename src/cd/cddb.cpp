@@ -77,11 +77,13 @@ bool IstUmleitung(int Status) {
 // entered: neither another path nor another protocol.
 std::string UmleitungText(std::string_view Ziel, std::string_view Server) {
     constexpr std::string_view Schema = "http://";
+    constexpr std::size_t LängsterName = 259;  // of a host (RFC 1035), with its port
     std::string Text = "Der Server verweist auf eine andere Adresse.\n";
     if (BeginntMitOhneGroß(Ziel, Schema)) {
         const std::string_view Rest = Ziel.substr(Schema.size());
         const std::string Name = CDEinzeilig(Rest.substr(0, Rest.find_first_of("/?#")));
-        if (!Name.empty() && !GleichOhneGroß(CDDBServeradresse(Name), CDDBServeradresse(Server)))
+        if (!Name.empty() && Name.size() <= LängsterName &&
+            !GleichOhneGroß(CDDBServeradresse(Name), CDDBServeradresse(Server)))
             return Text + "Bitte geben Sie diese in den 'Optionen' als CD-Datenbank-Server an: " + Name;
     }
     constexpr std::size_t Gezeigt = 200;

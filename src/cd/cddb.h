@@ -56,7 +56,7 @@ CDDBHerkunft CDDBStart(CDStand& Stand, const CDDBUmgebung& Umgebung, std::string
 bool CDDBAbfragen(CDStand& Stand, const CDDBUmgebung& Umgebung);
 
 // One HTTP GET: the body as text; empty when it is empty or failed, which the record's log tells. A cancel
-// sets the error state. Schritt is what the progress display shows meanwhile.
+// and a redirection set the error state. Schritt is what the progress display shows meanwhile.
 std::string CDDBAnfrage(CDStand& Stand, const CDDBUmgebung& Umgebung, const std::string& Url,
                         std::string_view Schritt = {});
 
