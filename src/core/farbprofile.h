@@ -10,23 +10,14 @@
 
 namespace liedwerk {
 
-// A colour of the settings (0xBBGGRR, or DesktopFarbe) with its label for the person.
-struct Farbrolle {
-    std::string_view Beschriftung;
-    std::int32_t Einstellungen::*Wert;
+// The colours of the settings (0xBBGGRR, or DesktopFarbe).
+inline constexpr std::array<std::int32_t Einstellungen::*, 9> Farbrollen = {
+    &Einstellungen::FarbeFunktionen,      &Einstellungen::FarbeFunktionenHintergrund,
+    &Einstellungen::FarbeListen,          &Einstellungen::FarbeListenHintergrund,
+    &Einstellungen::FarbeÜberschrift,     &Einstellungen::FarbeBeschreibungen,
+    &Einstellungen::FarbeFunktionenBesucht, &Einstellungen::FarbeRahmen,
+    &Einstellungen::FarbeÜberschriftHintergrund,
 };
-
-inline constexpr std::array<Farbrolle, 9> Farbrollen = {{
-    {"Funktionen", &Einstellungen::FarbeFunktionen},
-    {"Hintergrund der Funktionen", &Einstellungen::FarbeFunktionenHintergrund},
-    {"Listen", &Einstellungen::FarbeListen},
-    {"Hintergrund der Listen", &Einstellungen::FarbeListenHintergrund},
-    {"Überschriften", &Einstellungen::FarbeÜberschrift},
-    {"Beschreibungen", &Einstellungen::FarbeBeschreibungen},
-    {"Besuchte Funktionen", &Einstellungen::FarbeFunktionenBesucht},
-    {"Rahmen", &Einstellungen::FarbeRahmen},
-    {"Hintergrund der Überschriften", &Einstellungen::FarbeÜberschriftHintergrund},
-}};
 
 struct Farbprofil {
     std::string_view Name;

@@ -1,11 +1,18 @@
 // Colours, lock, welcome, tips and handbook.
 #include "ui/qt/erscheinung.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+#include <QSpinBox>
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTreeWidget>
@@ -62,6 +69,8 @@ TEST(Farbprofile, SindLesbarUndWerdenWiedererkannt) {
         EXPECT_GE(Kontrast(Farben.color(QPalette::HighlightedText), Farben.color(QPalette::Highlight)), 4.5);
         EXPECT_GE(Kontrast(Farben.color(QPalette::PlaceholderText), Farben.color(QPalette::Base)), 3.0);
         EXPECT_GE(Kontrast(FarbeAusWert(Werte.FarbeBeschreibungen), Farben.color(QPalette::Window)), 4.5);
+        for (const auto Grund : {QPalette::Window, QPalette::Base})
+            EXPECT_GE(Kontrast(FarbeAusWert(Werte.FarbeRahmen), Farben.color(Grund)), 3.0);
     }
     Einstellungen Eigene;
     Eigene.FarbeListen = 0x123456;
@@ -82,29 +91,101 @@ TEST(Farbprofile, GeltenFürFensterUndListeUndGehenWieder) {
     Eins.Programm.Dienst.Desktop = &Desktop;
     const QColor Vorher = Eins.Songs().palette().color(QPalette::Base);
     const auto Liste = [&](QPalette::ColorRole Rolle) { return Eins.Songs().palette().color(Rolle); };
+    const auto Anwenden = [&] {
+        Eins.Fenster.ErscheinungAnwenden();
+        QCoreApplication::processEvents();
+    };
     FarbprofilNehmen(Eins.Programm.Werte, ProfilDunkel);
     Eins.Programm.Werte.ListeFontBold = 1;
-    Eins.Fenster.ErscheinungAnwenden();
-    QCoreApplication::processEvents();
+    Anwenden();
     EXPECT_LT(Liste(QPalette::Base).lightness(), 60);
     EXPECT_LT(Eins.Fenster.palette().color(QPalette::Window).lightness(), 60);
     EXPECT_TRUE(Eins.Songs().font().bold());
     FarbprofilNehmen(Eins.Programm.Werte, ProfilDesktop);
-    Eins.Fenster.ErscheinungAnwenden();
+    Anwenden();
     EXPECT_EQ(Liste(QPalette::Base), Vorher) << "profile 1 is the desktop's again";
     // The desktop asks for dark windows while its palette is light.
     Desktop.Erbeten = true;
-    Eins.Fenster.ErscheinungAnwenden();
+    Anwenden();
     EXPECT_LT(Liste(QPalette::Base).lightness(), 60);
     EXPECT_EQ(FarbprofilVon(Eins.Programm.Werte), ProfilDesktop) << "the settings keep what was chosen";
     Desktop.Erbeten = false;
-    Eins.Fenster.ErscheinungAnwenden();
+    Anwenden();
     EXPECT_EQ(Liste(QPalette::Base), Vorher);
-    QFont Schrift(u"Serif"_s, 17);
-    Schrift.setItalic(true);
-    ListenschriftNehmen(Eins.Programm.Werte, Schrift);
-    EXPECT_EQ(Listenschrift(Eins.Programm.Werte).pointSize(), 17);
-    EXPECT_TRUE(Listenschrift(Eins.Programm.Werte).italic());
+}
+
+// The first ground behind a part that is really painted.
+QColor Grundfarbe(const QWidget& Teil) {
+    const QWidget* Ebene = &Teil;
+    while (!Ebene->isWindow() && !Ebene->autoFillBackground())
+        Ebene = Ebene->parentWidget();
+    return Ebene->palette().color(Ebene->backgroundRole());
+}
+
+TEST(Farbprofile, JedesWortDesFenstersIstLesbar) {
+    Umgebung Welt;
+    Lauf Eins(Welt);
+    Wunsch Desktop;
+    Eins.Programm.Dienst.Desktop = &Desktop;
+    Eins.OrdnerHinzufügen(Welt.Musikordner());
+    Eins.Songs().selectAll();
+    Eins.Fenster.StatusZeigen(u"Bereit"_s, 0);
+    const std::size_t Profile = Farbprofile().size();
+    // Behind the profiles: the desktop asks for dark, and a single ground of the person's own.
+    for (std::size_t Fall = 1; Fall <= Profile + 2; ++Fall) {
+        SCOPED_TRACE(Fall);
+        FarbprofilNehmen(Eins.Programm.Werte, Fall > Profile ? ProfilDesktop : Fall);
+        Desktop.Erbeten = Fall == Profile + 1;
+        if (Fall == Profile + 2) {
+            Eins.Programm.Werte.FarbeFunktionenHintergrund = 0x202020;
+            Eins.Programm.Werte.FarbeListenHintergrund = 0xF0F0F0;
+            Eins.Programm.Werte.FarbeÜberschriftHintergrund = 0x400000;
+        }
+        Eins.Fenster.ErscheinungAnwenden();
+        QCoreApplication::processEvents();
+        int Gesehen = 0;
+        for (QWidget* const Teil : Eins.Fenster.findChildren<QWidget*>()) {
+            const auto* const Text = qobject_cast<QTextBrowser*>(Teil);
+            const bool Wort = qobject_cast<QLabel*>(Teil) || qobject_cast<QToolButton*>(Teil) || Text;
+            if (!Wort || !Teil->isVisible() || !Teil->isEnabled()) continue;
+            ++Gesehen;
+            const QPalette& Farben = Teil->palette();
+            const QColor Schrift = Farben.color(Text ? QPalette::Text : Teil->foregroundRole());
+            EXPECT_GE(Kontrast(Schrift, Grundfarbe(Text ? *Teil->parentWidget() : *Teil)), 4.5)
+                << Teil->objectName().toStdString();
+        }
+        EXPECT_GT(Gesehen, 20);
+        const QPalette& Liste = Eins.Songs().palette();
+        EXPECT_GE(Kontrast(Liste.color(QPalette::Text), Liste.color(QPalette::Base)), 4.5);
+    }
+    Eins.Programm.Werte = Einstellungen();
+    Eins.Fenster.ErscheinungAnwenden();
+}
+
+TEST(Farbprofile, RänderVonBedienungenSindZuSehen) {
+    Einstellungen Werte;
+    for (std::size_t Nummer = ProfilDesktop + 1; Nummer <= Farbprofile().size(); ++Nummer) {
+        SCOPED_TRACE(Farbprofile()[Nummer - 1].Name);
+        FarbprofilNehmen(Werte, Nummer);
+        PaletteAnwenden(Werte, false);
+        QWidget Form;
+        Form.setFixedSize(400, 400);
+        const QList<QWidget*> Teile = {new QLineEdit,    new QCheckBox, new QRadioButton, new QPlainTextEdit,
+                                       new QPushButton,  new QComboBox, new QSpinBox,     new QSlider,
+                                       new QListWidget};
+        for (QWidget* const Teil : Teile) {
+            Teil->setParent(&Form);
+            Teil->setGeometry(50, 50, 120, 40);
+            const QImage Bild = Teil->grab().toImage();
+            int Sichtbar = 0;
+            for (int Zeile = 0; Zeile < Bild.height(); ++Zeile)
+                for (int Spalte = 0; Spalte < Bild.width(); ++Spalte)
+                    if (Kontrast(Bild.pixelColor(Spalte, Zeile), Form.palette().color(QPalette::Window)) >= 3)
+                        ++Sichtbar;
+            EXPECT_GT(Sichtbar, 20) << Teil->metaObject()->className();
+        }
+    }
+    PaletteAnwenden(Einstellungen(), false);
 }
 
 TEST(Kennwort, WirdGesalzenGeprüftUndNurInDieserFormAnerkannt) {

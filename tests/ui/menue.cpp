@@ -154,5 +154,31 @@ TEST(Menüs, JederEintragTutEtwas) {
     }
 }
 
+TEST(Menüs, DasStartleistenmenüGehtNichtDurchEinOffenesFenster) {
+    Menülauf M;
+    auto& Fenster = M.Eins->Fenster;
+    M.Herstellen(0);
+    QDialog Form;
+    Form.setModal(true);
+    Form.show();
+    const auto Vorher = M.Eins->Programm.Index.Sätze.Generation();
+    const QMenu& Menü = Fenster.Startleistenmenü();
+    emit const_cast<QMenu&>(Menü).aboutToShow();
+    for (const QString& Name : Aktionsnamen(Menü)) {
+        auto& Aktion = Teil<QAction>(Fenster, Name);
+        const bool Öffnet = Name == u"mnuSymbolÖffnen"_s;
+        EXPECT_EQ(Aktion.isEnabled(), Öffnet) << Name.toStdString();
+        // A desktop may show the menu without asking what can be used now.
+        Aktion.setEnabled(true);
+        Aktion.trigger();
+        EXPECT_EQ(QApplication::activeModalWidget(), &Form) << Name.toStdString();
+    }
+    EXPECT_EQ(M.Eins->Programm.Index.Sätze.Generation(), Vorher);
+    EXPECT_FALSE(M.Eins->Programm.Gesperrt || M.Eins->Beendet);
+    Form.close();
+    emit const_cast<QMenu&>(Menü).aboutToShow();
+    EXPECT_TRUE(Teil<QAction>(Fenster, u"mnuSymbolBeenden"_s).isEnabled());
+}
+
 }  // namespace
 }  // namespace liedwerk::test

@@ -1,6 +1,7 @@
 #include "ui/qt/beschreibung.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QTextDocument>
 #include <QVBoxLayout>
 
@@ -13,10 +14,10 @@ namespace {
 
 constexpr int RuheMillisekunden = 80;  // key repeat is faster than that
 
-// A colour between text and background, readable on both.
+// A colour between text and background, readable on it; the pane lies on the window.
 QColor Blasse(const QPalette& Palette) {
     const QColor Schrift = Palette.color(QPalette::Text);
-    const QColor Grund = Palette.color(QPalette::Base);
+    const QColor Grund = Palette.color(QPalette::Window);
     const auto Mischen = [](int A, int B) { return (A * 68 + B * 32) / 100; };
     return {Mischen(Schrift.red(), Grund.red()), Mischen(Schrift.green(), Grund.green()),
             Mischen(Schrift.blue(), Grund.blue())};
@@ -96,6 +97,7 @@ Beschreibung::~Beschreibung() {
 void Beschreibung::HinweisZeigen(const QString& Text) {
     ++Nummer;
     Ruhe.stop();
+    Gezeigt.clear();
     lblBeschreibungTitel->hide();
     lblBeschreibungUntertitel->hide();
     txtBeschreibung->setPlainText(Text);
@@ -127,7 +129,15 @@ void Beschreibung::Starten() {
 }
 
 void Beschreibung::InfoZeigen(const Dateiinformation& Info) {
-    txtBeschreibung->setHtml(InfotextAlsHtml(Info.Info, Blasse(palette())));
+    Gezeigt = Info.Info;
+    txtBeschreibung->setHtml(InfotextAlsHtml(Gezeigt, Blasse(palette())));
+}
+
+void Beschreibung::changeEvent(QEvent* Ereignis) {
+    QWidget::changeEvent(Ereignis);
+    // The text carries the pale colour of the palette of its time.
+    if (Ereignis->type() == QEvent::PaletteChange && !Gezeigt.empty())
+        txtBeschreibung->setHtml(InfotextAlsHtml(Gezeigt, Blasse(palette())));
 }
 
 }  // namespace liedwerk

@@ -29,6 +29,9 @@ class Beschreibung final : public QWidget {
     // Heading at once, the text of the order as soon as it is there.
     void DateiZeigen(const QString& Titel, const QString& Untertitel, Auftrag Lesen);
 
+  protected:
+    void changeEvent(QEvent* Ereignis) override;
+
   private:
     void Starten();
     void InfoZeigen(const Dateiinformation& Info);
@@ -38,6 +41,7 @@ class Beschreibung final : public QWidget {
     QTextBrowser* txtBeschreibung;
     QTimer Ruhe;
     Auftrag Nächster;
+    std::string Gezeigt;  // the information text that is shown, empty for a hint
     std::uint64_t Nummer = 0;  // of the latest order; older answers are dropped
     std::shared_ptr<const bool> Lebendig = std::make_shared<const bool>(true);
     QThreadPool Fäden;

@@ -3,11 +3,11 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QLabel>
-#include <QToolButton>
 #include <QTreeView>
 #include <algorithm>
 
 #include "core/farbprofile.h"
+#include "ui/qt/programmstil.h"
 #include "ui/qt/qttext.h"
 
 using namespace Qt::StringLiterals;
@@ -34,6 +34,34 @@ QColor SchriftAuf(const QColor& Grund) {
     return Grund.lightness() < 128 ? Qt::white : Qt::black;
 }
 
+// A colour of the settings put into a role; the desktop's own is left alone.
+void FarbeSetzen(QPalette& Palette, QPalette::ColorRole Rolle, std::int32_t Farbe) {
+    if (Farbe != DesktopFarbe) Palette.setColor(Rolle, FarbeAusWert(Farbe));
+}
+
+// Background and text of a part. With a background of the person's own and no text colour the text is one
+// that can be read on it, whatever the desktop's is.
+void PaarSetzen(QPalette& Palette, QPalette::ColorRole Hintergrund, std::int32_t Grund,
+                std::initializer_list<QPalette::ColorRole> Texte, std::int32_t Schrift) {
+    FarbeSetzen(Palette, Hintergrund, Grund);
+    for (const auto Rolle : Texte) {
+        if (Grund != DesktopFarbe) Palette.setColor(Rolle, SchriftAuf(FarbeAusWert(Grund)));
+        FarbeSetzen(Palette, Rolle, Schrift);
+    }
+}
+
+// The style that can draw edges, set once over the desktop's own.
+Programmstil& Stil() {
+    auto* Gesetzt = dynamic_cast<Programmstil*>(QApplication::style());
+    if (Gesetzt == nullptr) {
+        Gesetzt = new Programmstil(QApplication::style()->name());
+        QApplication::setStyle(Gesetzt);
+    }
+    return *Gesetzt;
+}
+
+constexpr const char* Besucht = "besucht";
+
 }  // namespace
 
 QColor FarbeAusWert(std::int32_t Wert) {
@@ -44,10 +72,6 @@ QColor FarbeAusWert(std::int32_t Wert) {
 std::int32_t WertAusFarbe(const QColor& Farbe) {
     if (!Farbe.isValid()) return DesktopFarbe;
     return Farbe.red() | Farbe.green() << 8 | Farbe.blue() << 16;
-}
-
-void FarbeSetzen(QPalette& Palette, QPalette::ColorRole Rolle, std::int32_t Farbe) {
-    if (Farbe != DesktopFarbe) Palette.setColor(Rolle, FarbeAusWert(Farbe));
 }
 
 QPalette Programmpalette(const QPalette& Desktop, const Einstellungen& Werte) {
@@ -81,43 +105,46 @@ QPalette Programmpalette(const QPalette& Desktop, const Einstellungen& Werte) {
 }
 
 void PaletteAnwenden(const Einstellungen& Werte, bool DesktopDunkel) {
+    Stil();
     // The empty palette gives the desktop's own back.
     QApplication::setPalette(QPalette());
     Einstellungen Gewollt = Werte;
     if (DesktopDunkel && !IstDunkel(QApplication::palette()) && FarbprofilVon(Werte) == ProfilDesktop)
         FarbprofilNehmen(Gewollt, ProfilDunkel);
-    if (Gewollt.FarbeFunktionenHintergrund != DesktopFarbe)
-        QApplication::setPalette(Programmpalette(QApplication::palette(), Gewollt));
+    const bool Eigene = Gewollt.FarbeFunktionenHintergrund != DesktopFarbe;
+    if (!Eigene) return Stil().RahmenSetzen({});
+    const QPalette Palette = Programmpalette(QApplication::palette(), Gewollt);
+    Stil().RahmenSetzen(Palette.color(QPalette::Mid));
+    QApplication::setPalette(Palette);
 }
 
 void ListeFärben(QWidget& Liste, const Einstellungen& Werte) {
     QPalette Farben;
-    FarbeSetzen(Farben, QPalette::Text, Werte.FarbeListen);
-    FarbeSetzen(Farben, QPalette::Base, Werte.FarbeListenHintergrund);
-    if (Werte.FarbeListenHintergrund != DesktopFarbe) {
-        const QColor Grund = Farben.color(QPalette::Base);
+    PaarSetzen(Farben, QPalette::Base, Werte.FarbeListenHintergrund, {QPalette::Text}, Werte.FarbeListen);
+    const QColor Grund = Farben.color(QPalette::Base);
+    if (Werte.FarbeListenHintergrund != DesktopFarbe)
         Farben.setColor(QPalette::AlternateBase, Mischung(Farben.color(QPalette::Text), Grund, 1));
-    }
-    FarbeSetzen(Farben, QPalette::Midlight, Werte.FarbeRahmen);
+    // The grid is quieter than the edges of controls.
+    if (Werte.FarbeRahmen != DesktopFarbe)
+        Farben.setColor(QPalette::Midlight, Mischung(FarbeAusWert(Werte.FarbeRahmen), Grund, 4));
     Liste.setPalette(Farben);
     if (auto* const Kopf = Liste.findChild<QHeaderView*>(QString(), Qt::FindDirectChildrenOnly)) {
         QPalette Kopffarben;
-        FarbeSetzen(Kopffarben, QPalette::ButtonText, Werte.FarbeÜberschrift);
-        FarbeSetzen(Kopffarben, QPalette::Button, Werte.FarbeÜberschriftHintergrund);
+        PaarSetzen(Kopffarben, QPalette::Button, Werte.FarbeÜberschriftHintergrund, {QPalette::ButtonText},
+                   Werte.FarbeÜberschrift);
         Kopf->setPalette(Kopffarben);
     }
 }
 
 void FunktionenFärben(QWidget& Leiste, const Einstellungen& Werte) {
     QPalette Farben;
-    FarbeSetzen(Farben, QPalette::ButtonText, Werte.FarbeFunktionen);
-    FarbeSetzen(Farben, QPalette::WindowText, Werte.FarbeFunktionen);
-    FarbeSetzen(Farben, QPalette::Window, Werte.FarbeFunktionenHintergrund);
+    PaarSetzen(Farben, QPalette::Window, Werte.FarbeFunktionenHintergrund,
+               {QPalette::ButtonText, QPalette::WindowText}, Werte.FarbeFunktionen);
     Leiste.setPalette(Farben);
     Leiste.setAutoFillBackground(Werte.FarbeFunktionenHintergrund != DesktopFarbe);
     QPalette Kopffarben;
-    FarbeSetzen(Kopffarben, QPalette::WindowText, Werte.FarbeÜberschrift);
-    FarbeSetzen(Kopffarben, QPalette::Window, Werte.FarbeÜberschriftHintergrund);
+    PaarSetzen(Kopffarben, QPalette::Window, Werte.FarbeÜberschriftHintergrund, {QPalette::WindowText},
+               Werte.FarbeÜberschrift);
     for (auto* const Kopf : Leiste.findChildren<QLabel*>(u"lblÜberschrift"_s)) {
         Kopf->setPalette(Kopffarben);
         Kopf->setAutoFillBackground(Werte.FarbeÜberschriftHintergrund != DesktopFarbe);
@@ -126,13 +153,23 @@ void FunktionenFärben(QWidget& Leiste, const Einstellungen& Werte) {
         QFont Schrift = Knopf->font();
         Schrift.setUnderline(Werte.FunktionenUnterstreichen == 1);
         Knopf->setFont(Schrift);
+        if (Knopf->property(Besucht).toBool()) BesuchtFärben(*Knopf, Werte);
     }
 }
 
-void BeschreibungFärben(QWidget& Leiste, const Einstellungen& Werte) {
+void BesuchtFärben(QToolButton& Knopf, const Einstellungen& Werte) {
+    Knopf.setProperty(Besucht, true);
     QPalette Farben;
-    FarbeSetzen(Farben, QPalette::Text, Werte.FarbeBeschreibungen);
-    FarbeSetzen(Farben, QPalette::WindowText, Werte.FarbeBeschreibungen);
+    FarbeSetzen(Farben, QPalette::ButtonText, Werte.FarbeFunktionenBesucht);
+    Knopf.setPalette(Farben);
+}
+
+void BeschreibungFärben(QWidget& Leiste, const Einstellungen& Werte) {
+    // The pane lies on the window, not on the ground of lists.
+    QPalette Farben;
+    Farben.setColor(QPalette::Text, Farben.color(QPalette::WindowText));
+    for (const auto Rolle : {QPalette::Text, QPalette::WindowText})
+        FarbeSetzen(Farben, Rolle, Werte.FarbeBeschreibungen);
     Leiste.setPalette(Farben);
 }
 
@@ -149,16 +186,6 @@ QFont Listenschrift(const Einstellungen& Werte) {
     Schrift.setUnderline(Werte.ListeFontUnderline == 1);
     Schrift.setStrikeOut(Werte.ListeFontStrikeThrough == 1);
     return Schrift;
-}
-
-void ListenschriftNehmen(Einstellungen& Werte, const QFont& Schrift) {
-    Werte.ListeFont = Utf8Text(Schrift.family());
-    // A font that is measured in pixels has no points.
-    if (Schrift.pointSizeF() > 0) Werte.lngEinstellungenListeFontSize = qRound(Schrift.pointSizeF());
-    Werte.ListeFontBold = Schrift.bold() ? 1 : 0;
-    Werte.ListeFontItalic = Schrift.italic() ? 1 : 0;
-    Werte.ListeFontUnderline = Schrift.underline() ? 1 : 0;
-    Werte.ListeFontStrikeThrough = Schrift.strikeOut() ? 1 : 0;
 }
 
 }  // namespace liedwerk

@@ -4,19 +4,11 @@
 #include <QMenu>
 #include <QPainter>
 
-#include "basis/einstellungen.h"
+#include "ui/qt/erscheinung.h"
 
 using namespace Qt::StringLiterals;
 
 namespace liedwerk {
-namespace {
-
-QColor AlsQt(std::int32_t Farbe) {
-    return QColor(Farbe & 0xFF, (Farbe >> 8) & 0xFF, (Farbe >> 16) & 0xFF);
-}
-
-}  // namespace
-
 Farbknopf::Farbknopf(QWidget* Eltern) : QPushButton(Eltern) {
     setAutoDefault(false);
     auto* const Menü = new QMenu(this);
@@ -31,13 +23,13 @@ Farbknopf::Farbknopf(QWidget* Eltern) : QPushButton(Eltern) {
 void Farbknopf::Zeigen(std::int32_t Neue) {
     Farbe = Neue;
     const bool Desktop = Farbe == DesktopFarbe;
-    setText(Desktop ? u"Wie der Desktop"_s : AlsQt(Farbe).name().toUpper());
+    setText(Desktop ? u"Wie der Desktop"_s : FarbeAusWert(Farbe).name().toUpper());
     QPixmap Feld(iconSize() * devicePixelRatioF());
     Feld.setDevicePixelRatio(devicePixelRatioF());
     Feld.fill(Qt::transparent);
     QPainter Pinsel(&Feld);
     Pinsel.setPen(palette().color(QPalette::Mid));
-    if (!Desktop) Pinsel.setBrush(AlsQt(Farbe));
+    if (!Desktop) Pinsel.setBrush(FarbeAusWert(Farbe));
     Pinsel.drawRect(QRect(QPoint(0, 0), iconSize()).adjusted(1, 1, -2, -2));
     Pinsel.end();
     setIcon(Feld);
@@ -45,8 +37,8 @@ void Farbknopf::Zeigen(std::int32_t Neue) {
 
 void Farbknopf::FarbeWählen() {
     const QColor Wahl = QColorDialog::getColor(
-        Farbe == DesktopFarbe ? palette().color(QPalette::Base) : AlsQt(Farbe), this, accessibleName());
-    if (Wahl.isValid()) Setzen(Wahl.red() | Wahl.green() << 8 | Wahl.blue() << 16);
+        Farbe == DesktopFarbe ? palette().color(QPalette::Base) : FarbeAusWert(Farbe), this, accessibleName());
+    if (Wahl.isValid()) Setzen(WertAusFarbe(Wahl));
 }
 
 void Farbknopf::Setzen(std::int32_t Neue) {

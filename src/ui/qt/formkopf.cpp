@@ -5,6 +5,8 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "ui/qt/symbole.h"
+
 namespace liedwerk {
 
 int Zeichenbreite(const QWidget& Teil, int Zeichen) {
@@ -24,9 +26,7 @@ void BannerHinzufügen(QVBoxLayout& Spalte, const QIcon& Bild, const QString& Ze
     QWidget* const Form = Spalte.parentWidget();
     auto* const Kopf = new QHBoxLayout;
     Kopf->setSpacing(14);
-    auto* const lblBild = new QLabel(Form);
-    lblBild->setPixmap(Bild.pixmap(QSize(40, 40), Form->devicePixelRatioF()));
-    Kopf->addWidget(lblBild, 0, Qt::AlignTop);
+    Kopf->addWidget(new Symbolfeld(Bild, 40, QIcon::Normal, Form), 0, Qt::AlignTop);
     auto* const Worte = new QVBoxLayout;
     Worte->setSpacing(4);
     auto* const lblBanner = new QLabel(Zeile, Form);

@@ -287,8 +287,7 @@ QWidget* frmMain::ListenbereichAnlegen() {
     fraLeer = new QWidget(Bereich);
     fraLeer->setObjectName(u"fraLeer"_s);
     auto* const Mitte = new QVBoxLayout(fraLeer);
-    auto* const lblBild = new QLabel(fraLeer);
-    lblBild->setPixmap(Symbolbild("sammlung").pixmap(QSize(72, 72), devicePixelRatioF(), QIcon::Disabled));
+    auto* const lblBild = new Symbolfeld(Symbolbild("sammlung"), 72, QIcon::Disabled, fraLeer);
     auto* const lblLeerTitel = new QLabel(u"Hier erscheint Ihre Sammlung"_s, fraLeer);
     QFont Schrift = lblLeerTitel->font();
     Schrift.setPointSizeF(Schrift.pointSizeF() * 1.5);
@@ -349,7 +348,6 @@ void frmMain::FußAnlegen() {
     lblStatus->setTextFormat(Qt::PlainText);
     lblStatus->setContentsMargins(12, 0, 0, 0);
     statusBar()->addWidget(lblStatus, 1);
-    statusBar()->setStyleSheet(u"QStatusBar::item { border: none; }"_s);
 }
 
 void frmMain::OberflächeAnlegen() {
@@ -399,7 +397,6 @@ void frmMain::OberflächeAnlegen() {
     Teiler->setObjectName(u"Teiler"_s);
     Teiler->setChildrenCollapsible(false);
     Teiler->setHandleWidth(10);
-    Teiler->setStyleSheet(u"QSplitter::handle { background: transparent; }"_s);
     Teiler->addWidget(fraFunktionen);
     Teiler->addWidget(Listenbereich);
     Teiler->addWidget(fraBeschreibung);

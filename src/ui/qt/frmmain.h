@@ -108,6 +108,7 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     QWidget* SperrseiteAnlegen();
     void SymbolAnlegen();
     void SymbolmenüAnlegen();
+    void InsSymbolmenü(QAction& Aktion);
 
     // Handlers.
     void mnuHinzufügen_Click();
@@ -151,9 +152,15 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     bool SperreGilt() const;
     void AlteSperreAufheben();
     void NachStartHinzufügen(const std::string& Ordner);
-    // No run is active: the window may save or end. Bereit: the person may do something as well.
+    // No run is active: the window may save or end.
     bool Ruhig() const { return !Programm->LaufAktiv && !Endet; }
-    bool Bereit() const { return Ruhig() && !Programm->Gesperrt; }
+    // Nothing waits for an answer either. A form holds numbers of records and what the person typed; the tray
+    // menu, drops and timers know nothing of it.
+    bool Frei() const;
+    // The person may do something in the window as well.
+    bool Bereit() const { return Frei() && !Programm->Gesperrt; }
+    // Brings the form that waits for an answer to the front, false when there is none.
+    static bool FormVorholen();
 
     Anwendung* Programm = nullptr;
     std::unique_ptr<Listenmodell> Modell;

@@ -1,4 +1,5 @@
 // What the main window does when the person (or the session) asks for it.
+#include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QDesktopServices>
@@ -36,6 +37,18 @@ void frmMain::StatusZeigen(const QString& Text, int Dauer) {
     if (!Programm->Gesperrt) Fenstertitel.Zeigen(Text);
     tmrStatus.stop();
     if (Dauer > 0) tmrStatus.start(Dauer);
+}
+
+bool frmMain::Frei() const {
+    return Ruhig() && !Programm->Startet && QApplication::activeModalWidget() == nullptr;
+}
+
+bool frmMain::FormVorholen() {
+    QWidget* const Form = QApplication::activeModalWidget();
+    if (Form == nullptr) return false;
+    Form->raise();
+    Form->activateWindow();
+    return true;
 }
 
 void frmMain::AktionenNachführen() {
@@ -168,7 +181,7 @@ void frmMain::cmdBeenden_Click() {
 
 void frmMain::mnuSymbolÖffnen_Click() {
     Wiederherstellen();
-    if (Programm->Gesperrt && QApplication::activeModalWidget() == nullptr) SperreZeigen();
+    if (!FormVorholen() && Programm->Gesperrt) SperreZeigen();
 }
 
 void frmMain::lstSongs_AuswahlGeändert() {
@@ -237,8 +250,10 @@ void frmMain::PfadeAblegen(std::vector<std::string> Pfade) {
 
 void frmMain::closeEvent(QCloseEvent* Ereignis) {
     Ereignis->ignore();
-    if (Programm == nullptr || !Ruhig() || Programm->Startet) return;
     const auto Grund = qGuiApp->isSavingSession() ? Schließgrund::Betriebssystem : Schließgrund::Person;
+    // What was typed into a form is not thrown away from behind: it is finished or given up first.
+    if (Grund == Schließgrund::Person && FormVorholen()) return;
+    if (Programm == nullptr || !Ruhig() || Programm->Startet) return;
     if (!FensterSchließen(*Programm, Grund)) return;
     Endet = true;
     Ereignis->accept();

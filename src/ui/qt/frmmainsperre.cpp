@@ -23,8 +23,7 @@ QWidget* frmMain::SperrseiteAnlegen() {
     auto* const fraGesperrt = new QWidget(this);
     fraGesperrt->setObjectName(u"fraGesperrt"_s);
     auto* const Mitte = new QVBoxLayout(fraGesperrt);
-    auto* const lblBild = new QLabel(fraGesperrt);
-    lblBild->setPixmap(Symbolbild("sperre").pixmap(QSize(72, 72), devicePixelRatioF(), QIcon::Disabled));
+    auto* const lblBild = new Symbolfeld(Symbolbild("sperre"), 72, QIcon::Disabled, fraGesperrt);
     auto* const lblGesperrt = new QLabel(u"Das Programm ist gesperrt."_s, fraGesperrt);
     const auto Knopf = [&](const QString& Name, const QString& Text) {
         auto* const Neu = new QPushButton(Text, fraGesperrt);
@@ -141,10 +140,26 @@ void frmMain::SymbolmenüAnlegen() {
     // What is missing here has no action in this run, since nothing stands behind it.
     for (const QString& Name : {u"mnuAutoDJ"_s, u"mnuHinzufügen"_s, u"mnuListeAufräumen"_s, u"mnuSpeichern"_s,
                                 u"mnuEreignisse"_s, u"mnuOptionen"_s, u"mnuSperren"_s, u"mnuHandbuch"_s}) {
-        if (auto* const Aktion = findChild<QAction*>(Name)) Symbolmenü->addAction(Aktion);
+        if (auto* const Aktion = findChild<QAction*>(Name)) InsSymbolmenü(*Aktion);
     }
     Symbolmenü->addSeparator();
-    Symbolmenü->addAction(mnuBeenden);
+    InsSymbolmenü(*mnuBeenden);
+}
+
+// An entry of its own, since it is grey while a form is open, which the window's need not be. A desktop that
+// shows the menu without asking finds it usable; the handlers ask for themselves.
+void frmMain::InsSymbolmenü(QAction& Aktion) {
+    auto* const Eintrag = new QAction(Aktion.icon(), Aktion.text(), this);
+    Eintrag->setObjectName(u"mnuSymbol"_s + Aktion.objectName().mid(3));
+    connect(Eintrag, &QAction::triggered, &Aktion, &QAction::trigger);
+    const auto Nachführen = [&Aktion, Eintrag] {
+        Eintrag->setEnabled(Aktion.isEnabled());
+    };
+    connect(&Aktion, &QAction::enabledChanged, Eintrag, Nachführen);
+    Nachführen();
+    connect(Symbolmenü.get(), &QMenu::aboutToShow, Eintrag,
+            [this, &Aktion, Eintrag] { Eintrag->setEnabled(Aktion.isEnabled() && Frei()); });
+    Symbolmenü->addAction(Eintrag);
 }
 
 void frmMain::SymbolAnlegen() {
@@ -153,7 +168,7 @@ void frmMain::SymbolAnlegen() {
         // A form that waits for an answer comes to the front with the window; neither may go without it.
         if (QApplication::activeModalWidget() != nullptr || !isVisible() || isMinimized()) {
             Wiederherstellen();
-            if (QWidget* const Vorn = QApplication::activeModalWidget()) Vorn->raise();
+            FormVorholen();
         } else {
             Verbergen();
         }

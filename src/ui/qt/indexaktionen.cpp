@@ -1,7 +1,5 @@
 #include "ui/qt/indexaktionen.h"
 
-#include <QToolButton>
-
 #include "core/ordnerwechsel.h"
 #include "core/synchronisierlauf.h"
 #include "ui/qt/erscheinung.h"
@@ -12,17 +10,9 @@ using namespace Qt::StringLiterals;
 namespace liedwerk {
 namespace {
 
-// A function of the pane that was used once takes the colour of the settings.
-void BesuchtFärben(Fensterplatz& Platz, const QString& Knopfname) {
-    auto* const Knopf = Platz.Fenster.findChild<QToolButton*>(Knopfname);
-    if (Knopf == nullptr) return;
-    QPalette Farben;
-    FarbeSetzen(Farben, QPalette::ButtonText, Platz.Programm.Werte.FarbeFunktionenBesucht);
-    Knopf->setPalette(Farben);
-}
-
 void cmdListeAufräumen_Click(Fensterplatz& Platz) {
-    BesuchtFärben(Platz, u"cmdListeAufräumen"_s);
+    if (auto* const Knopf = Platz.Fenster.findChild<QToolButton*>(u"cmdListeAufräumen"_s))
+        BesuchtFärben(*Knopf, Platz.Programm.Werte);
     SynchronisierenLauf(Platz.Programm);
 }
 

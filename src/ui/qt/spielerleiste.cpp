@@ -100,8 +100,7 @@ Spielerleiste::Spielerleiste(QWidget* Eltern) : QWidget(Eltern) {
     hscrlBalance = ReglerAnlegen(u"hscrlBalance"_s, u"Balance"_s, -127, 127);
     for (const auto& [Regler, Bild] :
          {std::pair{hscrlVolume, "lautstaerke"}, std::pair{hscrlBalance, "balance"}}) {
-        auto* const lblBild = new QLabel(this);
-        lblBild->setPixmap(Symbolbild(Bild).pixmap(QSize(16, 16), devicePixelRatioF()));
+        auto* const lblBild = new Symbolfeld(Symbolbild(Bild), 16, QIcon::Normal, this);
         lblBild->setToolTip(Regler->accessibleName());
         Regler->setFixedWidth(fontMetrics().averageCharWidth() * 12);
         Regler->setPageStep(Regler->maximum() / 8);

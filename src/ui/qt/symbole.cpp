@@ -1,5 +1,6 @@
 #include "ui/qt/symbole.h"
 
+#include <QEvent>
 #include <QFile>
 #include <QGuiApplication>
 #include <QIconEngine>
@@ -84,6 +85,20 @@ QIcon Symbolbild(const char* Name) {
 
 QIcon Programmsymbol() {
     return QIcon(u":/symbole/liedwerk.svg"_s);
+}
+
+Symbolfeld::Symbolfeld(QIcon Symbol, int Kante, QIcon::Mode Zustand, QWidget* Eltern)
+    : QLabel(Eltern), Bild(std::move(Symbol)), Seite(Kante), Art(Zustand) {
+    Zeichnen();
+}
+
+void Symbolfeld::changeEvent(QEvent* Ereignis) {
+    QLabel::changeEvent(Ereignis);
+    if (Ereignis->type() == QEvent::PaletteChange) Zeichnen();
+}
+
+void Symbolfeld::Zeichnen() {
+    setPixmap(Bild.pixmap(QSize(Seite, Seite), devicePixelRatioF(), Art));
 }
 
 const Dateisymbol& DateisymbolVon(std::string_view Pfad) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QIcon>
+#include <QLabel>
 #include <string_view>
 
 namespace liedwerk {
@@ -10,6 +11,22 @@ namespace liedwerk {
 QIcon Symbolbild(const char* Name);
 // The program's own coloured symbol.
 QIcon Programmsymbol();
+
+// A label with a symbol (Kante: pixels) that takes the colour of another palette when one comes.
+class Symbolfeld final : public QLabel {
+  public:
+    Symbolfeld(QIcon Symbol, int Kante, QIcon::Mode Zustand, QWidget* Eltern);
+
+  protected:
+    void changeEvent(QEvent* Ereignis) override;
+
+  private:
+    void Zeichnen();
+
+    QIcon Bild;
+    int Seite;
+    QIcon::Mode Art;
+};
 
 // Symbol of a file by its extension, and its name for people who do not see it.
 struct Dateisymbol {
