@@ -9,7 +9,8 @@ constexpr std::int32_t Ton(std::uint32_t RotGrünBlau) {
                                      (RotGrünBlau >> 16 & 0xFF));
 }
 
-// Every text stands out from its background by at least 4.5 : 1, in the last profile by 7 : 1; edges by 3 : 1.
+// Every text stands out from its background by at least 4.5 : 1, in the last profile by 7 : 1; edges by 3
+// : 1.
 constexpr Farbprofil Tabelle[] = {
     {"Wie der Desktop",
      {DesktopFarbe, DesktopFarbe, DesktopFarbe, DesktopFarbe, DesktopFarbe, DesktopFarbe, DesktopFarbe,

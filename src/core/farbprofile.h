@@ -12,10 +12,14 @@ namespace liedwerk {
 
 // The colours of the settings (0xBBGGRR, or DesktopFarbe).
 inline constexpr std::array<std::int32_t Einstellungen::*, 9> Farbrollen = {
-    &Einstellungen::FarbeFunktionen,      &Einstellungen::FarbeFunktionenHintergrund,
-    &Einstellungen::FarbeListen,          &Einstellungen::FarbeListenHintergrund,
-    &Einstellungen::FarbeÜberschrift,     &Einstellungen::FarbeBeschreibungen,
-    &Einstellungen::FarbeFunktionenBesucht, &Einstellungen::FarbeRahmen,
+    &Einstellungen::FarbeFunktionen,
+    &Einstellungen::FarbeFunktionenHintergrund,
+    &Einstellungen::FarbeListen,
+    &Einstellungen::FarbeListenHintergrund,
+    &Einstellungen::FarbeÜberschrift,
+    &Einstellungen::FarbeBeschreibungen,
+    &Einstellungen::FarbeFunktionenBesucht,
+    &Einstellungen::FarbeRahmen,
     &Einstellungen::FarbeÜberschriftHintergrund,
 };
 

@@ -170,9 +170,9 @@ TEST(Farbprofile, RänderVonBedienungenSindZuSehen) {
         PaletteAnwenden(Werte, false);
         QWidget Form;
         Form.setFixedSize(400, 400);
-        const QList<QWidget*> Teile = {new QLineEdit,    new QCheckBox, new QRadioButton, new QPlainTextEdit,
-                                       new QPushButton,  new QComboBox, new QSpinBox,     new QSlider,
-                                       new QListWidget};
+        const QList<QWidget*> Teile = {new QLineEdit,      new QCheckBox,   new QRadioButton,
+                                       new QPlainTextEdit, new QPushButton, new QComboBox,
+                                       new QSpinBox,       new QSlider,     new QListWidget};
         for (QWidget* const Teil : Teile) {
             Teil->setParent(&Form);
             Teil->setGeometry(50, 50, 120, 40);

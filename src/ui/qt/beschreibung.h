@@ -41,7 +41,7 @@ class Beschreibung final : public QWidget {
     QTextBrowser* txtBeschreibung;
     QTimer Ruhe;
     Auftrag Nächster;
-    std::string Gezeigt;  // the information text that is shown, empty for a hint
+    std::string Gezeigt;       // the information text that is shown, empty for a hint
     std::uint64_t Nummer = 0;  // of the latest order; older answers are dropped
     std::shared_ptr<const bool> Lebendig = std::make_shared<const bool>(true);
     QThreadPool Fäden;

@@ -19,8 +19,8 @@ std::int32_t WertAusFarbe(const QColor& Farbe);
 // The palette of all windows: the desktop's, or one made from the settings' colours when they name a
 // background for the functions. Every group and role of it can be read on its background.
 QPalette Programmpalette(const QPalette& Desktop, const Einstellungen& Werte);
-// Sets it for the program, with edges of controls that can be seen on it. DesktopDunkel: the desktop asks for dark windows; where its own palette is light
-// all the same, profile 1 looks like the dark one.
+// Sets it for the program, with edges of controls that can be seen on it. DesktopDunkel: the desktop asks for
+// dark windows; where its own palette is light all the same, profile 1 looks like the dark one.
 void PaletteAnwenden(const Einstellungen& Werte, bool DesktopDunkel);
 
 // Colours of a single part over the program's; without own colours the part follows the program again.

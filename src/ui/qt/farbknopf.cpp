@@ -36,8 +36,9 @@ void Farbknopf::Zeigen(std::int32_t Neue) {
 }
 
 void Farbknopf::FarbeWählen() {
-    const QColor Wahl = QColorDialog::getColor(
-        Farbe == DesktopFarbe ? palette().color(QPalette::Base) : FarbeAusWert(Farbe), this, accessibleName());
+    const QColor Wahl =
+        QColorDialog::getColor(Farbe == DesktopFarbe ? palette().color(QPalette::Base) : FarbeAusWert(Farbe),
+                               this, accessibleName());
     if (Wahl.isValid()) Setzen(WertAusFarbe(Wahl));
 }
 

@@ -152,9 +152,7 @@ void frmMain::InsSymbolmenü(QAction& Aktion) {
     auto* const Eintrag = new QAction(Aktion.icon(), Aktion.text(), this);
     Eintrag->setObjectName(u"mnuSymbol"_s + Aktion.objectName().mid(3));
     connect(Eintrag, &QAction::triggered, &Aktion, &QAction::trigger);
-    const auto Nachführen = [&Aktion, Eintrag] {
-        Eintrag->setEnabled(Aktion.isEnabled());
-    };
+    const auto Nachführen = [&Aktion, Eintrag] { Eintrag->setEnabled(Aktion.isEnabled()); };
     connect(&Aktion, &QAction::enabledChanged, Eintrag, Nachführen);
     Nachführen();
     connect(Symbolmenü.get(), &QMenu::aboutToShow, Eintrag,
