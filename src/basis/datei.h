@@ -45,6 +45,9 @@ bool DateiBeschreibbar(std::string_view Pfad);
 // True for a regular file of this user under that very name: no link, and no second name of another file.
 bool EigeneDatei(std::string_view Pfad);
 
+// What is added to the text of a failure when a helper file could not be removed either.
+std::string HilfsdateiBleibt(std::string_view Hilfsdatei);
+
 // Removes a file; write protection of the file itself does not hinder it. A file that is not there is an
 // error.
 Dateifehler DateiLöschen(std::string_view Pfad);
@@ -146,7 +149,7 @@ class Dateiersatz {
     // Makes the new content the target. False on failure: then the target is the old one, whole. With
     // BehalteTemporär a failed rename leaves the temporary file in place.
     bool Übernehmen(bool BehalteTemporär = false, Vorhandenes Regel = Vorhandenes::Ersetzen);
-    // Gives up: the temporary file goes.
+    // Gives up: the temporary file goes. When the system refuses that too, the error names the file.
     void Verwerfen();
     // The first error; empty while all went well.
     const Dateifehler& Fehler() const { return ErsterFehler; }
@@ -170,7 +173,8 @@ class Dateiersatz {
 
 // Overwrites a file from the 0-based offset Stelle on, beyond its end too, in one write, and flushes it.
 // Erwartet is the state of the file for which the bytes were made: another one is an error. On failure the
-// file is as it was: the room is claimed first, and what was written in part is taken back.
+// file is as it was: the room is claimed first, and what was written in part is taken back. Where that is
+// refused too, the error says that the file may be damaged.
 Dateifehler DateiÜberschreiben(std::string_view Pfad, const Dateistand& Erwartet, std::uint64_t Stelle,
                                std::string_view Bytes);
 

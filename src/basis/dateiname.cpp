@@ -1,5 +1,9 @@
 #include "basis/dateiname.h"
 
+#include <array>
+#include <cinttypes>
+#include <cstdio>
+
 #include "basis/pfad.h"
 
 namespace liedwerk {
@@ -51,6 +55,27 @@ bool TeileEindeutig(std::string_view Pfad) {
         if (Ende == std::string_view::npos) return true;
         Pfad.remove_prefix(Ende + 1);
     }
+}
+
+std::uint64_t Kennzahl(std::string_view Bytes) {
+    std::uint64_t Zahl = 0xCBF29CE484222325U;
+    for (const char Zeichen : Bytes)
+        Zahl = (Zahl ^ static_cast<unsigned char>(Zeichen)) * 0x100000001B3U;
+    return Zahl;
+}
+
+std::string KennzahlText(std::string_view Bytes) {
+    std::array<char, 17> Text{};
+    std::snprintf(Text.data(), Text.size(), "%016" PRIx64, Kennzahl(Bytes));
+    return Text.data();
+}
+
+bool IstUnfertigeKopie(std::string_view Name) {
+    constexpr std::size_t Stellen = 16;
+    if (!Name.ends_with(KopieEndung)) return false;
+    Name.remove_suffix(KopieEndung.size());
+    if (Name.size() <= Stellen || Name[Name.size() - Stellen - 1] != '~') return false;
+    return Name.find_first_not_of("0123456789abcdef", Name.size() - Stellen) == std::string_view::npos;
 }
 
 }  // namespace liedwerk

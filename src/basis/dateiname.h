@@ -1,6 +1,7 @@
-// New file names: what a name may hold that the person or a tag has given.
+// New file names: what a name may hold that the person or a tag has given, and what tells helper files apart.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -15,5 +16,17 @@ std::string DateinameBereinigen(std::string_view Name, bool PfadErlaubt);
 // True when a path or a part of one leads nowhere else than it says: no part is empty (but what stands in
 // front of leading separators), made of blanks alone, "." or "..". Both separators count.
 bool TeileEindeutig(std::string_view Pfad);
+
+// A number for the names of helper files: the same for the same bytes in every version of the program
+// (FNV-1a), as good as surely another one for others.
+std::uint64_t Kennzahl(std::string_view Bytes);
+// The same as 16 hexadecimal digits.
+std::string KennzahlText(std::string_view Bytes);
+
+// The ending of a copy that is being made: a "~", a number of the target's path, and this. A copy that was
+// interrupted leaves such a file behind.
+inline constexpr std::string_view KopieEndung = "~lwikopie";
+// True for the name of such a file.
+bool IstUnfertigeKopie(std::string_view Name);
 
 }  // namespace liedwerk

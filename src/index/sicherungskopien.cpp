@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "basis/dateiname.h"
 #include "basis/pfad.h"
 #include "basis/text.h"
 #include "index/indexformat.h"
@@ -61,6 +62,21 @@ std::optional<std::vector<std::string>> SicherungskopienSuchen(const Ordnerleser
     });
     if (!Gelungen) return std::nullopt;
     return Funde;
+}
+
+void UnfertigeKopienEntfernen(const std::string& Ziel, const Ordnerleser& Ordner) {
+    std::vector<std::string> Reste;
+    const std::string_view Verzeichnis = OrdnerDer(Ziel);
+    Ordner.Auflisten(Verzeichnis, [&](const Ordnereintrag& Eintrag) {
+        if (!Eintrag.IstOrdner && Eintrag.Name.starts_with(DateinameVon(Ziel)) &&
+            IstUnfertigeKopie(Eintrag.Name))
+            Reste.push_back(PfadVerbinden(Verzeichnis, Eintrag.Name));
+        return true;
+    });
+    for (const std::string& Datei : Reste) {
+        if (EigeneDatei(Datei) && SperreLesen(Datei) == Sperrzustand::Frei)
+            static_cast<void>(DateiLöschen(Datei));
+    }
 }
 
 void SicherungskopienFühren(const std::string& Ziel, const Einstellungen& Werte,

@@ -61,6 +61,7 @@ std::string TemporärnameVon(const std::string& Datei) {
 
 bool SpeicherendeAbwarten(const std::string& Datei, bool MitFortschritt, const Indexumgebung& Umgebung) {
     const std::string Temporär = TemporärnameVon(Datei);
+    UnfertigeKopienEntfernen(VerweiseAuflösen(Datei), Umgebung.Ordner);
     if (!DateiExistiert(Temporär)) return true;
     Abwarten(Temporär, Datei, MitFortschritt, Umgebung);
     if (!DateiExistiert(Temporär)) return true;

@@ -1,10 +1,8 @@
 #include "medien/tagumschreiben.h"
 
-#include <array>
 #include <cerrno>
-#include <cinttypes>
-#include <cstdio>
 
+#include "basis/dateiname.h"
 #include "basis/mehrfachnamen.h"
 #include "basis/pfad.h"
 #include "basis/zahl.h"
@@ -17,23 +15,13 @@ constexpr std::string_view MarkeEndung = ".lwimerk";
 // More than any path of the system.
 constexpr std::uint64_t HöchsteMarkenlänge = 65536;
 
-// The same number for the same bytes in every version of the program (FNV-1a).
-std::uint64_t Kennzahl(std::string_view Bytes) {
-    std::uint64_t Zahl = 0xCBF29CE484222325U;
-    for (const char Zeichen : Bytes)
-        Zahl = (Zahl ^ static_cast<unsigned char>(Zeichen)) * 0x100000001B3U;
-    return Zahl;
-}
-
 // A path with something behind it. A name that is too long for that on common file systems is shortened and
 // told from others of the same beginning by a number of the whole of it.
 std::string MitEndung(std::string_view Pfad, std::string_view Endung) {
     constexpr std::size_t HöchsterName = 255;
     const std::string_view Name = DateinameVon(Pfad);
     if (Name.size() + Endung.size() <= HöchsterName) return std::string(Pfad).append(Endung);
-    std::array<char, 18> Kennung{};
-    std::snprintf(Kennung.data(), Kennung.size(), "~%016" PRIx64, Kennzahl(Name));
-    const std::string Schluss = Kennung.data() + std::string(Endung);
+    const std::string Schluss = "~" + KennzahlText(Name) + std::string(Endung);
     Pfad.remove_suffix(Name.size() + Schluss.size() - HöchsterName);
     // Not in the midst of a character.
     while ((static_cast<unsigned char>(Pfad.back()) & 0xC0U) == 0x80U)
@@ -65,9 +53,8 @@ Ausgang Gescheitert(const Dateifehler& Fehler) {
 
 // A failure that names a helper file which could not be removed either.
 Dateifehler MitHilfsdatei(Dateifehler Fehler, const std::string& Hilfsdatei) {
-    if (DateiExistiert(Hilfsdatei))
-        Fehler.Text +=
-            ". Die Hilfsdatei '" + Hilfsdatei + "' ließ sich nicht löschen; löschen Sie diese selbst";
+    const bool Genannt = Fehler.Text.find(Hilfsdatei) != std::string::npos;
+    if (!Genannt && DateiExistiert(Hilfsdatei)) Fehler.Text += HilfsdateiBleibt(Hilfsdatei);
     return Fehler;
 }
 

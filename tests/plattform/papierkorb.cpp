@@ -31,10 +31,19 @@ TEST(Desktoppapierkorb, NimmtDateienAufUndLöschtNie) {
             Inhalt = DateiLesen(Eintrag.path().string()).value_or("");
     EXPECT_EQ(Inhalt, "lied") << "it can be taken out again";
 
-    const std::string Kaputt = Ordner + "/\xFF\xFE.mp3";
-    std::ofstream(Kaputt) << "lied";
-    EXPECT_TRUE(Eimer->Verschieben(Kaputt));
-    EXPECT_TRUE(fs::exists(Kaputt));
+    // One more of that name, and a bin that cannot be made: nothing of it goes anywhere else.
+    std::ofstream(Lied) << "zweites";
+    EXPECT_FALSE(Eimer->Verschieben(Lied));
+    EXPECT_EQ(DateiLesen(Ordner + "/daten/Trash/files/Größe & \"x\".mp3.2"), "zweites");
+    const std::string Angaben =
+        DateiLesen(Ordner + "/daten/Trash/info/Größe & \"x\".mp3.trashinfo").value_or("");
+    EXPECT_NE(Angaben.find("Path=" + Ordner + "/Gr%C3%B6%C3%9Fe%20%26%20%22x%22.mp3\n"), std::string::npos)
+        << Angaben;
+    std::ofstream(Lied) << "drittes";
+    fs::remove_all(Ordner + "/daten/Trash/info");
+    std::ofstream(Ordner + "/daten/Trash/info") << "kein Ordner";
+    EXPECT_TRUE(Eimer->Verschieben(Lied));
+    EXPECT_EQ(DateiLesen(Lied), "drittes");
     EXPECT_TRUE(Eimer->Verschieben(Ordner + "/fehlt.mp3"));
     fs::remove_all(Ordner);
 }

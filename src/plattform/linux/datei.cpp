@@ -13,6 +13,7 @@
 #include <unistd.h>
 #include <utility>
 
+#include "basis/dateiname.h"
 #include "plattform/linux/audiocd.h"
 #include "plattform/linux/griff.h"
 #include "plattform/linux/systemfehler.h"
@@ -42,16 +43,20 @@ std::string Hilfsname(std::string_view Ziel, std::string_view Ende) {
     return std::string(Ziel.substr(0, Länge)).append(Ende);
 }
 
-// The same, under which nothing lies: what a person calls so stays, and another copy's helper too. The name
-// itself once a hundred are taken; opening it then tells what is wrong.
-std::string FreierHilfsname(std::string_view Ziel, const std::string& Ende) {
+// The same with a number of the whole path in it, so that nobody else calls a file so: under that name lies
+// nothing, or what a copy to this very target has left behind when it was interrupted. One that is being
+// written stays. The first name once a hundred are taken; opening it then tells what is wrong.
+std::string FreierHilfsname(std::string_view Ziel, std::string_view Ende) {
     constexpr int Versuche = 100;
     struct stat Angaben {};
+    const std::string Mitte = "~" + KennzahlText(Ziel);
     for (int Nummer = 1; Nummer <= Versuche; ++Nummer) {
-        std::string Name = Hilfsname(Ziel, Nummer == 1 ? Ende : Ende + std::to_string(Nummer));
+        const std::string Zähler = Nummer == 1 ? "" : "-" + std::to_string(Nummer);
+        std::string Name = Hilfsname(Ziel, (Mitte + Zähler).append(Ende));
         if (::lstat(Name.c_str(), &Angaben) != 0) return Name;
+        if (EigeneDatei(Name) && SperreLesen(Name) == Sperrzustand::Frei) return Name;
     }
-    return Hilfsname(Ziel, Ende);
+    return Hilfsname(Ziel, std::string(Mitte).append(Ende));
 }
 
 bool Unverändert(const Dateistand& Vorher, std::string_view Pfad) {
@@ -138,6 +143,11 @@ bool EigeneDatei(std::string_view Pfad) {
     struct stat Angaben {};
     return Name && ::lstat(Name->c_str(), &Angaben) == 0 && S_ISREG(Angaben.st_mode) &&
            Angaben.st_nlink == 1 && Angaben.st_uid == ::geteuid();
+}
+
+std::string HilfsdateiBleibt(std::string_view Hilfsdatei) {
+    return ". Die Hilfsdatei '" + std::string(Hilfsdatei) +
+           "' ließ sich nicht löschen; löschen Sie diese selbst";
 }
 
 Dateifehler DateiLöschen(std::string_view Pfad) {
@@ -240,12 +250,12 @@ Dateifehler DateiKopieren(std::string_view Quelle, std::string_view Ziel, Vorhan
     if (::lstat(std::string(Ziel).c_str(), &Stand) == 0 && S_ISLNK(Stand.st_mode)) {
         // The name is replaced, never the file that it leads to.
         const std::string Daneben = FreierHilfsname(Ziel, "~lwiverweis");
-        if ((Fehler = DateiKopieren(Quelle, Daneben, Vorhandenes::Lassen, Weiter))) return Fehler;
+        if ((Fehler = DateiKopieren(Quelle, Daneben, Vorhandenes::Ersetzen, Weiter))) return Fehler;
         if ((Fehler = DateiUmbenennen(Daneben, Ziel, Regel))) DateiLöschen(Daneben);
         return Fehler;
     }
     Dateiersatz Nach;
-    switch (Nach.Öffnen(std::string(Ziel), FreierHilfsname(Ziel, "~lwikopie"), std::string(Quelle))) {
+    switch (Nach.Öffnen(std::string(Ziel), FreierHilfsname(Ziel, KopieEndung), std::string(Quelle))) {
         case Dateiersatz::Öffnung::Gesperrt:
             return Systemfehler(EAGAIN);
         case Dateiersatz::Öffnung::Fehler:
@@ -253,7 +263,10 @@ Dateifehler DateiKopieren(std::string_view Quelle, std::string_view Ziel, Vorhan
         case Dateiersatz::Öffnung::Bereit:
             break;
     }
-    if (!Nach.Kopieren(Von, Weiter)) return Nach.Fehler();
+    if (!Nach.Kopieren(Von, Weiter)) {
+        Nach.Verwerfen();
+        return Nach.Fehler();
+    }
     // A file that somebody is still writing (a download) would come out as a part of itself.
     if (!Unverändert(Von.Stand(), Quelle))
         return Systemfehler(EBUSY, "Die Quelldatei wurde während des Kopierens verändert");

@@ -340,9 +340,9 @@ void Dateiersatz::Verwerfen() {
     struct stat Offen {};
     struct stat Name {};
     // While we hold the lock nobody of ours takes the name; a stranger's file under it stays.
-    if (::fstat(Griff, &Offen) == 0 && NameLesen(Temporärpfad, Name) && DieselbeDatei(Offen, Name)) {
-        ::unlink(Temporärpfad.c_str());
-    }
+    if (::fstat(Griff, &Offen) == 0 && NameLesen(Temporärpfad, Name) && DieselbeDatei(Offen, Name) &&
+        ::unlink(Temporärpfad.c_str()) != 0 && ErsterFehler)
+        ErsterFehler.Text += HilfsdateiBleibt(Temporärpfad);
     Schließen();
 }
 

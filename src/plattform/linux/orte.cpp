@@ -32,10 +32,14 @@ std::string Heimatordner() {
 }
 
 // A folder of the XDG base directory rules; a relative value counts as not set there.
-std::string GrundOrdner(const char* Variable, std::string_view Sonst) {
+std::string XdgOrdner(const char* Variable, std::string_view Sonst) {
     std::string Ordner = Umgebungswert(Variable);
-    if (!IstPosixPfad(Ordner)) Ordner = PfadVerbinden(Heimatordner(), Sonst);
-    return PfadVerbinden(Ordner, Unterordner);
+    return IstPosixPfad(Ordner) ? Ordner : PfadVerbinden(Heimatordner(), Sonst);
+}
+
+// The program's own in it.
+std::string GrundOrdner(const char* Variable, std::string_view Sonst) {
+    return PfadVerbinden(XdgOrdner(Variable, Sonst), Unterordner);
 }
 
 std::string OhneTrenner(std::string Ordner) {
@@ -63,7 +67,7 @@ std::string GewählterOrdner() {
     if (!Eigener.empty() && !ImSystem && ::faccessat(AT_FDCWD, Eigener.c_str(), W_OK, AT_EACCESS) == 0) {
         return Eigener;
     }
-    return GrundOrdner("XDG_DATA_HOME", ".local/share");
+    return PfadVerbinden(Datenordner(), Unterordner);
 }
 
 // Binds a name that the system gives up with the process: of the folder's identity, in no file system.
@@ -88,6 +92,10 @@ std::string Programmordner() {
     std::string Ordner = GewählterOrdner();
     static_cast<void>(OrdnerAnlegen(Ordner));
     return Ordner;
+}
+
+std::string Datenordner() {
+    return XdgOrdner("XDG_DATA_HOME", ".local/share");
 }
 
 std::string Einstellungsdatei() {

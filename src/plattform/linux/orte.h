@@ -13,6 +13,9 @@ namespace liedwerk {
 // cannot be made shows when something is saved in it.
 std::string Programmordner();
 
+// $XDG_DATA_HOME, else ~/.local/share. It need not exist.
+std::string Datenordner();
+
 // $XDG_CONFIG_HOME/liedwerk/einstellungen.ini, and the machine's seed of it.
 std::string Einstellungsdatei();
 std::string Rechnereinstellungsdatei();

@@ -54,11 +54,12 @@ bool SpanneLesen(int Griff, std::uint64_t Stelle, std::string& Bytes) {
     return true;
 }
 
-// Puts the old bytes and the old length back after a write that went wrong on the way.
-void Zurücknehmen(int Griff, std::uint64_t Größe, std::uint64_t Stelle, std::string_view Alt) {
-    SpanneSchreiben(Griff, Stelle, Alt);
-    Beharrlich([&] { return ::ftruncate(Griff, static_cast<off_t>(Größe)); });
-    Festschreiben(Griff);
+// Puts the old bytes and the old length back after a write that went wrong on the way; false when that is
+// refused too.
+bool Zurücknehmen(int Griff, std::uint64_t Größe, std::uint64_t Stelle, std::string_view Alt) {
+    const bool Geschrieben = SpanneSchreiben(Griff, Stelle, Alt);
+    const bool Gekürzt = Beharrlich([&] { return ::ftruncate(Griff, static_cast<off_t>(Größe)); }) == 0;
+    return Festschreiben(Griff) && Geschrieben && Gekürzt;
 }
 
 // Opens a file for overwriting while it is in the state that the caller has seen.
@@ -122,7 +123,10 @@ Dateifehler DateiÜberschreiben(std::string_view Pfad, const Dateistand& Erwarte
     if (!PlatzBelegen(Griff.Wert(), Größe, Stelle + Bytes.size())) return LetzterSystemfehler();
     if (SpanneSchreiben(Griff.Wert(), Stelle, Bytes) && Festschreiben(Griff.Wert())) return {};
     auto Fehler = LetzterSystemfehler();
-    Zurücknehmen(Griff.Wert(), Größe, Stelle, Alt);
+    if (!Zurücknehmen(Griff.Wert(), Größe, Stelle, Alt))
+        Fehler.Text +=
+            ". Auch ihr alter Inhalt ließ sich nicht wiederherstellen: Die Datei kann beschädigt sein, bitte "
+            "prüfen Sie diese";
     return Fehler;
 }
 

@@ -10,7 +10,7 @@
 #include "plattform/qt/laufwerke.h"
 #include "plattform/qt/medienauskunft.h"
 #include "plattform/qt/mprisspieler.h"
-#include "plattform/qt/papierkorb.h"
+#include "plattform/linux/papierkorb.h"
 
 namespace liedwerk {
 
