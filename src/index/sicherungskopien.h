@@ -17,8 +17,8 @@ std::string SicherungskopieName(std::string_view Datei, const Zeitpunkt& Jetzt);
 std::optional<std::vector<std::string>> SicherungskopienSuchen(const Ordnerleser& Ordner,
                                                                std::string_view Verzeichnis);
 
-// Removes what interrupted copies of the index and of its backups have left beside it; what another program is
-// writing stays.
+// Removes what interrupted copies of the index and of its backups have left beside it; what another program
+// is writing stays.
 void UnfertigeKopienEntfernen(const std::string& Ziel, const Ordnerleser& Ordner);
 
 // Makes a backup of the file that stands under Ziel when the last one is old enough (only with MitNeuer), and

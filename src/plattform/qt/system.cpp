@@ -3,6 +3,7 @@
 #include <QString>
 #include <QSysInfo>
 
+#include "plattform/linux/papierkorb.h"
 #include "plattform/linux/programmstart.h"
 #include "plattform/linux/systemcds.h"
 #include "plattform/qt/desktopfarben.h"
@@ -10,7 +11,6 @@
 #include "plattform/qt/laufwerke.h"
 #include "plattform/qt/medienauskunft.h"
 #include "plattform/qt/mprisspieler.h"
-#include "plattform/linux/papierkorb.h"
 
 namespace liedwerk {
 
