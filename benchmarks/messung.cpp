@@ -395,19 +395,24 @@ int Lesen(const Argumente& Worte) {
     return 0;
 }
 
-// AutoTAG on a file name without a format: the first file of a run and the following ones; before that the
-// steps that the editor takes in idle moments after it was opened (the longest one, and all of them).
+// AutoTAG on a file name without a format: the first file of a run that nothing has been prepared for; the
+// steps that the editor takes in idle moments after it was opened (the longest one, and all of them); then
+// the first file and the following ones.
 int AutoTag(const Argumente& Worte) {
     Umfeld Lauf;
     if (!Lauf.Laden(Worte[0])) return 1;
+    Tagverzeichnis Unvorbereitetes;
     Tagverzeichnis Verzeichnis;
-    const auto Zeit = [&] {
+    const auto Zeit = [&](Tagverzeichnis& Welches) {
         Datensatz Ergebnis;
         const auto Anfang = Stoppuhr::now();
-        AutoTagAusführen({Lauf.Index, Lauf.Werte, Verzeichnis}, Worte[1], "%automatik%", Ergebnis, {},
+        AutoTagAusführen({Lauf.Index, Lauf.Werte, Welches}, Worte[1], "%automatik%", Ergebnis, {},
                          AutoTagZiel::Beide);
         return MillisekundenSeit(Anfang);
     };
+    const double Vorher = Rechenzeit();
+    Ausgeben("unvorbereitet", Zeit(Unvorbereitetes));
+    Ausgeben("rechenzeit", Rechenzeit() - Vorher);
     constexpr std::size_t SätzeJeSchritt = 20000;
     double Längster = 0;
     const auto Anfang = Stoppuhr::now();
@@ -418,10 +423,10 @@ int AutoTag(const Argumente& Worte) {
     }
     Ausgeben("vorbereiten", MillisekundenSeit(Anfang));
     Ausgeben("schritt", Längster);
-    Ausgeben("erste", Zeit());
+    Ausgeben("erste", Zeit(Verzeichnis));
     std::vector<double> Zeiten(5);
     for (double& Eine : Zeiten)
-        Eine = Zeit();
+        Eine = Zeit(Verzeichnis);
     Ausgeben("ms", Mittlerer(Zeiten));
     return 0;
 }

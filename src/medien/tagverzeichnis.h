@@ -1,8 +1,8 @@
 // Records by artist and by album, as AutoTAG asks for them.
 //
 // AutoTAG walks the whole index for each piece of a file name. This directory gives the same records in the
-// same order: it keeps 32 bits of each of the four texts and looks at a record itself only where they agree,
-// so that a question to a million records costs a millisecond. It follows the store by its generation and its
+// same order: it keeps 16 bits of each of the four texts and looks at a record itself only where they agree,
+// so that a question to a million records costs a millisecond and the making of it some fifty. It follows the store by its generation and its
 // changes, so nobody has to tell it anything; it belongs to one store.
 #pragma once
 
@@ -36,7 +36,7 @@ class Tagverzeichnis {
 
   private:
     // The marks of all records in one field, slot i at place i - 1.
-    using Spalte = std::vector<std::uint32_t>;
+    using Spalte = std::vector<std::uint16_t>;
     struct Spaltenpaar {
         Spalte V1;
         Spalte V2;
@@ -44,12 +44,12 @@ class Tagverzeichnis {
     struct Frage {
         Tagtext Art;
         std::string_view Text;
-        std::uint32_t Merkmal;
+        std::uint16_t Merkmal;
     };
     static Frage FrageNach(Tagtext Art, std::string_view Text);
     bool Passt(const Satzspeicher& Sätze, const Frage& Gefragt, std::size_t Platz) const;
     void Nachführen(const Satzspeicher& Sätze);
-    void Eintragen(const Satzspeicher& Sätze, Satznummer Nummer, std::string& Puffer);
+    void Eintragen(const Satzspeicher& Sätze, Satznummer Nummer);
     const Spaltenpaar& SpaltenFür(Tagtext Art) const { return Spalten[static_cast<std::size_t>(Art)]; }
 
     std::array<Spaltenpaar, 2> Spalten;
