@@ -173,7 +173,7 @@ rm -f -- "$DATEN/gespeichert.lwi"
 einzeln "gespielten Titel erkennen" "200 ms" nochmals "$MESSUNG erkennen $MILLION $SELTEN"
 einzeln "das gleiche mit anderer Schrift" "200 ms" nochmals "$MESSUNG erkennen $MILLION Ночь"
 einzeln "AutoTAG, längster Schritt des Vorbereitens" "20 ms" schritt "$MESSUNG autotag $MILLION $TITELNAME"
-einzeln "AutoTAG '%automatik%', erste Datei" "50 ms" erste "$MESSUNG autotag $MILLION $TITELNAME"
+einzeln "AutoTAG '%automatik%', erste Datei ohne Vorbereiten" "50 ms" unvorbereitet "$MESSUNG autotag $MILLION $TITELNAME"
 einzeln "AutoTAG '%automatik%', jede weitere Datei" "50 ms" ms "$MESSUNG autotag $MILLION $TITELNAME"
 
 EIN_KERN="taskset -c 0"

@@ -12,6 +12,7 @@
 #include "core/beenden.h"
 #include "core/einstellungsspeicher.h"
 #include "core/farbprofile.h"
+#include "core/hintergrund.h"
 #include "core/laden.h"
 #include "core/terminlauf.h"
 #include "medien/tagrettung.h"
@@ -264,8 +265,12 @@ void Start::Ausführen() {
         }
         Stufe("Main: Fenster prüfen/freigeben ", [this] { FensterFreigeben(); });
         Stufe("", [this] {
+            const Laufsperre Sperre(Programm);
             UnterbrocheneVollenden(Programm.Dienst.Programmordner, Programm.Dienst.Ordner, Person,
-                                   Programm.Reste);
+                                   Programm.Reste, Zweifelsfall::Fragen, [this](const Dateischritt& Schritt) {
+                                       ImHintergrund(Person, "Unterbrochenes Speichern wird abgeschlossen",
+                                                     Schritt);
+                                   });
         });
         if (!TagWeg()) Stufe("Main: Ereignisse prüfen ", [this] { EreignissePrüfen(); });
         Stufe("Main: Start abschließen ", [this] {

@@ -1,38 +1,17 @@
 #include "core/tageditor.h"
 
 #include <algorithm>
-#include <atomic>
-#include <chrono>
-#include <future>
 #include <memory>
 #include <utility>
 
 #include "basis/datei.h"
 #include "basis/pfad.h"
+#include "core/hintergrund.h"
 #include "core/suchlauf.h"
 #include "core/tageditorfelder.h"
 
 namespace liedwerk {
 namespace {
-
-using namespace std::chrono_literals;
-
-// Runs the work on a file in a thread of its own. Mostly it is done before anybody could notice; a drive that
-// spins up and a large file get the progress window in place of a window that does not answer. Its cancel, or
-// that of a run over many files, reaches the step where that asks.
-void ImHintergrund(Oberfläche& Person, std::string_view Titel, const Dateischritt& Schritt) {
-    std::atomic<bool> Abbrechen = false;
-    auto Ende = std::async(std::launch::async, [&] { Schritt([&](std::uint64_t) { return !Abbrechen; }); });
-    if (Ende.wait_for(50ms) == std::future_status::ready) return Ende.get();
-    // A run over many files shows its own progress.
-    const bool Eigenes = !Person.FortschrittOffen();
-    if (Eigenes) Person.FortschrittStarten(Titel, false, 0);
-    while (Ende.wait_for(20ms) != std::future_status::ready) {
-        if (!Person.FortschrittZeigen("", -1)) Abbrechen = true;
-    }
-    if (Eigenes) Person.FortschrittSchließen();
-    Ende.get();
-}
 
 // What reading and writing take from a run, both in the background.
 Tagumgebung UmgebungVon(Anwendung& Programm) {

@@ -85,14 +85,6 @@ void FeldEintragen(Datensatz& Arbeit, const Datensatz& Gelesen, const Tagfeld& F
     }
 }
 
-bool BlockGleich(const Datensatz& A, const Datensatz& B, Tagblock Block) {
-    if (Block == Tagblock::Id3v1 && A.Genre.value_or(KeinGenre) != B.Genre.value_or(KeinGenre)) return false;
-    if (Block == Tagblock::Id3v2 && A.V2Qualität != B.V2Qualität) return false;
-    return std::all_of(Felder.begin(), Felder.end(), [&](const Tagfeld& Feld) {
-        return BlockVon(Feld.Blatt) != Block || A.*Feld.Wert == B.*Feld.Wert;
-    });
-}
-
 void BlockÜbernehmen(Datensatz& Ziel, const Datensatz& Quelle, Tagblock Block) {
     if (Block == Tagblock::Id3v1) Ziel.Genre = Quelle.Genre;
     if (Block == Tagblock::Id3v2) Ziel.V2Qualität = Quelle.V2Qualität;

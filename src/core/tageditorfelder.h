@@ -42,8 +42,6 @@ std::string Feldtext(const Datensatz& Satz, const Tagfeld& Feld);
 // field's own bytes, so that showing a field never changes it.
 void FeldEintragen(Datensatz& Arbeit, const Datensatz& Gelesen, const Tagfeld& Feld, std::string_view Text);
 
-// Whether two records have the same entries in a block.
-bool BlockGleich(const Datensatz& A, const Datensatz& B, Tagblock Block);
 // Puts a block's entries of Quelle into Ziel.
 void BlockÜbernehmen(Datensatz& Ziel, const Datensatz& Quelle, Tagblock Block);
 

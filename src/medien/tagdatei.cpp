@@ -115,8 +115,8 @@ Datensatz Lyricszustand(const Lesedatei& Datei, std::string_view Dateiende) {
     return Zustand;
 }
 
-Ausgang Id3v2Umbauen(std::string_view Pfad, const Lesedatei& Quelle, const Id3v2Umbau& Umbau,
-                     const Schreibrahmen& Rahmen) {
+Schreibausgang Id3v2Umbauen(std::string_view Pfad, const Lesedatei& Quelle, const Id3v2Umbau& Umbau,
+                            const Schreibrahmen& Rahmen) {
     if (Umbau.AmOrt()) return AmOrtSchreiben(Pfad, Quelle, 0, Umbau.Neu);
     return NeuSchreiben(
         Pfad, Quelle,
@@ -125,7 +125,7 @@ Ausgang Id3v2Umbauen(std::string_view Pfad, const Lesedatei& Quelle, const Id3v2
 }
 
 // The text of a failed save that was to go through the temporary file. MitAltem: an old tag had to go.
-std::string Umschreibtext(Tagblock Block, std::string_view Pfad, bool MitAltem, const Ausgang& Ende) {
+std::string Umschreibtext(Tagblock Block, std::string_view Pfad, bool MitAltem, const Schreibausgang& Ende) {
     if (WurdeAbgebrochen(Ende.Fehler)) return Abbruchtext("Speichern", Block, Pfad);
     const std::string Name(NameVon(Block).Name);
     const bool Vorläufig = Ende.Stand == Schritt::Vorläufig;
@@ -168,7 +168,7 @@ std::optional<Bereich> TagFinden(const Lesedatei& Datei, Tagblock Block, const T
     return std::nullopt;
 }
 
-std::string Entferntext(std::string_view Pfad, Tagblock Block, const Ausgang& Ende) {
+std::string Entferntext(std::string_view Pfad, Tagblock Block, const Schreibausgang& Ende) {
     if (WurdeAbgebrochen(Ende.Fehler)) return Abbruchtext("Entfernen", Block, Pfad);
     const Tagname& Name = NameVon(Block);
     const std::string Kopf = "Der " + std::string(Name.Name) + "-TAG konnte nicht entfernt werden.\n\n";
@@ -238,7 +238,7 @@ bool LyricsSchreiben(std::string_view Pfad, std::string_view Text, std::string& 
         // What stands behind goes along; that is an ID3v1 block and little more.
         const std::uint64_t Restlänge = Datei.Größe() - (Stelle + Altlänge);
         const std::string Rest = Quelle.Lesen(Stelle + Altlänge, Restlänge);
-        Ausgang Ende{Schritt::Schreiben, {EIO, "Die Datei kann nicht ganz gelesen werden"}};
+        Schreibausgang Ende{Schritt::Schreiben, {EIO, "Die Datei kann nicht ganz gelesen werden"}};
         if (Rest.size() == Restlänge) Ende = AmOrtSchreiben(Pfad, Quelle, Stelle, Tag + Rest);
         if (Ende.Stand == Schritt::Fertig) return true;
         Meldung = Systemtext(Tagblock::Lyrics, Pfad, Ende.Fehler);

@@ -17,24 +17,6 @@ Tagauswahl AuswahlVon(Tagblock Block) {
     return static_cast<Tagauswahl>(Block);
 }
 
-// True when the entries of a block differ.
-bool BlockGeändert(const Datensatz& Vorher, const Datensatz& Nachher, Tagblock Block) {
-    switch (Block) {
-        case Tagblock::Id3v1:
-            return std::any_of(Grundfelder.begin(), Grundfelder.end(), [&](const Grundfeld& Feld) {
-                return GrundfeldLesen(Vorher, Feld, Block) != GrundfeldLesen(Nachher, Feld, Block);
-            });
-        case Tagblock::Id3v2:
-            return Vorher.V2Qualität != Nachher.V2Qualität ||
-                   std::any_of(
-                       Id3v2Rahmenfelder.begin(), Id3v2Rahmenfelder.end(),
-                       [&](const Id3v2Rahmenfeld& Feld) { return Vorher.*Feld.Feld != Nachher.*Feld.Feld; });
-        case Tagblock::Lyrics:
-            break;
-    }
-    return Vorher.LyricsText != Nachher.LyricsText;
-}
-
 // One run, file by file.
 class Lauf {
   public:
@@ -51,7 +33,8 @@ class Lauf {
     void Entfernen(Tagarbeit& Arbeit, Tagblock Block, bool Still);
     void Aufräumen(Tagarbeit& Arbeit);
     void AutoTag(Tagarbeit& Arbeit, AutoTagZiel Ziel);
-    void Speichern(Tagarbeit& Arbeit, Tagauswahl Welche, bool NurMitInhalt);
+    void Speichern(Tagarbeit& Arbeit, Tagauswahl Welche, bool NurMitInhalt,
+                   const Datensatz* InDatei = nullptr);
     void Melden(const Tagarbeit& Arbeit, const std::string& Meldung);
     void NichtEntferntesMelden();
 
@@ -72,8 +55,8 @@ void Lauf::Melden(const Tagarbeit& Arbeit, const std::string& Meldung) {
     if (Gemeldet.insert(Meldung).second) Welt.Person.Melden(Symbol::Information, Meldung);
 }
 
-void Lauf::Speichern(Tagarbeit& Arbeit, Tagauswahl Welche, bool NurMitInhalt) {
-    const Tagsergebnis Gespeichert = TagsSpeichern(Welt, Arbeit, Welche, NurMitInhalt);
+void Lauf::Speichern(Tagarbeit& Arbeit, Tagauswahl Welche, bool NurMitInhalt, const Datensatz* InDatei) {
+    const Tagsergebnis Gespeichert = TagsSpeichern(Welt, Arbeit, Welche, NurMitInhalt, InDatei);
     if (Gespeichert.Gescheitert) DateiGescheitert = true;
     if (Gespeichert.Abgebrochen) Ergebnis.Abgebrochen = true;
 }
@@ -114,10 +97,7 @@ void Lauf::Aufräumen(Tagarbeit& Arbeit) {
     if (TagBrauchtAutoTag(Arbeit.Satz, Tagblock::Id3v1)) AutoTag(Arbeit, AutoTagZiel::Id3v1);
     if (TagBrauchtAutoTag(Arbeit.Satz, Tagblock::Id3v2)) AutoTag(Arbeit, AutoTagZiel::Id3v2);
     LesbarMachen(Arbeit.Satz);
-    const bool Geändert = std::any_of(AlleBlöcke.begin(), AlleBlöcke.end(), [&](Tagblock Block) {
-        return BlockGeändert(Vorher, Arbeit.Satz, Block);
-    });
-    if (Geändert) Speichern(Arbeit, Tagauswahl::Alle, true);
+    Speichern(Arbeit, Tagauswahl::Alle, true, &Vorher);
 }
 
 void Lauf::FelderBearbeiten(Tagarbeit& Arbeit, Tagblock Block) {
@@ -160,7 +140,7 @@ std::vector<Tagblock> Lauf::BetroffeneBlöcke() const {
 void Lauf::GeändertesSpeichern(Tagarbeit& Arbeit, const Datensatz& Vorher) {
     const Datensatz Gewollt = Arbeit.Satz;
     for (const Tagblock Block : BetroffeneBlöcke()) {
-        if (!BlockGeändert(Vorher, Gewollt, Block)) continue;
+        if (BlockGleich(Vorher, Gewollt, Block)) continue;
         Arbeit.Satz = Gewollt;
         Speichern(Arbeit, AuswahlVon(Block), false);
         if (Ergebnis.Abgebrochen) return;

@@ -27,21 +27,26 @@ std::string ZeitVon(std::string_view Pfad, const Uhr& Zeit) {
 class Unterbrochene {
   public:
     Unterbrochene(std::string_view Pfad, Oberfläche& Wer, Rettung& Wann)
-        : Name(Pfad), Ziel(VerweiseAuflösen(Pfad)), Rest(TagGesichertname(Ziel)), Person(Wer), Lauf(Wann) {}
-    // True when nothing is left to do: no save was interrupted, or it is finished now. The mark then goes;
-    // empty: it is not known.
-    bool Vollenden(const std::string& Marke);
+        : Name(Pfad), Ziel(VerweiseAuflösen(Pfad)), Person(Wer), Lauf(Wann) {}
+    // Whether a save has left something; that it is still under way is not told apart here.
+    bool Vorhanden() const { return SperreLesen(Rest) != Sperrzustand::Keine || DateiExistiert(Vorläufige); }
     bool Erwähnt() const { return Lauf.Erwähnt.contains(Ziel); }
+    // Brings the save to its end where it can be. When nothing is left to do the mark goes; empty: it is not
+    // known.
+    void Vollenden(const std::string& Marke, Zweifelsfall Regel, const Schrittlauf& Ausführen);
 
   private:
     void EinmalMelden(const std::string& Text) {
         if (Lauf.Erwähnt.insert(Ziel).second) Person.Melden(Symbol::Ausrufezeichen, Text);
     }
-    bool Gewollt() const;
+    bool InhaltÜbernehmen(const Dateistand& Stand, Zweifelsfall Regel, const Schrittlauf& Ausführen);
+    bool Gewollt(Zweifelsfall Regel);
+    void VorläufigeLöschen();
 
     const std::string Name;
     const std::string Ziel;
-    const std::string Rest;
+    const std::string Rest = TagGesichertname(Ziel);
+    const std::string Vorläufige = TagTemporärname(Ziel);
     const std::string Unterbrochen =
         "Das letzte Speichern der Datei '" + std::string(Name) + "' wurde unterbrochen. ";
     Oberfläche& Person;
@@ -50,43 +55,67 @@ class Unterbrochene {
 
 // A file with a single name may be another one that was put there meanwhile; one with another time was saved
 // by another program.
-bool Unterbrochene::Gewollt() const {
+bool Unterbrochene::Gewollt(Zweifelsfall Regel) {
     if (HatWeitereNamen(Ziel) && GleicheÄnderungszeit(Ziel, Rest)) return true;
-    Lauf.Erwähnt.insert(Ziel);
-    return Person.JaNein(Symbol::Ausrufezeichen,
-                         Unterbrochen + "Ihr neuer Inhalt liegt in '" + Rest + "' mit dem Datum " +
+    const std::string Lage = Unterbrochen + "Ihr neuer Inhalt liegt in '" + Rest + "' mit dem Datum " +
                              ZeitVon(Rest, Lauf.Zeit) + ". Die Datei selbst trägt das Datum " +
                              ZeitVon(Ziel, Lauf.Zeit) +
-                             "; ein anderes Programm kann sie inzwischen geändert haben.\n\nMöchten Sie das "
-                             "Speichern jetzt abschließen und den jetzigen Inhalt der Datei ersetzen?",
+                             "; ein anderes Programm kann sie inzwischen geändert haben.";
+    if (Regel == Zweifelsfall::Melden) {
+        EinmalMelden(Lage + " Beim nächsten Speichern ihrer TAGs werden Sie gefragt, welcher Inhalt gilt.");
+        return false;
+    }
+    Lauf.Erwähnt.insert(Ziel);
+    return Person.JaNein(Symbol::Ausrufezeichen,
+                         Lage +
+                             "\n\nMöchten Sie das Speichern jetzt abschließen und den jetzigen Inhalt der "
+                             "Datei ersetzen?",
                          Antwort::Nein) == Antwort::Ja;
 }
 
-bool Unterbrochene::Vollenden(const std::string& Marke) {
+// True when the file holds its new content now.
+bool Unterbrochene::InhaltÜbernehmen(const Dateistand& Stand, Zweifelsfall Regel,
+                                     const Schrittlauf& Ausführen) {
+    if (!IstHilfsdateiVon(Rest, Ziel) || !IstFrei(Rest)) {
+        EinmalMelden(Unterbrochen + "Ihr neuer Inhalt in '" + Rest +
+                     "' gehört einem anderen Benutzer oder ist in Gebrauch. Starten Sie das Programm als "
+                     "dieser Benutzer, um das Speichern abzuschließen, oder löschen Sie diese Datei.");
+        return false;
+    }
+    if (!Gewollt(Regel)) return false;
+    Dateifehler Fehler;
+    SchrittAusführen(Ausführen, Person, [&](const Kopierfortschritt& Weiter) {
+        bool Angefangen = false;
+        Fehler = GesichertesÜbertragen(Ziel, Stand, Weiter, Angefangen);
+    });
+    if (Fehler) {
+        EinmalMelden("Die Datei '" + Name + "' konnte nicht wiederhergestellt werden: " + Fehler.Text + ".");
+        return false;
+    }
+    Lauf.Erwähnt.erase(Ziel);
+    Person.Melden(Symbol::Information,
+                  Unterbrochen + "Es ist jetzt abgeschlossen, die Datei ist wieder vollständig.");
+    return true;
+}
+
+// The file beside it is whole: what a killed run had copied so far is a part of it, and its next rewriting
+// would empty the name. What is none of ours, or in use, stays.
+void Unterbrochene::VorläufigeLöschen() {
+    if (!EigeneDatei(Vorläufige) || !IstFrei(Vorläufige) || DateiLöschen(Vorläufige)) return;
+    Person.Melden(Symbol::Information, Unterbrochen +
+                                           "Die Datei ist, wie sie davor war; ihre unfertige Kopie '" +
+                                           Vorläufige + "' wurde gelöscht.");
+}
+
+void Unterbrochene::Vollenden(const std::string& Marke, Zweifelsfall Regel, const Schrittlauf& Ausführen) {
     const Lesedatei Datei = Lesedatei::Öffnen(Ziel);
     // A run that is saving the file holds it.
-    if (!Datei.Offen() || Datei.Sperren(Ziel)) return false;
-    if (SperreLesen(Rest) != Sperrzustand::Keine) {
-        if (!IstHilfsdateiVon(Rest, Ziel) || !IstFrei(Rest)) {
-            EinmalMelden(Unterbrochen + "Ihr neuer Inhalt in '" + Rest +
-                         "' gehört einem anderen Benutzer oder ist in Gebrauch. Starten Sie das Programm als "
-                         "dieser Benutzer, um das Speichern abzuschließen, oder löschen Sie diese Datei.");
-            return false;
-        }
-        if (!Gewollt()) return false;
-        bool Angefangen = false;
-        if (const auto Fehler = GesichertesÜbertragen(Ziel, Datei.Stand(), Angefangen)) {
-            EinmalMelden("Die Datei '" + Name + "' konnte nicht wiederhergestellt werden: " + Fehler.Text +
-                         ".");
-            return false;
-        }
-        Lauf.Erwähnt.erase(Ziel);
-        Person.Melden(Symbol::Information,
-                      Unterbrochen + "Es ist jetzt abgeschlossen, die Datei ist wieder vollständig.");
-    }
+    if (!Datei.Offen() || Datei.Sperren(Ziel)) return;
+    if (SperreLesen(Rest) != Sperrzustand::Keine && !InhaltÜbernehmen(Datei.Stand(), Regel, Ausführen))
+        return;
+    VorläufigeLöschen();
     // While the file is ours, no other run can have put a new mark there.
     if (!Marke.empty()) DateiLöschen(Marke);
-    return true;
 }
 
 // A file that is missing: the temporary file of its save may be whole or not.
@@ -109,7 +138,9 @@ void VorläufigeZurückholen(std::string_view Name, Oberfläche& Person) {
                                                   ".");
 }
 
-void MarkeAbarbeiten(const std::string& Marke, Oberfläche& Person, Rettung& Lauf) {
+// A mark whose file is finished, or that is too old, goes.
+void MarkeAbarbeiten(const std::string& Marke, Oberfläche& Person, Rettung& Lauf, Zweifelsfall Regel,
+                     const Schrittlauf& Ausführen) {
     const auto Markenstand = DateistandLesen(Marke);
     if (!Markenstand) return;
     // What is left then is found when the file is next read.
@@ -121,24 +152,26 @@ void MarkeAbarbeiten(const std::string& Marke, Oberfläche& Person, Rettung& Lau
     const auto Stand = DateistandLesen(Gemerkt.Pfad);
     // Its medium may be away, or another one may be in its place.
     if (Gemerkt.Inode == 0 || !Stand || Stand->Inode != Gemerkt.Inode) return;
-    Unterbrochene(Gemerkt.Pfad, Person, Lauf).Vollenden(Marke);
+    Unterbrochene(Gemerkt.Pfad, Person, Lauf).Vollenden(Marke, Regel, Ausführen);
 }
 
 }  // namespace
 
-void SpeichernVollenden(std::string_view Pfad, Oberfläche& Person, Rettung& Lauf) {
-    if (!UnterbrochenesSpeichern(Pfad)) return;
+void SpeichernVollenden(std::string_view Pfad, Oberfläche& Person, Rettung& Lauf,
+                        const Schrittlauf& Ausführen) {
     Unterbrochene Datei(Pfad, Person, Lauf);
-    if (!Datei.Erwähnt()) Datei.Vollenden({});
+    if (Datei.Vorhanden() && !Datei.Erwähnt()) Datei.Vollenden({}, Zweifelsfall::Fragen, Ausführen);
 }
 
-void DateiZurückholen(std::string_view Pfad, Oberfläche& Person, Rettung& Lauf) {
+void DateiZurückholen(std::string_view Pfad, Oberfläche& Person, Rettung& Lauf,
+                      const Schrittlauf& Ausführen) {
     if (!DateiExistiert(Pfad)) return VorläufigeZurückholen(Pfad, Person);
-    if (UnterbrochenesSpeichern(Pfad)) Unterbrochene(Pfad, Person, Lauf).Vollenden({});
+    Unterbrochene Datei(Pfad, Person, Lauf);
+    if (Datei.Vorhanden()) Datei.Vollenden({}, Zweifelsfall::Fragen, Ausführen);
 }
 
 void UnterbrocheneVollenden(const std::string& Merkordner, const Ordnerleser& Ordner, Oberfläche& Person,
-                            Rettung& Lauf) {
+                            Rettung& Lauf, Zweifelsfall Regel, const Schrittlauf& Ausführen) {
     std::vector<std::string> Marken;
     Ordner.Auflisten(Merkordner, [&](const Ordnereintrag& Eintrag) {
         if (!Eintrag.IstOrdner && IstSchreibmarke(Eintrag.Name))
@@ -147,7 +180,7 @@ void UnterbrocheneVollenden(const std::string& Merkordner, const Ordnerleser& Or
     });
     for (const std::string& Marke : Marken) {
         if (!Marke.ends_with(SchreibmarkeUnfertig)) {
-            MarkeAbarbeiten(Marke, Person, Lauf);
+            MarkeAbarbeiten(Marke, Person, Lauf, Regel, Ausführen);
         } else if (EigeneDatei(Marke) && IstFrei(Marke)) {
             DateiLöschen(Marke);
         }

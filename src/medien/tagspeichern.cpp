@@ -26,6 +26,9 @@ Tagoptionen OptionenVon(const Einstellungen& Werte) {
     return {Werte.TAGsBytesSuchen, Werte.TAGsProzentHinzufügen, Werte.TAGsModern == 1};
 }
 
+constexpr std::array Id3v1Felder = {&Datensatz::Titel, &Datensatz::Interpret, &Datensatz::Album,
+                                    &Datensatz::Jahr,  &Datensatz::Kommentar, &Datensatz::Titelnummer};
+
 bool Gefüllt(const Datensatz& Satz, std::span<std::string Datensatz::*const> Felder) {
     return std::any_of(Felder.begin(), Felder.end(), [&](auto Feld) { return !(Satz.*Feld).empty(); });
 }
@@ -90,11 +93,7 @@ bool DateiÄndern(const Tagumgebung& Umgebung, bool& Abgebrochen,
         };
         Gelungen = Schritt({Fragen, Umgebung.Merkordner});
     };
-    if (Umgebung.Ausführen) {
-        Umgebung.Ausführen(Ändern);
-    } else {
-        Ändern([&](std::uint64_t) { return Umgebung.Person.FortschrittZeigen("", -1); });
-    }
+    SchrittAusführen(Umgebung.Ausführen, Umgebung.Person, Ändern);
     return Gelungen;
 }
 
@@ -146,13 +145,8 @@ bool EntfernenErlaubt(const Tagumgebung& Umgebung, const Tagarbeit& Arbeit, Tagb
                           EntfernverlusteFinden(Arbeit.Pfad, Block, OptionenVon(Umgebung.Werte)));
 }
 
-void BlockSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block, bool NurMitInhalt,
-                    Tagsergebnis& Ergebnis) {
+void BlockSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block, Tagsergebnis& Ergebnis) {
     bool& Geschrieben = Arbeit.Geschrieben[Platz(Block)];
-    if (NurMitInhalt && !Geschrieben && !TagHatInhalt(Arbeit.Satz, Block)) {
-        Ergebnis.Gespeichert = true;
-        return;
-    }
     if (!SpeichernErlaubt(Umgebung, Arbeit, Block)) {
         Ergebnis.Gescheitert = true;
         return;
@@ -169,7 +163,7 @@ void BlockSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Blo
 
 // True when the file can be worked on; asks for its medium, or for its return from an interrupted save.
 bool IstVerfügbar(const Tagumgebung& Umgebung, const Tagarbeit& Arbeit) {
-    DateiZurückholen(Arbeit.Pfad, Umgebung.Person, Umgebung.Reste);
+    DateiZurückholen(Arbeit.Pfad, Umgebung.Person, Umgebung.Reste, Umgebung.Ausführen);
     return Arbeit.Nummer == 0 ||
            DateiNichtVerfügbarPrüfen(Umgebung.Index, Arbeit.Nummer, Umgebung.Medium, Umgebung.Mediumfragen,
                                      Umgebung.Person, false) == Verfügbarkeit::Weiter;
@@ -194,11 +188,9 @@ void NeuLesen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, std::string_view C
 }  // namespace
 
 bool TagHatInhalt(const Datensatz& Satz, Tagblock Block) {
-    static constexpr std::array Felder1 = {&Datensatz::Titel, &Datensatz::Interpret, &Datensatz::Album,
-                                           &Datensatz::Jahr,  &Datensatz::Kommentar, &Datensatz::Titelnummer};
     switch (Block) {
         case Tagblock::Id3v1:
-            return Gefüllt(Satz, Felder1) || Satz.Genre.value_or(KeinGenre) != KeinGenre;
+            return Gefüllt(Satz, Id3v1Felder) || Satz.Genre.value_or(KeinGenre) != KeinGenre;
         case Tagblock::Id3v2:
             return Satz.V2Qualität != KeineV2Qualität ||
                    std::any_of(Id3v2Rahmenfelder.begin(), Id3v2Rahmenfelder.end(),
@@ -209,9 +201,25 @@ bool TagHatInhalt(const Datensatz& Satz, Tagblock Block) {
     return false;
 }
 
+bool BlockGleich(const Datensatz& A, const Datensatz& B, Tagblock Block) {
+    switch (Block) {
+        case Tagblock::Id3v1:
+            return A.Genre.value_or(KeinGenre) == B.Genre.value_or(KeinGenre) &&
+                   std::ranges::all_of(Id3v1Felder, [&](auto Feld) { return A.*Feld == B.*Feld; });
+        case Tagblock::Id3v2:
+            return A.V2Qualität == B.V2Qualität &&
+                   std::ranges::all_of(Id3v2Rahmenfelder, [&](const Id3v2Rahmenfeld& Feld) {
+                       return A.*Feld.Feld == B.*Feld.Feld;
+                   });
+        case Tagblock::Lyrics:
+            break;
+    }
+    return A.LyricsText == B.LyricsText;
+}
+
 Tagarbeit TagarbeitBeginnen(const Tagumgebung& Umgebung, std::string_view Pfad, Satznummer Nummer) {
     Tagarbeit Arbeit{std::string(Pfad), Nummer, {}, {}};
-    SpeichernVollenden(Pfad, Umgebung.Person, Umgebung.Reste);
+    SpeichernVollenden(Pfad, Umgebung.Person, Umgebung.Reste, Umgebung.Ausführen);
     if (Nummer > 0) Arbeit.Satz = Umgebung.Index.Sätze.Lesen(Nummer);
     for (const Tagblock Block : Tagblöcke)
         TagBlockLeeren(Arbeit.Satz, Block);
@@ -220,19 +228,28 @@ Tagarbeit TagarbeitBeginnen(const Tagumgebung& Umgebung, std::string_view Pfad, 
 }
 
 Tagsergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagauswahl Welche,
-                           bool NurMitInhalt) {
+                           bool NurMitInhalt, const Datensatz* InDatei) {
     Tagsergebnis Ergebnis;
     EingabeAufbereiten(Umgebung, Welche, Arbeit.Satz);
-    if (!SchreibenErlaubt(Umgebung, Arbeit.Pfad)) {
+    const auto Dabei = [&](Tagblock Block) {
+        return Welche == Tagauswahl::Alle || static_cast<int>(Welche) == static_cast<int>(Block);
+    };
+    const auto ZuSchreiben = [&](Tagblock Block) {
+        const bool Leer = !Arbeit.Geschrieben[Platz(Block)] && !TagHatInhalt(Arbeit.Satz, Block);
+        return !(NurMitInhalt && Leer) && (InDatei == nullptr || !BlockGleich(*InDatei, Arbeit.Satz, Block));
+    };
+    const bool NichtsNeues = InDatei != nullptr && std::ranges::none_of(Tagblöcke, ZuSchreiben);
+    if (!NichtsNeues && !SchreibenErlaubt(Umgebung, Arbeit.Pfad)) {
         Ergebnis.Gescheitert = true;
         return Ergebnis;
     }
     if (IstVerfügbar(Umgebung, Arbeit)) {
         for (const Tagblock Block : Tagblöcke) {
-            const bool Dabei =
-                Welche == Tagauswahl::Alle || static_cast<int>(Welche) == static_cast<int>(Block);
-            if (Dabei && !Ergebnis.Abgebrochen)
-                BlockSpeichern(Umgebung, Arbeit, Block, NurMitInhalt, Ergebnis);
+            if (!Dabei(Block) || Ergebnis.Abgebrochen) continue;
+            if (ZuSchreiben(Block))
+                BlockSpeichern(Umgebung, Arbeit, Block, Ergebnis);
+            else
+                Ergebnis.Gespeichert = true;
         }
     } else {
         Ergebnis.Gescheitert = true;
@@ -251,7 +268,7 @@ Tagsergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagau
 }
 
 Entfernergebnis TagEntfernen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagblock Block, bool Still) {
-    DateiZurückholen(Arbeit.Pfad, Umgebung.Person, Umgebung.Reste);
+    DateiZurückholen(Arbeit.Pfad, Umgebung.Person, Umgebung.Reste, Umgebung.Ausführen);
     Entfernergebnis Ergebnis;
     if (DateiartLesen(Umgebung, Arbeit.Pfad) == DateiartWeitere) {
         Ergebnis.Meldung = NurLesbarText(Arbeit.Pfad);

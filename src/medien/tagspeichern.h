@@ -30,9 +30,6 @@ struct Tagarbeit {
     std::array<bool, 3> Geschrieben{};  // run flags: the block (Tagblock less 1) was written in this visit
 };
 
-// A step that may take long and asks between its blocks whether it shall go on.
-using Dateischritt = std::function<void(const Kopierfortschritt& Weiter)>;
-
 // What these procedures take from their surroundings.
 struct Tagumgebung {
     Katalog& Index;
@@ -44,9 +41,7 @@ struct Tagumgebung {
     Rettung& Reste;
     std::string Programmname;  // with version, for the field of the software
     std::string Merkordner{};  // where a start looks for saves that were interrupted; empty: nowhere
-    // Runs the rewriting of a file, which may take long; missing: as it is. A window gives it a thread of its
-    // own and stays alive; what the step is to ask for going on may be asked there.
-    std::function<void(const Dateischritt& Schritt)> Ausführen{};
+    Schrittlauf Ausführen{};   // runs the rewriting of a file
 };
 
 // The work state of a file after reading it with "1111", run flags reset. Nummer 0: a file without record.
@@ -61,10 +56,11 @@ struct Tagsergebnis {
 };
 
 // Writes the blocks of Arbeit.Satz that Welche names; with NurMitInhalt those without content are passed over
-// unless this visit has written them. Asks before what may cost the file something, shows what fails, then
-// reads the file again into Arbeit.Satz and into the record of the index, which is marked as changed.
+// unless this visit has written them, and so are those whose entries are the ones of InDatei, where given.
+// Asks before what may cost the file something, shows what fails, then reads the file again into Arbeit.Satz
+// and into the record of the index, which is marked as changed.
 Tagsergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagauswahl Welche,
-                           bool NurMitInhalt);
+                           bool NurMitInhalt, const Datensatz* InDatei = nullptr);
 
 struct Entfernergebnis {
     bool Entfernt = false;
@@ -80,5 +76,7 @@ Entfernergebnis TagEntfernen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tag
 
 // True when the fields of a block have any content.
 bool TagHatInhalt(const Datensatz& Satz, Tagblock Block);
+// True when two records have the same entries in a block.
+bool BlockGleich(const Datensatz& A, const Datensatz& B, Tagblock Block);
 
 }  // namespace liedwerk

@@ -1,6 +1,8 @@
 #include "medien/tagumschreiben.h"
 
 #include <cerrno>
+#include <filesystem>
+#include <fstream>
 
 #include "basis/dateiname.h"
 #include "basis/mehrfachnamen.h"
@@ -31,7 +33,7 @@ std::string MitEndung(std::string_view Pfad, std::string_view Endung) {
 }
 
 // Prepares the new content for the name that it shall have.
-Ausgang Vorbereiten(Dateiersatz& Ersatz, std::string_view Pfad, bool MehrereNamen) {
+Schreibausgang Vorbereiten(Dateiersatz& Ersatz, std::string_view Pfad, bool MehrereNamen) {
     if (!DateiBeschreibbar(Pfad)) return {Schritt::Zugriff, KeineSchreibrechte()};
     const std::string Vorbild(MehrereNamen ? Pfad : std::string_view());
     switch (Ersatz.Öffnen(MehrereNamen ? TagGesichertname(Pfad) : std::string(Pfad), TagTemporärname(Pfad),
@@ -47,7 +49,7 @@ Ausgang Vorbereiten(Dateiersatz& Ersatz, std::string_view Pfad, bool MehrereName
     return {Schritt::Vorläufig, Ersatz.Fehler()};
 }
 
-Ausgang Gescheitert(const Dateifehler& Fehler) {
+Schreibausgang Gescheitert(const Dateifehler& Fehler) {
     return {LiegtAmZugriff(Fehler) ? Schritt::Ersetzen : Schritt::Schreiben, Fehler};
 }
 
@@ -58,17 +60,23 @@ Dateifehler MitHilfsdatei(Dateifehler Fehler, const std::string& Hilfsdatei) {
     return Fehler;
 }
 
-// A mark of the overwriting of a file with several names, as long as this lives and nobody keeps it. Without
-// it the next read of the file finds what an interruption has left; so a folder that takes none stops
-// nothing.
+// A mark of the rewriting of a file, as long as this lives and nobody keeps it. Without it the next read of
+// the file finds what an interruption has left; so a folder that takes none stops nothing.
 class Schreibmarkierung {
   public:
-    Schreibmarkierung(const std::string& Ordner, const Schreibmarke& Inhalt) {
+    // Reißbar: an interruption may tear the file, so the mark is on the disk before that; else only a helper
+    // file may be left, and waiting for the disk twice a file would double the time of a run over many.
+    Schreibmarkierung(const std::string& Ordner, const Schreibmarke& Inhalt, bool Reißbar) {
         if (Ordner.empty()) return;
         Name = PfadVerbinden(Ordner, SchreibmarkeName(Inhalt.Pfad));
+        const std::string Text = std::to_string(Inhalt.Inode) + "\n" + Inhalt.Pfad;
+        if (!Reißbar) {
+            std::ofstream(std::filesystem::path(Name), std::ios::binary) << Text;
+            return;
+        }
         Dateiersatz Datei;
         if (Datei.Öffnen(Name, Name + std::string(SchreibmarkeUnfertig)) == Dateiersatz::Öffnung::Bereit &&
-            Datei.Schreiben(std::to_string(Inhalt.Inode) + "\n" + Inhalt.Pfad))
+            Datei.Schreiben(Text))
             Datei.Übernehmen();
     }
     Schreibmarkierung(const Schreibmarkierung&) = delete;
@@ -83,12 +91,12 @@ class Schreibmarkierung {
 };
 
 // Makes the prepared content the content of a file with several names, in place: a rename would part them.
-Ausgang MehrfachesÜbernehmen(Dateiersatz& Ersatz, const std::string& Pfad, const Dateistand& Stand,
-                             const std::string& Merkordner) {
-    Schreibmarkierung Marke(Merkordner, {Pfad, Stand.Inode});
-    if (!Ersatz.Übernehmen()) return Gescheitert(Ersatz.Fehler());
+Schreibausgang MehrfachesÜbernehmen(Dateiersatz& Ersatz, const std::string& Pfad, const Dateistand& Stand,
+                                    Schreibmarkierung& Marke) {
+    if (!Ersatz.Übernehmen(false, Vorhandenes::Lassen)) return Gescheitert(Ersatz.Fehler());
     bool Angefangen = false;
-    auto Fehler = GesichertesÜbertragen(Pfad, Stand, Angefangen);
+    // From here on it is quicker to come to the end than to go back.
+    auto Fehler = GesichertesÜbertragen(Pfad, Stand, {}, Angefangen);
     if (!Fehler) return {};
     if (Angefangen) {
         Marke.Behalten();
@@ -100,18 +108,18 @@ Ausgang MehrfachesÜbernehmen(Dateiersatz& Ersatz, const std::string& Pfad, cons
 }
 
 // Writes the pieces and makes them the file.
-Ausgang StückeÜbernehmen(Dateiersatz& Ersatz, std::string_view Name, const std::string& Pfad,
-                         bool MehrereNamen, const Lesedatei& Quelle, std::initializer_list<Dateistück> Stücke,
-                         const Schreibrahmen& Rahmen) {
+Schreibausgang StückeÜbernehmen(Dateiersatz& Ersatz, const std::string& Pfad, bool MehrereNamen,
+                                const Lesedatei& Quelle, std::initializer_list<Dateistück> Stücke,
+                                const Kopierfortschritt& Weiter, Schreibmarkierung& Marke) {
     for (const Dateistück& Stück : Stücke) {
-        const bool Gelungen = Stück.Bytes.empty()
-                                  ? Ersatz.Kopieren(Quelle, Stück.Stelle, Stück.Länge, Rahmen.Weiter)
-                                  : Ersatz.Schreiben(Stück.Bytes);
+        const bool Gelungen = Stück.Bytes.empty() ? Ersatz.Kopieren(Quelle, Stück.Stelle, Stück.Länge, Weiter)
+                                                  : Ersatz.Schreiben(Stück.Bytes);
         if (!Gelungen) return {Schritt::Schreiben, Ersatz.Fehler()};
     }
-    // What somebody did to the original meanwhile must not be undone by our copy of it.
-    if (auto Fehler = Quelle.Sperren(Name)) return {Schritt::Schreiben, std::move(Fehler)};
-    if (MehrereNamen) return MehrfachesÜbernehmen(Ersatz, Pfad, Quelle.Stand(), Rahmen.Merkordner);
+    // What somebody did to the original meanwhile must not be undone by our copy of it, nor may another file
+    // that a link leads to by now be replaced.
+    if (auto Fehler = Quelle.Sperren(Pfad)) return {Schritt::Schreiben, std::move(Fehler)};
+    if (MehrereNamen) return MehrfachesÜbernehmen(Ersatz, Pfad, Quelle.Stand(), Marke);
     if (!Ersatz.Übernehmen()) return Gescheitert(Ersatz.Fehler());
     return {};
 }
@@ -137,7 +145,8 @@ bool WurdeAbgebrochen(const Dateifehler& Fehler) {
 
 Dateifehler UnterbrochenesSpeichern(std::string_view Pfad) {
     const std::string Gesichert = TagGesichertname(VerweiseAuflösen(Pfad));
-    if (!DateiExistiert(Gesichert)) return {};
+    // A link that leads nowhere is not passed over either: what is written under that name would go there.
+    if (SperreLesen(Gesichert) == Sperrzustand::Keine) return {};
     return {EEXIST, "Ein früheres Speichern wurde unterbrochen; der vollständige Inhalt liegt in '" +
                         Gesichert + "'. Schließen Sie das Speichern ab oder löschen Sie diese Datei"};
 }
@@ -146,30 +155,32 @@ Dateifehler KeineSchreibrechte() {
     return {EACCES, "Auf die Datei kann nicht geschrieben werden"};
 }
 
-Ausgang AmOrtSchreiben(std::string_view Pfad, const Lesedatei& Quelle, std::uint64_t Stelle,
-                       std::string_view Bytes) {
+Schreibausgang AmOrtSchreiben(std::string_view Pfad, const Lesedatei& Quelle, std::uint64_t Stelle,
+                              std::string_view Bytes) {
     auto Fehler = DateiÜberschreiben(Pfad, Quelle.Stand(), Stelle, Bytes);
     if (!Fehler) return {};
     return {LiegtAmZugriff(Fehler) ? Schritt::Zugriff : Schritt::Schreiben, std::move(Fehler)};
 }
 
-Ausgang NeuSchreiben(std::string_view Name, const Lesedatei& Quelle, std::initializer_list<Dateistück> Stücke,
-                     const Schreibrahmen& Rahmen) {
+Schreibausgang NeuSchreiben(std::string_view Name, const Lesedatei& Quelle,
+                            std::initializer_list<Dateistück> Stücke, const Schreibrahmen& Rahmen) {
     const std::string Pfad = VerweiseAuflösen(Name);
     const bool MehrereNamen = HatWeitereNamen(Pfad);
+    Schreibmarkierung Marke(Rahmen.Merkordner, {Pfad, Quelle.Stand().Inode}, MehrereNamen);
     Dateiersatz Ersatz;
-    Ausgang Ende = Vorbereiten(Ersatz, Pfad, MehrereNamen);
+    Schreibausgang Ende = Vorbereiten(Ersatz, Pfad, MehrereNamen);
     if (Ende.Stand != Schritt::Fertig) return Ende;
-    Ende = StückeÜbernehmen(Ersatz, Name, Pfad, MehrereNamen, Quelle, Stücke, Rahmen);
+    Ende = StückeÜbernehmen(Ersatz, Pfad, MehrereNamen, Quelle, Stücke, Rahmen.Weiter, Marke);
     if (Ende.Stand == Schritt::Fertig) return Ende;
     Ersatz.Verwerfen();
     Ende.Fehler = MitHilfsdatei(std::move(Ende.Fehler), TagTemporärname(Pfad));
     return Ende;
 }
 
-Dateifehler GesichertesÜbertragen(std::string_view Pfad, const Dateistand& Stand, bool& Angefangen) {
+Dateifehler GesichertesÜbertragen(std::string_view Pfad, const Dateistand& Stand,
+                                  const Kopierfortschritt& Weiter, bool& Angefangen) {
     const std::string Gesichert = TagGesichertname(Pfad);
-    Dateifehler Fehler = DateiinhaltÜberschreiben(Pfad, Stand, Gesichert, Angefangen);
+    Dateifehler Fehler = DateiinhaltÜberschreiben(Pfad, Stand, Gesichert, Weiter, Angefangen);
     if (Fehler && Angefangen) Fehler.Text += ". Ihr vollständiger neuer Inhalt liegt in '" + Gesichert + "'";
     if (Fehler) return Fehler;
     Fehler = DateiLöschen(Gesichert);

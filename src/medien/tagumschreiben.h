@@ -2,10 +2,10 @@
 //
 // Either in place (one write, then a flush), or as a new file under the name of the old one with "~lwitmp"
 // behind it, which takes the place of the original in one rename. A file with several names (hard links) is
-// overwritten from "~lwineu", which is whole and flushed before the first byte of the original changes; a
-// mark in the program's folder tells the next start about it (tagrettung.h). Whatever goes wrong, the
-// original is whole, or its whole new content lies beside it. Why it went wrong comes back as Ausgang; the
-// words for the person are tagdatei's.
+// overwritten from "~lwineu", which is whole and flushed before the first byte of the original changes. As
+// long as either lies there, a mark in the program's folder tells the next start about it (tagrettung.h).
+// Whatever goes wrong, the original is whole, or its whole new content lies beside it. Why it went wrong
+// comes back as Schreibausgang; the words for the person are tagdatei's.
 #pragma once
 
 #include <cstdint>
@@ -52,7 +52,7 @@ enum class Schritt {
     Schreiben,  // the new content cannot be written
     Ersetzen,   // the original cannot be replaced
 };
-struct Ausgang {
+struct Schreibausgang {
     Schritt Stand = Schritt::Fertig;
     Dateifehler Fehler;
 };
@@ -67,21 +67,24 @@ Dateifehler UnterbrochenesSpeichern(std::string_view Pfad);
 // The failure of a file that cannot be opened for writing.
 Dateifehler KeineSchreibrechte();
 
-// Writes bytes into the file that was opened as Quelle, from a 0-based offset on, beyond its end too.
-Ausgang AmOrtSchreiben(std::string_view Pfad, const Lesedatei& Quelle, std::uint64_t Stelle,
-                       std::string_view Bytes);
+// Writes bytes into the file that was opened as Quelle, from a 0-based offset on, beyond its end too. A file
+// that holds these bytes already is not touched.
+Schreibausgang AmOrtSchreiben(std::string_view Pfad, const Lesedatei& Quelle, std::uint64_t Stelle,
+                              std::string_view Bytes);
 // Replaces the file that was opened as Quelle, and claimed, by the pieces.
-Ausgang NeuSchreiben(std::string_view Name, const Lesedatei& Quelle, std::initializer_list<Dateistück> Stücke,
-                     const Schreibrahmen& Rahmen);
+Schreibausgang NeuSchreiben(std::string_view Name, const Lesedatei& Quelle,
+                            std::initializer_list<Dateistück> Stücke, const Schreibrahmen& Rahmen);
 
 // Overwrites a file with several names by what lies under TagGesichertname; that goes only when it stands in
-// the file. Stand is the state in which the caller has seen and claimed it; Angefangen says on failure
-// whether the file may be torn.
-Dateifehler GesichertesÜbertragen(std::string_view Pfad, const Dateistand& Stand, bool& Angefangen);
+// the file. Stand is the state in which the caller has seen and claimed it; Weiter is asked between the
+// blocks, and its false leaves the rest to the next time. Angefangen says on failure whether the file may be
+// torn.
+Dateifehler GesichertesÜbertragen(std::string_view Pfad, const Dateistand& Stand,
+                                  const Kopierfortschritt& Weiter, bool& Angefangen);
 
-// The mark of an overwriting that is not finished yet: a small file in the program's folder.
+// The mark of a rewriting that is not finished yet: a small file in the program's folder.
 struct Schreibmarke {
-    std::string Pfad;         // of the file that is overwritten, links resolved
+    std::string Pfad;         // of the file that is rewritten, links resolved
     std::uint64_t Inode = 0;  // another one under that path is another file
 };
 // Stands behind the name of a mark that is being written: no byte of the original has changed then.

@@ -2,8 +2,8 @@
 //
 // AutoTAG walks the whole index for each piece of a file name. This directory gives the same records in the
 // same order: it keeps 16 bits of each of the four texts and looks at a record itself only where they agree,
-// so that a question to a million records costs a millisecond and the making of it some fifty. It follows the store by its generation and its
-// changes, so nobody has to tell it anything; it belongs to one store.
+// so that a question to a million records costs a millisecond and the making of it some fifty. It follows the
+// store by its generation and its changes, so nobody has to tell it anything; it belongs to one store.
 #pragma once
 
 #include <array>

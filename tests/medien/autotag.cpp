@@ -212,8 +212,20 @@ TEST(Tagverzeichnis, GibtDieselbenSätzeWieDerGangDurchDenIndex) {
     Katalog Index;
     Tagverzeichnis Verzeichnis;
     std::mt19937 Zufall(7);
-    const std::vector<std::string> Namen = {"",       "Émile",  "émile",           "EMILE", "ein langer Name",
-                                            "Łukasz", "łUKASZ", "ein Langer name "};
+    const std::vector<std::string> Namen = {"",
+                                            "Émile",
+                                            "émile",
+                                            "EMILE",
+                                            "ein langer Name",
+                                            "Łukasz",
+                                            "łUKASZ",
+                                            "ein Langer name ",
+                                            "ИРИНА",
+                                            "Ирина",
+                                            "Арина",
+                                            "\u212Bke",
+                                            "åke",
+                                            "ÅKE"};
     const auto Irgendein = [&] { return Namen[Zufall() % Namen.size()]; };
     const auto Zufälliger = [&] {
         Datensatz Neu = Satz(Irgendein(), Irgendein());

@@ -268,6 +268,35 @@ TEST_F(Schreiben, GesperrteDateienBehaltenDenAltenInhalt) {
     EXPECT_EQ(Dateien(), 1);
 }
 
+TEST_F(Schreiben, WasWährenddessenMitDerDateiGeschiehtBleibt) {
+    const std::string Alt = Id3v2Tag(3, "", 20) + Tonspur();
+    const auto Ersetzen = [&](const std::string& Pfad) { fs::rename(Anlegen("neu", "fremd"), Pfad); };
+    const std::vector<std::pair<std::function<void(const std::string&)>, std::string>> Fälle = {
+        {[](const std::string& Pfad) { fs::remove(Pfad); }, "(fehlt)"},
+        {Ersetzen, "fremd"},
+        {[](const std::string& Pfad) { std::ofstream(Pfad, std::ios::app) << "mehr"; }, Alt + "mehr"},
+    };
+    for (const bool MehrereNamen : {false, true}) {
+        for (const auto& [Geschehen, Danach] : Fälle) {
+            const std::string Ziel = Anlegen("t.mp3", Alt);
+            const std::string Verweis = (Ordner / "verweis.mp3").string();
+            fs::create_symlink("t.mp3", Verweis);
+            if (MehrereNamen) fs::create_hard_link(Ziel, Ordner / "zweiter.mp3");
+            bool Schon = false;
+            const auto Weiter = [&](std::uint64_t) {
+                if (!std::exchange(Schon, true)) Geschehen(Ziel);
+                return true;
+            };
+            EXPECT_FALSE(Id3v2Schreiben(Verweis, Fülle(900), Optionen, Meldung, {Weiter, {}}));
+            EXPECT_EQ(Inhalt(Ziel), Danach);
+            for (const auto& Eintrag : fs::directory_iterator(Ordner)) {
+                EXPECT_EQ(Eintrag.path().string().find('~'), std::string::npos) << Eintrag.path();
+                fs::remove(Eintrag);
+            }
+        }
+    }
+}
+
 TEST_F(Schreiben, RechteMerkmaleUndVerweiseBleiben) {
     const std::string Ziel = Anlegen("ziel.mp3", "Ton");
     const std::string Verweis = (Ordner / "verweis.mp3").string();
@@ -303,15 +332,15 @@ TEST_F(Schreiben, FehlendeDateiKommtNurAufWunschAusDerVorläufigenZurück) {
     // An empty one holds nothing that could come back.
     for (const std::string_view Rest : {"", "gerettet"}) {
         if (!Rest.empty()) Anlegen("t.mp3~lwitmp", Rest);
-        DateiZurückholen(Pfad, Person, Lauf);
+        DateiZurückholen(Pfad, Person, Lauf, {});
         Anlegen("t.mp3~lwitmp", Rest);
-        DateiZurückholen(Pfad, Person, Lauf);  // preset: no
+        DateiZurückholen(Pfad, Person, Lauf, {});  // preset: no
         EXPECT_FALSE(DateiExistiert(Pfad));
         EXPECT_EQ(Person.Gefragt.size(), Rest.empty() ? 0U : 2U);
     }
     EXPECT_NE(Person.Gefragt.back().find("Sie hat 8 Bytes und kann unvollständig sein."), std::string::npos);
     Person.Antworten = {Antwort::Ja};
-    DateiZurückholen(Pfad, Person, Lauf);
+    DateiZurückholen(Pfad, Person, Lauf, {});
     EXPECT_EQ(Inhalt(Pfad), "gerettet");
 }
 

@@ -215,6 +215,8 @@ TEST_F(Funktionslauf, AufräumenEntferntLeeresErkenntUndVerschönert) {
     Aufnehmen("wer - was.mp3", Ton() + V1("", " ", "nur dies"));
     Aufnehmen("die band - lied.mp3", Ton() + LyricsV2(LyricsFeld("LYR", "  ")) + V1("DIE BAND", ""));
     Aufnehmen("x.mp3", Ton());
+    Aufnehmen("lesbar.mp3", Id3v2Tag(3, Id3v2Textrahmen("TIT2", "Was") + Id3v2Textrahmen("TPE1", "Wer")) +
+                                Ton() + V1("Wer", "Was"));
     Werte.AutoTagAktuell = "%Interpret% - %Titel%";
     const auto Ergebnis = Laufen(Tagfunktion::Aufräumen, 6);
     EXPECT_EQ(Gelesen(1).Titel + Gelesen(1).V2Interpret + Gelesen(1).Kommentar, "WasWer");
@@ -225,6 +227,15 @@ TEST_F(Funktionslauf, AufräumenEntferntLeeresErkenntUndVerschönert) {
     EXPECT_EQ(Gelesen(3).HatId3v2, TagFehlt);
     EXPECT_EQ(Ergebnis.Gescheitert, 1U);
     EXPECT_EQ(Person.Meldungen.size(), 1U);
+    // A file whose fields were readable is saved all the same, and what a save adds comes; where even that is
+    // there the file is left alone, but the index learns what it holds.
+    EXPECT_EQ(Gelesen(4).V2Software, "Liedwerk 1.00 - www.liedwerk.invalid");
+    const std::filesystem::path Pfad = Index.Sätze.Pfad(4);
+    std::filesystem::last_write_time(Pfad, std::filesystem::file_time_type{});
+    Index.Sätze.RohwerteSetzen(4, std::array{Rohfeld{FeldTitel, "veraltet"}});
+    Laufen(Tagfunktion::Aufräumen, 6);
+    EXPECT_EQ(std::filesystem::last_write_time(Pfad), std::filesystem::file_time_type{});
+    EXPECT_EQ(Index.Sätze.Text(4, FeldTitel), "Was");
 }
 
 TEST_F(Funktionslauf, EntfernenSchweigtInVielenUndSprichtBeiEiner) {

@@ -38,7 +38,10 @@ TEST(TagfunktionenFormen, FormatHinzufügenWählenUndMerken) {
     Abbilden(Form);
     // A wrong format keeps the window open; the right one is built by a button and typing.
     ImDialogKlicken(u"cmdOk"_s, [&](QWidget& Neues) {
+        const auto& Beispiel = Teil<QLabel>(Neues, u"lblBeispiel"_s);
+        EXPECT_EQ(Beispiel.text(), u"Beispiel 'wer - was.mp3':"_s);
         Tippen(Neues, u"txtFormat"_s, u"%Titel"_s);
+        EXPECT_TRUE(Beispiel.text().endsWith(u"noch nicht vollständig."_s));
         Klicken(Neues, u"cmdOk"_s);
         EXPECT_EQ(Person.Meldungen.size(), 1U);
         Teil<QLineEdit>(Neues, u"txtFormat"_s).clear();

@@ -274,7 +274,7 @@ bool Dateiersatz::Kopieren(const Lesedatei& Quelle, std::uint64_t Stelle, std::u
         Stelle += Gewünscht;
         Länge -= Gewünscht;
         if (Weiter && !Weiter(Stelle)) {
-            ErsterFehler = Systemfehler(ECANCELED, "Der Vorgang wurde abgebrochen");
+            ErsterFehler = Systemfehler(ECANCELED);
             return false;
         }
     }

@@ -15,6 +15,7 @@ constexpr Fehlertext Fehlertexte[] = {
     {EACCES, "Zugriff verweigert: die nötigen Berechtigungen fehlen"},
     {EAGAIN, "Die Datei wird gerade von einem anderen Programm benutzt"},
     {EBUSY, "Die Datei oder der Ordner wird gerade benutzt"},
+    {ECANCELED, "Der Vorgang wurde abgebrochen"},
     {EDQUOT, "Der zugeteilte Speicherplatz ist verbraucht"},
     {EEXIST, "Eine Datei oder ein Ordner dieses Namens ist schon vorhanden"},
     {EFBIG, "Die Datei würde größer, als es hier erlaubt ist"},

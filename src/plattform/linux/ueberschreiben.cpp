@@ -93,8 +93,17 @@ Dateifehler ZeitVermerken(std::string_view Hilfsdatei, const timespec& Zeit) {
     return Festschreiben(Griff.Wert()) ? Dateifehler{} : LetzterSystemfehler();
 }
 
+// Whether the name leads to the open file by itself: what a stranger has put there since is not read.
+bool IstSelbst(std::string_view Pfad, const Lesedatei& Datei) {
+    const auto Name = Systempfad(Pfad);
+    struct stat Angaben {};
+    return Name && ::lstat(Name->c_str(), &Angaben) == 0 && S_ISREG(Angaben.st_mode) &&
+           Angaben.st_dev == Datei.Stand().Gerät && Angaben.st_ino == Datei.Stand().Inode;
+}
+
 // Every change is followed by the old time at once, also one that failed half-way.
-Dateifehler BlöckeÜbertragen(int Griff, const Lesedatei& Quelle, const timespec& Zeit) {
+Dateifehler BlöckeÜbertragen(int Griff, const Lesedatei& Quelle, const timespec& Zeit,
+                             const Kopierfortschritt& Weiter) {
     constexpr std::uint64_t Blockgröße = 1 << 20;
     for (std::uint64_t Stelle = 0; Stelle < Quelle.Größe(); Stelle += Blockgröße) {
         const std::string Block = Quelle.Lesen(Stelle, Blockgröße);
@@ -103,6 +112,7 @@ Dateifehler BlöckeÜbertragen(int Griff, const Lesedatei& Quelle, const timespe
         if (!SpanneSchreiben(Griff, Stelle, Block)) Fehler = LetzterSystemfehler();
         ZeitSetzen(Griff, Zeit);
         if (Fehler) return Fehler;
+        if (Weiter && !Weiter(Stelle + Block.size())) return Systemfehler(ECANCELED);
     }
     if (Beharrlich([&] { return ::ftruncate(Griff, static_cast<off_t>(Quelle.Größe())); }) != 0)
         return LetzterSystemfehler();
@@ -120,6 +130,7 @@ Dateifehler DateiÜberschreiben(std::string_view Pfad, const Dateistand& Erwarte
     const std::uint64_t Größe = Erwartet.Größe;
     std::string Alt(Stelle < Größe ? std::min<std::uint64_t>(Bytes.size(), Größe - Stelle) : 0, '\0');
     if (!SpanneLesen(Griff.Wert(), Stelle, Alt)) return LetzterSystemfehler();
+    if (Alt == Bytes) return {};
     if (!PlatzBelegen(Griff.Wert(), Größe, Stelle + Bytes.size())) return LetzterSystemfehler();
     if (SpanneSchreiben(Griff.Wert(), Stelle, Bytes) && Festschreiben(Griff.Wert())) return {};
     auto Fehler = LetzterSystemfehler();
@@ -148,11 +159,13 @@ bool IstHilfsdateiVon(std::string_view Hilfsdatei, std::string_view Datei) {
 }
 
 Dateifehler DateiinhaltÜberschreiben(std::string_view Pfad, const Dateistand& Erwartet,
-                                     std::string_view Quelle, bool& Angefangen) {
+                                     std::string_view Quelle, const Kopierfortschritt& Weiter,
+                                     bool& Angefangen) {
     Angefangen = false;
     Dateifehler Fehler;
     const Lesedatei Neu = Lesedatei::Öffnen(Quelle, &Fehler);
     if (Fehler) return Fehler;
+    if (!IstSelbst(Quelle, Neu)) return Systemfehler(EINVAL, "Die Hilfsdatei ist ein Verweis");
     Griffhalter Griff;
     struct stat Alt {};
     Fehler = BekanntesÖffnen(Pfad, Erwartet, Griff, Alt);
@@ -162,7 +175,7 @@ Dateifehler DateiinhaltÜberschreiben(std::string_view Pfad, const Dateistand& E
     if (!Fehler) Fehler = ZeitVermerken(Quelle, Alt.st_mtim);
     if (Fehler) return Fehler;
     Angefangen = true;
-    return BlöckeÜbertragen(Griff.Wert(), Neu, Alt.st_mtim);
+    return BlöckeÜbertragen(Griff.Wert(), Neu, Alt.st_mtim, Weiter);
 }
 
 bool GleicheÄnderungszeit(std::string_view Eine, std::string_view Andere) {

@@ -79,7 +79,9 @@ void frmTagAutoTagHinzufügen::BeispielZeigen() {
     const bool Erkannt = AutoTagAusführen({Leer, Einstellungen{}, Verzeichnis}, Beispieldatei, Format(),
                                           Ergebnis, {}, AutoTagZiel::Id3v2)
                              .empty();
-    if (!Erkannt) Text += u"\nDas Format passt nicht zu diesem Namen."_s;
+    if (!Erkannt && !Format().empty())
+        Text += AutoTagFormatPrüfen(Format()).empty() ? u"\nDas Format passt nicht zu diesem Namen."_s
+                                                      : u"\nDas Format ist noch nicht vollständig."_s;
     for (const Grundfeld& Feld : Grundfelder) {
         const std::string Wert = Erkannt ? GrundfeldLesen(Ergebnis, Feld, Tagblock::Id3v2) : std::string();
         if (!Wert.empty()) Text += u"\n%1: %2"_s.arg(QtText(Feld.Name), QtText(Wert));

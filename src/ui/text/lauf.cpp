@@ -116,7 +116,9 @@ Programmlauf::Programmlauf(const Globaloptionen& Global)
     }
     for (const auto& [Name, Wert] : Global.Setzen)
         EinstellungSetzen(P.Werte, Name, Wert);
-    UnterbrocheneVollenden(P.Dienst.Programmordner, P.Dienst.Ordner, P.Dienst.Person, P.Reste);
+    // An answer given for another question must not cost a file anything.
+    UnterbrocheneVollenden(P.Dienst.Programmordner, P.Dienst.Ordner, P.Dienst.Person, P.Reste,
+                           Zweifelsfall::Melden, {});
     P.StartZeit = P.LetzteSpeicherung = P.Dienst.Zeit.Jetzt();
     IstBereit = true;
 }
