@@ -148,11 +148,16 @@ void MarkeAbarbeiten(const std::string& Marke, Oberfläche& Person, Rettung& Lau
         DateiLöschen(Marke);
         return;
     }
-    const Schreibmarke Gemerkt = SchreibmarkeLesen(Marke);
-    const auto Stand = DateistandLesen(Gemerkt.Pfad);
+    const auto Gemerkt = SchreibmarkeLesen(Marke);
+    if (!Gemerkt) return;
+    if (Gemerkt->Pfad.empty()) {
+        DateiLöschen(Marke);
+        return;
+    }
+    const auto Stand = DateistandLesen(Gemerkt->Pfad);
     // Its medium may be away, or another one may be in its place.
-    if (Gemerkt.Inode == 0 || !Stand || Stand->Inode != Gemerkt.Inode) return;
-    Unterbrochene(Gemerkt.Pfad, Person, Lauf).Vollenden(Marke, Regel, Ausführen);
+    if (!Stand || (Gemerkt->Inode != 0 && Stand->Inode != Gemerkt->Inode)) return;
+    Unterbrochene(Gemerkt->Pfad, Person, Lauf).Vollenden(Marke, Regel, Ausführen);
 }
 
 }  // namespace

@@ -1,11 +1,10 @@
 #include "medien/tagumschreiben.h"
 
 #include <cerrno>
-#include <filesystem>
-#include <fstream>
 
 #include "basis/dateiname.h"
 #include "basis/mehrfachnamen.h"
+#include "basis/merkzettel.h"
 #include "basis/pfad.h"
 #include "basis/zahl.h"
 
@@ -14,6 +13,8 @@ namespace {
 
 constexpr std::string_view MarkeAnfang = "speichern-";
 constexpr std::string_view MarkeEndung = ".lwimerk";
+// Begins the mark of a copy; the length of the path behind it tells a mark that was not written to its end.
+constexpr std::string_view Kopiewort = "Kopie ";
 // More than any path of the system.
 constexpr std::uint64_t HöchsteMarkenlänge = 65536;
 
@@ -64,20 +65,15 @@ Dateifehler MitHilfsdatei(Dateifehler Fehler, const std::string& Hilfsdatei) {
 // the file finds what an interruption has left; so a folder that takes none stops nothing.
 class Schreibmarkierung {
   public:
-    // Reißbar: an interruption may tear the file, so the mark is on the disk before that; else only a helper
+    // Inode: of a file that an interruption may tear; its mark is on the disk before that. 0: only a helper
     // file may be left, and waiting for the disk twice a file would double the time of a run over many.
-    Schreibmarkierung(const std::string& Ordner, const Schreibmarke& Inhalt, bool Reißbar) {
+    Schreibmarkierung(const std::string& Ordner, const std::string& Pfad, std::uint64_t Inode) {
         if (Ordner.empty()) return;
-        Name = PfadVerbinden(Ordner, SchreibmarkeName(Inhalt.Pfad));
-        const std::string Text = std::to_string(Inhalt.Inode) + "\n" + Inhalt.Pfad;
-        if (!Reißbar) {
-            std::ofstream(std::filesystem::path(Name), std::ios::binary) << Text;
-            return;
-        }
-        Dateiersatz Datei;
-        if (Datei.Öffnen(Name, Name + std::string(SchreibmarkeUnfertig)) == Dateiersatz::Öffnung::Bereit &&
-            Datei.Schreiben(Text))
-            Datei.Übernehmen();
+        const std::string Marke = PfadVerbinden(Ordner, SchreibmarkeName(Pfad));
+        if (Inode != 0 ? FestAnlegen(Marke, std::to_string(Inode) + "\n" + Pfad)
+                       : MerkzettelAnlegen(
+                             Marke, std::string(Kopiewort) + std::to_string(Pfad.size()) + "\n" + Pfad))
+            Name = Marke;
     }
     Schreibmarkierung(const Schreibmarkierung&) = delete;
     Schreibmarkierung& operator=(const Schreibmarkierung&) = delete;
@@ -87,6 +83,12 @@ class Schreibmarkierung {
     void Behalten() { Name.clear(); }
 
   private:
+    static bool FestAnlegen(const std::string& Marke, const std::string& Inhalt) {
+        Dateiersatz Datei;
+        return Datei.Öffnen(Marke, Marke + std::string(SchreibmarkeUnfertig)) ==
+                   Dateiersatz::Öffnung::Bereit &&
+               Datei.Schreiben(Inhalt) && Datei.Übernehmen();
+    }
     std::string Name;
 };
 
@@ -166,7 +168,7 @@ Schreibausgang NeuSchreiben(std::string_view Name, const Lesedatei& Quelle,
                             std::initializer_list<Dateistück> Stücke, const Schreibrahmen& Rahmen) {
     const std::string Pfad = VerweiseAuflösen(Name);
     const bool MehrereNamen = HatWeitereNamen(Pfad);
-    Schreibmarkierung Marke(Rahmen.Merkordner, {Pfad, Quelle.Stand().Inode}, MehrereNamen);
+    Schreibmarkierung Marke(Rahmen.Merkordner, Pfad, MehrereNamen ? Quelle.Stand().Inode : 0);
     Dateiersatz Ersatz;
     Schreibausgang Ende = Vorbereiten(Ersatz, Pfad, MehrereNamen);
     if (Ende.Stand != Schritt::Fertig) return Ende;
@@ -203,13 +205,18 @@ bool IstSchreibmarke(std::string_view Name) {
     return Name.starts_with(MarkeAnfang) && Name.ends_with(MarkeEndung);
 }
 
-Schreibmarke SchreibmarkeLesen(std::string_view Markendatei) {
-    if (!EigeneDatei(Markendatei)) return {};
+std::optional<Schreibmarke> SchreibmarkeLesen(std::string_view Markendatei) {
+    if (!EigeneDatei(Markendatei)) return std::nullopt;
     const std::string Inhalt = DateiLesen(Markendatei, HöchsteMarkenlänge).value_or("");
     const std::size_t Zeilenende = Inhalt.find('\n');
-    if (Zeilenende == Inhalt.npos) return {};
-    return {Inhalt.substr(Zeilenende + 1),
-            GanzzahlLesen<std::uint64_t>(Inhalt.substr(0, Zeilenende)).value_or(0)};
+    if (Zeilenende == Inhalt.npos) return Schreibmarke{};
+    const bool Kopie = Inhalt.starts_with(Kopiewort);
+    const std::size_t Anfang = Kopie ? Kopiewort.size() : 0;
+    const auto Zahlwert =
+        GanzzahlLesen<std::uint64_t>(Inhalt.substr(Anfang, Zeilenende - Anfang)).value_or(0);
+    Schreibmarke Marke{Inhalt.substr(Zeilenende + 1), Kopie ? 0 : Zahlwert};
+    if (Kopie ? Marke.Pfad.size() != Zahlwert : Zahlwert == 0) Marke.Pfad.clear();
+    return Marke;
 }
 
 }  // namespace liedwerk

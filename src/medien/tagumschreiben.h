@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -85,14 +86,15 @@ Dateifehler GesichertesÜbertragen(std::string_view Pfad, const Dateistand& Stan
 // The mark of a rewriting that is not finished yet: a small file in the program's folder.
 struct Schreibmarke {
     std::string Pfad;         // of the file that is rewritten, links resolved
-    std::uint64_t Inode = 0;  // another one under that path is another file
+    std::uint64_t Inode = 0;  // another one under that path is another file; 0: it is only copied
 };
 // Stands behind the name of a mark that is being written: no byte of the original has changed then.
 inline constexpr std::string_view SchreibmarkeUnfertig = "~";
 // The name of a mark's file for a path, and whether a name is one, finished or not.
 std::string SchreibmarkeName(std::string_view Pfad);
 bool IstSchreibmarke(std::string_view Name);
-// Reads a mark; its Inode is 0 when it is none that this user's program has written.
-Schreibmarke SchreibmarkeLesen(std::string_view Markendatei);
+// Reads a mark; nothing when it is none that this user's program has written. Its Pfad is empty when it was
+// not written to its end.
+std::optional<Schreibmarke> SchreibmarkeLesen(std::string_view Markendatei);
 
 }  // namespace liedwerk
