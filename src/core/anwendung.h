@@ -35,6 +35,7 @@
 #include "plattform/laufwerke.h"
 #include "plattform/medienauskunft.h"
 #include "plattform/ordnerleser.h"
+#include "plattform/ordnerwacht.h"
 #include "plattform/papierkorb.h"
 #include "plattform/programmstart.h"
 #include "plattform/spieler.h"
@@ -66,6 +67,7 @@ struct Dienste {
     Papierkorb* Eimer = nullptr;       // the desktop's recycle bin; may be missing
     Http* Netz = nullptr;              // without it no CD database is asked
     const CDLaufwerke* CDs = nullptr;  // drives with audio CDs; without them no disc can be read
+    Ordnerwacht* Wacht = nullptr;      // over the folders to synchronise; may be missing
     Desktopfarben* Desktop = nullptr;  // what the desktop wishes for its windows; may be missing
     // plattform/pruefsumme.h; missing: no file is known again.
     std::function<std::string(std::string_view Pfad)> DateiPrüfsumme{};

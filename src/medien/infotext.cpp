@@ -41,6 +41,14 @@ void AllgemeinesAnhängen(std::string_view Pfad, const Datensatz& Satz, Zeilen& 
     }
 }
 
+void ModusAnhängen(const Datensatz& Satz, Zeilen& Info) {
+    Info.Anhängen("Modus: ", Satz.Modus + ", " + std::to_string(Satz.Frequenz) + " Hz");
+}
+
+void BitrateAnhängen(const Datensatz& Satz, Zeilen& Info) {
+    Info.Anhängen("Bitrate: ", std::to_string(Satz.Bitrate) + " kbps" + (Satz.VBR ? " VBR" : " CBR"));
+}
+
 void MpegAnhängen(const Datensatz& Satz, Zeilen& Info) {
     if (Satz.MpegVersion == 0 || Satz.MpegLayer == 0) {
         Info.Anhängen(KeinDateiheader);
@@ -48,8 +56,8 @@ void MpegAnhängen(const Datensatz& Satz, Zeilen& Info) {
     }
     Info.Anhängen("MPEG Version: ",
                   std::to_string(Satz.MpegVersion) + " Layer " + std::to_string(Satz.MpegLayer));
-    Info.Anhängen("Modus: ", Satz.Modus + ", " + std::to_string(Satz.Frequenz) + " Hz");
-    Info.Anhängen("Bitrate: ", std::to_string(Satz.Bitrate) + " kbps" + (Satz.VBR ? " VBR" : " CBR"));
+    ModusAnhängen(Satz, Info);
+    BitrateAnhängen(Satz, Info);
     Info.Anhängen("Dauer: ", DauerFormatieren(Satz.Dauer, true));
     Info.Anhängen("Anzahl Frames: ", std::to_string(Satz.Frames));
     Info.Anhängen("Copyright: ", Satz.Copyright);
@@ -61,9 +69,8 @@ void MpegAnhängen(const Datensatz& Satz, Zeilen& Info) {
 }
 
 void WeiteresFormatAnhängen(const Datensatz& Satz, Zeilen& Info) {
-    if (!Satz.Modus.empty())
-        Info.Anhängen("Modus: ", Satz.Modus + ", " + std::to_string(Satz.Frequenz) + " Hz");
-    if (Satz.Bitrate > 0) Info.Anhängen("Bitrate: ", std::to_string(Satz.Bitrate) + " kbps");
+    if (!Satz.Modus.empty()) ModusAnhängen(Satz, Info);
+    if (Satz.Bitrate > 0) BitrateAnhängen(Satz, Info);
 }
 
 void FormatAnhängen(const Datensatz& Satz, Zeilen& Info) {

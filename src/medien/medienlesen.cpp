@@ -131,6 +131,9 @@ void WeiteresFormatLesen(const Medienumgebung& Umgebung, std::string_view Pfad, 
     const auto Zahlentext = [](unsigned Zahl) { return Zahl == 0 ? std::string() : std::to_string(Zahl); };
     Satz.Dauer = Gerundet<std::int32_t>(Angaben->Dauer).value_or(Satz.Dauer);
     Satz.Bitrate = Angaben->Bitrate;
+    // A mean value, but for plain samples.
+    const std::string_view Endung = EndungVon(Pfad);
+    Satz.VBR = !GleichOhneGroß(Endung, ".aif") && !GleichOhneGroß(Endung, ".aiff");
     Satz.Frequenz = Angaben->Frequenz;
     Satz.Modus = Kanalmodus(Angaben->Kanäle);
     Satz.Titel = std::move(Angaben->Titel);

@@ -79,6 +79,8 @@ struct Umgebung {
     // Without them there are no audio CDs.
     const CDLaufwerke* CDs = nullptr;
     Http* Netz = nullptr;
+    // Without it no folders are watched.
+    Ordnerwacht* Wacht = nullptr;
 };
 
 struct Lauf {
@@ -89,6 +91,7 @@ struct Lauf {
         Programm.Dienst.Programme = Welt.Programme;
         Programm.Dienst.CDs = Welt.CDs;
         Programm.Dienst.Netz = Welt.Netz;
+        Programm.Dienst.Wacht = Welt.Wacht;
         Fenster.Anbinden(Programm);
         Fenster.Beendet = [this] { Beendet = true; };
         Main(Programm, Startauftrag{});

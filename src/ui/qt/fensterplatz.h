@@ -37,6 +37,8 @@ struct Fensterplatz {
     std::function<void(std::function<bool(Satznummer)>)> BeiDoppelklick;
     // Plays the records in their order; empty where nothing can be played.
     std::function<void(const std::vector<Satznummer>&)> Abspielen{};
+    // Puts a strip above the list, which takes it over.
+    std::function<void(QWidget*)> ÜberListe{};
 };
 
 // An action of the window with its name, text, picture ("" for none) and keys, also reachable by its keys

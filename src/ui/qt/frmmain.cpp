@@ -23,6 +23,7 @@
 #include "ui/qt/symbole.h"
 #include "ui/qt/tagaktionen.h"
 #include "ui/qt/tagfunktionenaktionen.h"
+#include "ui/qt/wachtaktionen.h"
 
 using namespace Qt::StringLiterals;
 
@@ -197,6 +198,11 @@ void frmMain::TeileAnlegen() {
     // The subjects put their actions into the menus here, in the order of the menus' entries.
     // First, since its double click on a folder goes ahead of playing.
     IndexaktionenAnlegen(*Platz);
+    Platz->ÜberListe = [this](QWidget* Leiste) {
+        static_cast<QVBoxLayout*>(Seiten->parentWidget()->layout())->insertWidget(0, Leiste);
+        setTabOrder(Leiste, lstSongs);
+    };
+    if (Programm->Dienst.Wacht != nullptr) WachtaktionenAnlegen(*Platz);
     if (Programm->Dienst.Spieler != nullptr && Programm->Dienst.Programme != nullptr) {
         Spielen = std::make_unique<Wiedergabeaktionen>(*Platz, *fraPlayer, [this] {
             // A very coarse timer would wait for the next full second.

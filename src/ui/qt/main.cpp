@@ -17,6 +17,7 @@
 #include "plattform/abschaltaufschub.h"
 #include "plattform/endesignal.h"
 #include "plattform/linux/ordner.h"
+#include "plattform/linux/ordnerwacht.h"
 #include "plattform/linux/orte.h"
 #include "plattform/linux/uhr.h"
 #include "plattform/linux/wertdatei.h"
@@ -132,6 +133,7 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     const std::unique_ptr<Desktopfarben> Desktop = SystemfarbenÖffnen();
     const std::unique_ptr<Programmstart> Programme = SystemprogrammeÖffnen();
     const std::unique_ptr<Http> Netz = SystemnetzÖffnen();
+    Systemordnerwacht Wacht;
     Wertdatei Nutzerwerte(Einstellungsdatei());
     Wertdatei Rechnerwerte(Rechnereinstellungsdatei());
     Fensteroberfläche Person;
@@ -145,6 +147,7 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     Programm.Dienst.Spieler = Spieler.get();
     Programm.Dienst.Programme = Programme.get();
     Programm.Dienst.Netz = Netz.get();
+    Programm.Dienst.Wacht = &Wacht;
     Programm.Dienst.Desktop = Desktop.get();
     Programm.Dienst.Laufzeitordner = Laufzeitordner();
     Programm.Dienst.DateiPrüfsumme = DateiPrüfsumme;
