@@ -236,16 +236,21 @@ std::optional<std::vector<Rangliste>> RängeBilden(const Katalog& Index, std::sp
     AufKerneVerteilen(Anzahl, SätzeJeKern, [&](std::size_t Faden, std::size_t Von, std::size_t Bis) {
         std::string Wert;
         std::string Groß;
+        std::vector<std::string> Vorige(Gefragte.size());
         for (std::size_t i = Von; i < Bis; ++i) {
             if (!Frage.Weitermachen(Faden, i - Von)) return;
             for (std::size_t k = 0; k < Gefragte.size(); ++k) {
                 SortierformLesen(Index, static_cast<Satznummer>(i + 1), Gefragte[k], Wert);
                 if (AlsZahl[k]) {
                     Ränge[k][i] = FloatRang(ZahlWert(Wert, 3));
+                } else if (i > Von && Wert == Vorige[k]) {
+                    // The songs of one album mostly stand side by side.
+                    Ränge[k][i] = Ränge[k][i - 1];
                 } else {
                     Groß.clear();
                     GroßbuchstabenAnhängen(Groß, Wert);
                     Ränge[k][i] = Teile[k][Faden].Aufnehmen(Groß);
+                    Vorige[k].swap(Wert);
                 }
             }
         }
