@@ -35,12 +35,16 @@ int StatusVon(std::string_view Antwort) {
     return GanzzahlLesen<std::int16_t>(LinkerTeil(Antwort, 3)).value_or(0);
 }
 
+bool IstBuchstabeOderZiffer(char Zeichen) {
+    return (Zeichen >= 'a' && Zeichen <= 'z') || (Zeichen >= 'A' && Zeichen <= 'Z') ||
+           (Zeichen >= '0' && Zeichen <= '9');
+}
+
 // What may stand as a category in a request: a server's word goes to another request only if it can do
 // nothing there.
 std::string_view Anfragekategorie(std::string_view Kategorie) {
     const bool Brauchbar = !Kategorie.empty() && std::ranges::all_of(Kategorie, [](char Zeichen) {
-        return (Zeichen >= 'a' && Zeichen <= 'z') || (Zeichen >= 'A' && Zeichen <= 'Z') ||
-               (Zeichen >= '0' && Zeichen <= '9') || Zeichen == '-';
+        return IstBuchstabeOderZiffer(Zeichen) || Zeichen == '-';
     });
     return Brauchbar ? Kategorie : "misc";
 }
@@ -73,17 +77,32 @@ bool IstUmleitung(int Status) {
     return std::ranges::find(Umleitungen, Status) != Umleitungen.end();
 }
 
+// What can be entered as a server: a name or an address, with or without a port.
+bool IstServername(std::string_view Name) {
+    constexpr std::size_t LängsterName = 259;  // of a host (RFC 1035), with its port
+    return !Name.empty() && Name.size() <= LängsterName && std::ranges::all_of(Name, [](char Zeichen) {
+        return IstBuchstabeOderZiffer(Zeichen) ||
+               std::string_view(".-:[]").find(Zeichen) != std::string_view::npos;
+    });
+}
+
+// The address of a server without the port that goes without saying.
+std::string OhneNormalport(std::string_view Server) {
+    constexpr std::string_view Port = ":80";
+    std::string Adresse = CDDBServeradresse(Server);
+    if (Adresse.ends_with(Port)) Adresse.resize(Adresse.size() - Port.size());
+    return Adresse;
+}
+
 // What a person can do about a server that sends its guests elsewhere. Only the name of another server can be
 // entered: neither another path nor another protocol.
 std::string UmleitungText(std::string_view Ziel, std::string_view Server) {
     constexpr std::string_view Schema = "http://";
-    constexpr std::size_t LängsterName = 259;  // of a host (RFC 1035), with its port
     std::string Text = "Der Server verweist auf eine andere Adresse.\n";
     if (BeginntMitOhneGroß(Ziel, Schema)) {
         const std::string_view Rest = Ziel.substr(Schema.size());
         const std::string Name = CDEinzeilig(Rest.substr(0, Rest.find_first_of("/?#")));
-        if (!Name.empty() && Name.size() <= LängsterName &&
-            !GleichOhneGroß(CDDBServeradresse(Name), CDDBServeradresse(Server)))
+        if (IstServername(Name) && !GleichOhneGroß(OhneNormalport(Name), OhneNormalport(Server)))
             return Text + "Bitte geben Sie diese in den 'Optionen' als CD-Datenbank-Server an: " + Name;
     }
     constexpr std::size_t Gezeigt = 200;

@@ -39,8 +39,9 @@ std::string SendehindernisVon(const CDDaten& Daten, const clsCcd& Disc) {
     const auto Letzter = Daten.Titel.begin() + static_cast<std::ptrdiff_t>(std::min(Anzahl, CDHöchsteTitel));
     const bool Vollständig = Daten.AnzahlTitel == Disc.TrackCount && !Kürzen(Daten.Album).empty() &&
                              !Kürzen(Daten.Interpret).empty() &&
-                             std::none_of(Daten.Titel.begin(), Letzter,
-                                          [](const CDTitel& Einer) { return Kürzen(Einer.Titel).empty(); });
+                             std::none_of(Daten.Titel.begin(), Letzter, [](const CDTitel& Einer) {
+                                 return !Einer.Datenspur && Kürzen(Einer.Titel).empty();
+                             });
     if (!Vollständig || Daten.Album == CDStandardAlbum || Daten.Interpret == CDStandardInterpret)
         return "Bitte geben Sie Album, Interpret und alle Titel ein, bevor Sie die Daten der CD senden.";
     return {};

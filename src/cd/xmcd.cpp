@@ -200,7 +200,13 @@ std::string XmcdBytesVonText(std::string_view Text) {
 }
 
 std::vector<std::string> XmcdZeilen(std::string_view Text) {
-    return Teilen(Ersetzen(Ersetzen(Text, Zeilenende, "\n"), "\r", "\n"), "\n");
+    if (Text.find('\n') == Text.npos) return Teilen(Text, "\r");
+    std::vector<std::string> Zeilen = Teilen(Text, "\n");
+    for (std::string& Zeile : Zeilen) {
+        Zeile.resize(Zeile.find_last_not_of('\r') + 1);
+        std::ranges::replace(Zeile, '\r', ' ');
+    }
+    return Zeilen;
 }
 
 bool CDDBCDVerarbeiten(std::string_view Bytes, CDDaten& Daten, Protokoll& Log) {

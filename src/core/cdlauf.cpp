@@ -92,6 +92,20 @@ void CDSenden(Anwendung& Programm, const CDDaten& Eingaben, bool Probe) {
     MitEingaben(Programm, Eingaben, {}, Wunsch);
 }
 
+bool CDLiegtNoch(Anwendung& Programm, std::string_view Laufwerk) {
+    clsCcd Disc;
+    if (Programm.Dienst.CDs == nullptr ||
+        (Disc.Init(*Programm.Dienst.CDs, Laufwerk) && Disc.DiskID == Programm.CD.Daten.ID))
+        return true;
+    Programm.Dienst.Person.Melden(
+        Symbol::Ausrufezeichen,
+        "Im Laufwerk '" + std::string(Laufwerk) +
+            "' liegt nicht mehr die CD, deren Daten Sie bestätigt haben. Es wurde nichts zum Index "
+            "hinzugefügt, die Daten sind gespeichert.\nBitte legen Sie die CD wieder ein, und fügen Sie sie "
+            "noch einmal hinzu.");
+    return false;
+}
+
 bool CDAusSpeicherLesen(Anwendung& Programm, std::string_view ID) {
     const CDSpeicherumgebung Speicher = CDUmgebungVon(Programm).Speicher;
     Programm.CD = {};

@@ -30,6 +30,9 @@ CDDBHerkunft CDEinlesen(Anwendung& Programm, std::string_view Laufwerk, const CD
 CDDBHerkunft CDAbfragen(Anwendung& Programm, const CDDaten& Eingaben, const CDWahl& Wählen);
 void CDSenden(Anwendung& Programm, const CDDaten& Eingaben, bool Probe);
 
+// Whether the disc whose data the person has accepted is still in the drive; otherwise she is told.
+bool CDLiegtNoch(Anwendung& Programm, std::string_view Laufwerk);
+
 // The run's record from the cache, with the table of contents that its file tells. False, told to the person,
 // when there is no such file.
 bool CDAusSpeicherLesen(Anwendung& Programm, std::string_view ID);

@@ -37,6 +37,9 @@ TEST_F(Xmcdprobe, EineAntwortFülltDenSatz) {
     EXPECT_EQ(Daten.Erweitert, "Notiz\r\nEnde\r\nMehr");
     EXPECT_TRUE(Log.Zeilen.empty());
     EXPECT_EQ(Gelesen("# x\rTTITLE0=A\rTTITLE1=B").AnzahlTitel, 2) << "bare returns end lines too";
+    const auto Gestreut = Gelesen("TTITLE0=A\ru\r\r\nTTITLE0=B\nTTITLE1=C\r\n");
+    EXPECT_EQ(Gestreut.AnzahlTitel, 2) << "a stray return ends none";
+    EXPECT_EQ(Gestreut.Titel[0].Titel, "A uB");
     // Answers with bare line feeds and in UTF-8 read the same.
     EXPECT_EQ(Gelesen("DTITLE=Bj\xC3\xB6rk / Début\nTTITLE0=\xD0\x9F\nDGENRE=Jazz\n").Titel[0].Titel, "П");
 }

@@ -203,6 +203,7 @@ void Mprisarbeiter::Verlieren() {
     Hören(Eigner, false);
     Dienst.clear();
     Titel = {};
+    Sprungziel = -1;
     Fehlschläge = 0;
     LiestGerade = false;
     FähigkeitenBekannt = false;
@@ -256,8 +257,11 @@ void Mprisarbeiter::PositionLesen() {
     Wo << QString::fromLatin1(Player) << u"Position"_s;
     Rufen(Wo, [this](const QDBusMessage& Antwort) {
         const bool Gelungen = Antwort.type() == QDBusMessage::ReplyMessage;
+        const bool Sprang = Sprungziel >= 0;
         if (Gelungen) PositionMerken(Antwort.arguments().value(0).value<QDBusVariant>().variant());
         Geantwortet(Gelungen);
+        // Whoever shows a paused player does not look at its position again unasked.
+        if (Sprang && Sprungziel < 0) Melden();
     });
 }
 
@@ -293,8 +297,10 @@ void Mprisarbeiter::Geantwortet(bool Gelungen) {
 // back.
 bool Mprisarbeiter::SpringtNoch(std::int64_t Position) {
     if (Sprungziel < 0) return false;
-    if (std::abs(Position - Sprungziel) > Sprungweite && std::chrono::steady_clock::now() < Sprungfrist)
-        return true;
+    const bool Angekommen = std::abs(Position - Sprungziel) <= Sprungweite;
+    if (!Angekommen && std::chrono::steady_clock::now() < Sprungfrist) return true;
+    // A jump that was not made is no way back to the beginning of the title.
+    if (!Angekommen) Bild->Position = -1;
     Sprungziel = -1;
     return false;
 }
@@ -302,10 +308,10 @@ bool Mprisarbeiter::SpringtNoch(std::int64_t Position) {
 void Mprisarbeiter::PositionMerken(const QVariant& Wert) {
     const auto Mikrosekunden = Buszahl(Wert);
     const std::lock_guard Halten(Bild->Riegel);
-    const std::int64_t Vorher = Bild->PositionJetzt();
     const std::int64_t Jetzt =
         Mikrosekunden ? static_cast<std::int64_t>(std::clamp(*Mikrosekunden / 1000, 0.0, 1e10)) : -1;
     if (SpringtNoch(Jetzt)) return;
+    const std::int64_t Vorher = Bild->PositionJetzt();
     if (Jetzt >= 0 && Jetzt < Neuanfang && Vorher - Jetzt > Fallhöhe) ++Bild->Lage.Durchgang;
     Bild->Position = Jetzt;
     Bild->Gemessen = std::chrono::steady_clock::now();

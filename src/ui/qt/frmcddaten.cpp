@@ -249,7 +249,9 @@ bool CDAssistentZeigen(Anwendung& Programm, std::string_view Laufwerk, QWidget* 
         return Form.Gewählt();
     });
     return Herkunft != CDDBHerkunft::Keine &&
-           frmCDDaten(Programm, frmCDDaten::Anlaß::Hinzufügen, Herkunft, Eltern).exec() == QDialog::Accepted;
+           frmCDDaten(Programm, frmCDDaten::Anlaß::Hinzufügen, Herkunft, Eltern).exec() ==
+               QDialog::Accepted &&
+           CDLiegtNoch(Programm, Laufwerk);
 }
 
 bool CDAusSpeicherÄndern(Anwendung& Programm, const std::string& ID, QWidget* Eltern) {
