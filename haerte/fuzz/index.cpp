@@ -46,15 +46,20 @@ void SätzeVergleichen(std::string_view Regel, const Satzspeicher& A, const Satz
     }
 }
 
+// A CR or LF alone is part of a value and becomes a blank.
+bool HatHalbesZeilenende(std::string_view Inhalt) {
+    const std::string Rest = Ersetzen(Inhalt, "\r\n", "");
+    const bool NurLf = Rest.size() == Inhalt.size();
+    return Rest.find_first_of(NurLf ? "\r" : "\r\n") != std::string::npos;
+}
+
 }  // namespace
 
 void IndexPrüfen(std::string_view Eingabe) {
     const std::string Alt = DateiLegen("alt.lwi", Eingabe);
     const std::string Neu = Ablage() + "/neu.lwi";
     std::filesystem::remove(Neu);
-    // A CR alone is part of a value and becomes a blank.
-    const bool Heil =
-        IndexdateiIstHeil(Alt, true) && Ersetzen(Eingabe, "\r\n", "").find('\r') == std::string::npos;
+    const bool Heil = IndexdateiIstHeil(Alt, true) && !HatHalbesZeilenende(Eingabe);
     Indexwelt Erste;
     if (!Erste.Laden(Alt)) return;
     SpaltenSpeichern(SpaltenEinrichten(Erste.Index.Optionen.Spalten), Erste.Index.Optionen.Spalten);

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "basis/datei.h"
+#include "basis/zahl.h"
 #include "fuzz/ziel.h"
 #include "medien/id3v1.h"
 #include "medien/id3v2modern.h"
@@ -95,6 +96,17 @@ void Id3v2WegPrüfen(std::string_view Eingabe, bool Modern) {
            OhneTag(Einmal, Tagblock::Id3v2, Optionen));
 }
 
+// The value of the last field of a Lyrics tag.
+std::string_view LetzterWert(std::string_view Felder) {
+    std::string_view Wert;
+    while (Felder.size() >= LyricsFeldkopf) {
+        const auto Länge = GanzzahlLesen<std::uint32_t>(Felder.substr(LyricsFeldkennung, LyricsFeldziffern));
+        Wert = Felder.substr(LyricsFeldkopf, Länge.value_or(0));
+        Felder.remove_prefix(LyricsFeldkopf + Wert.size());
+    }
+    return Wert;
+}
+
 }  // namespace
 
 void Id3v1Prüfen(std::string_view Eingabe) {
@@ -137,8 +149,12 @@ void LyricsPrüfen(std::string_view Eingabe) {
     const bool HatMarke =
         Eingabe.find("LYRICS200") != Eingabe.npos || Eingabe.find("LYRICSEND") != Eingabe.npos;
     if (HatMarke && Satz.HatLyrics != TagVorhanden) return;
-    // A last field of one character is not looked at.
-    if (Satz.LyricsText.size() == 1 && Satz.LyricsWeitereFelder.empty()) return;
+    // Nor does a marker, or most of one, in the text: the first one counts.
+    if (Satz.LyricsText.find("LYRICS") != std::string::npos) return;
+    // A last field of fewer than two characters is not looked at.
+    if (Satz.LyricsWeitereFelder.empty() ? Satz.LyricsText.size() == 1
+                                         : LetzterWert(Satz.LyricsWeitereFelder).size() < 2)
+        return;
     // A tag that does not end where it should leaves bytes behind it, in which a marker is found first.
     const std::int64_t Dahinter = Id3v1Lesen(Eingabe).empty() ? 0 : Id3v1Größe;
     if (Satz.HatLyrics == TagVorhanden &&
