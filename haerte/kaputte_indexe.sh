@@ -9,8 +9,8 @@ source "$(dirname -- "${BASH_SOURCE[0]}")/../werkzeuge/gemeinsam.sh"
 ANZAHL="${1:-500}"
 SAAT="${2:-1}"
 VORGABE="${3:-release}"
-GRENZE=30            # seconds until a run counts as hanging
-HOECHSTFAKTOR=2.6    # processor time of twice the size
+GRENZE=30         # seconds of the processor until a run counts as hanging
+HOECHSTFAKTOR=2.6 # processor time of twice the size
 bauen "$VORGABE" liedwerk-cli liedwerk-indexgenerator liedwerk-indexbruch liedwerk-messlauf
 BAU="$WURZEL/build/$VORGABE"
 ABLAGE="$(mktemp -d -p /dev/shm liedwerk-bruch-XXXXXX)"
@@ -63,7 +63,7 @@ if [ "$VORGABE" = release ]; then
     # Lines of no content become records and reminders all the same; no bound is set for their memory.
     sagen "" "Eine Million Zeilen (Datei MB, Sekunden, Speicher MiB):"
     for zeile in '' x '#TAG:' '#TAG:|' '#OPT:=' '#TERMIN:|'; do
-        awk -v zeile="$zeile" 'BEGIN { printf "#TAG:lw102\r\n"; for (i = 0; i < 1000000; ++i) printf "%s\r\n", zeile }'| head -n 1000000 | sed 's/$/\r/'; } >"$ABLAGE/million.lwi"
+        awk -v zeile="$zeile" 'BEGIN { printf "#TAG:lw102\r\n"; for (i = 0; i < 1000000; ++i) printf "%s\r\n", zeile }' >"$ABLAGE/million.lwi"
         read -r status zeit speicher < <(laufen "$ABLAGE/million.lwi")
         LC_ALL=C awk -v zeile="$zeile" -v groesse="$(stat -c %s "$ABLAGE/million.lwi")" -v status="$status" -v zeit="$zeit" -v speicher="$speicher" \
             'BEGIN { printf "%-12s %6.1f %8.3f %7.0f  %s\n", "\"" zeile "\"", groesse / 1e6, zeit, speicher / 1024, status }'

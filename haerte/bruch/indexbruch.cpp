@@ -76,8 +76,7 @@ std::string GroßeWerte(std::string_view Inhalt, Zufall& Würfel) {
 std::string VieleZeilen(std::string_view Inhalt, Zufall& Würfel) {
     constexpr std::array<std::string_view, 5> Stücke = {"\r\n", "#TAG:|\r\n", "#TAG:1|a\r\n", "x\r\n",
                                                         "#OPT:=\r\n"};
-    |\r\n "};
-        const std::string_view Eines = Würfel.Aus(Stücke);
+    const std::string_view Eines = Würfel.Aus(Stücke);
     std::string Alle(Inhalt);
     for (std::size_t i = 0; i < Inhalt.size() / 32; ++i)
         Alle += Eines;

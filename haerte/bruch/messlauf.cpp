@@ -1,6 +1,7 @@
 // messlauf SEKUNDEN PROGRAMM [ARGUMENT...]: runs a program and writes one line about it to standard error:
-// its exit status (or "signal N", "haengt" when it took longer and was killed), processor seconds of program
-// and system, and the most memory that it held, in KiB. Its standard output goes where ours goes.
+// its exit status (or "signalN"; or "haengt" when it took more seconds of the processor, or twenty times as
+// many of the clock, and was killed), processor seconds of program and system, and the most memory that it
+// held, in KiB. Its standard output goes where ours goes.
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -32,19 +33,23 @@ int main(int Anzahl, char** Argumente) {
     Kind = fork();
     if (Kind < 0) return 2;
     if (Kind == 0) {
+        const auto Sekundenzahl = static_cast<rlim_t>(std::atoi(Argumente[1]));
+        const rlimit Grenze{Sekundenzahl, Sekundenzahl};
+        setrlimit(RLIMIT_CPU, &Grenze);
         // What the program says is not ours; a line of its own would look like a measurement.
         if (std::freopen("/dev/null", "w", stderr) != nullptr) execvp(Argumente[2], Argumente + 2);
         _exit(127);
     }
     std::signal(SIGALRM, Beenden);
-    alarm(static_cast<unsigned>(std::atoi(Argumente[1])));
+    alarm(20 * static_cast<unsigned>(std::atoi(Argumente[1])));
     int Status = 0;
     rusage Verbrauch{};
     while (wait4(Kind, &Status, 0, &Verbrauch) < 0) {
     }
     alarm(0);
     char Ende[32];
-    if (Hängt != 0) {
+    if (Hängt != 0 || (WIFSIGNALED(Status) && Sekunden(Verbrauch.ru_utime) + Sekunden(Verbrauch.ru_stime) >=
+                                                  std::atof(Argumente[1]))) {
         std::snprintf(Ende, sizeof Ende, "haengt");
     } else if (WIFSIGNALED(Status)) {
         std::snprintf(Ende, sizeof Ende, "signal%d", WTERMSIG(Status));

@@ -28,6 +28,21 @@ CDDaten XmcdGelesen(std::string_view Bytes) {
     return Daten;
 }
 
+// Lists the three tracks of "/cd", and real folders.
+class Titelordner final : public Ordnerleser {
+  public:
+    bool Auflisten(std::string_view Ordner,
+                   const std::function<bool(const Ordnereintrag&)>& Besuch) const override {
+        if (!Ordner.starts_with("/cd")) return Systemordnerleser().Auflisten(Ordner, Besuch);
+        Ordnereintrag Eintrag;
+        for (const char* const Name : {"Track01.cda", "Track02.cda", "Track03.cda"}) {
+            Eintrag.Name = Name;
+            if (!Besuch(Eintrag)) break;
+        }
+        return true;
+    }
+};
+
 Httpantwort HttpGelesen(std::string_view Eingabe, std::size_t Stück) {
     Httpleser Leser({1000, 400, std::chrono::milliseconds(1000)});
     bool Fertig = false;
@@ -76,7 +91,7 @@ void CddbPrüfen(std::string_view Eingabe) {
         Netz.Antworten.emplace_back(Teil);
     speicher::Person Person;
     speicher::Protokollliste Log;
-    const Systemordnerleser Leser;
+    const Titelordner Leser;
     Einstellungen Werte;
     Werte.CDDBServer = "cd.example";
     Werte.CDDBEmail = "anna@example.org";

@@ -115,8 +115,8 @@ cds() {
     local satz='# xmcd\r\n#\r\nDISCID=8a0b2c0d\r\nDTITLE=Wer / Was\r\nDYEAR=1999\r\nDGENRE=Pop\r\nTTITLE0=Eins\r\nTTITLE1=Zw\344i\r\nTTITLE1= weiter\r\nEXTD=YEAR: 1999 ID3G: 17\\nText\r\nEXTT0=\r\nPLAYORDER=\r\n'
     printf "$satz" | saat xmcd satz
     printf '210 rock 8a0b2c0d ok\r\nDTITLE=A / B\nTTITLE0=\303\244 / b\r.\r\n' | saat xmcd antwort
-    printf "200 rock 8a0b2c0d Wer / Was\r\n\0210 rock 8a0b2c0d ok\r\n$satz.\r\n\0200 gut" | saat cddb genau
-    printf "211 aehnlich\r\nrock 8a0b2c0d A / B\r\nmisc 8a0b2c0e C / D\r\n.\r\n\0210 misc 8a0b2c0e ok\r\n$satz.\r\n\0500 schlecht" |
+    printf "200 rock 8a0b2c0d Wer / Was\r\n\000210 rock 8a0b2c0d ok\r\n$satz.\r\n\000200 gut" | saat cddb genau
+    printf "211 aehnlich\r\nrock 8a0b2c0d A / B\r\nmisc 8a0b2c0e C / D\r\n.\r\n\000210 misc 8a0b2c0e ok\r\n$satz.\r\n\000500 schlecht" |
         saat cddb auswahl
     printf '202 nichts' | saat cddb nichts
     printf 'HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\nHallo' | saat http laenge

@@ -42,7 +42,8 @@ bool Httpleser::Aufnehmen(std::string_view Bytes) {
         Rest.erase(0, Stelle);
         Stelle = 0;
         // What is complete within the bound counts, whatever came behind it.
-        if (Jetzt != Lage::Fertig && Inhaltsgröße > Grenzen.Inhalt) Scheitern(Httpfehler::Größe);
+        const std::size_t Dahinter = Jetzt == Lage::Fertig ? Rest.size() : 0;
+        if (Inhaltsgröße - Dahinter > Grenzen.Inhalt) Scheitern(Httpfehler::Größe);
     }
     return Jetzt == Lage::Fertig;
 }
