@@ -8,7 +8,7 @@ source "$(dirname -- "${BASH_SOURCE[0]}")/../werkzeuge/gemeinsam.sh"
 
 case "${1:-}" in
     "") TEILE=(ungestoert eigenschaften rufe toeten=500 paare=400 platte riesen) ;;
-    kurz) TEILE=(ungestoert rufe-kurz toeten=20 paare=10) ;;
+    kurz) TEILE=(ungestoert eigenschaften rufe-kurz toeten=20 paare=10) ;;
     *) TEILE=("$@") ;;
 esac
 

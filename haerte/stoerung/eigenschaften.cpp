@@ -161,7 +161,10 @@ void Prüfung::Fremdes() {
             const std::string Wie =
                 "Fremdes unter '" + Name + "', Art " + std::to_string(static_cast<int>(Art)) + ": ";
             if (Lauf.Hängt || Lauf.Signal != 0) Wohin.Bruch(Wie + "hängt oder stürzt ab");
-            if (fs::symlink_status(Pfad).type() != Alt) Wohin.Bruch(Wie + "das Fremde ist weg");
+            // What a save on a shared folder has left behind goes when the person says so.
+            const bool Gefragt = Art == Fremdart::AndererBesitzer &&
+                                 Lauf.Meldungen.find("Ladevorgang fortsetzen?\n-> Ja") != std::string::npos;
+            if (fs::symlink_status(Pfad).type() != Alt && !Gefragt) Wohin.Bruch(Wie + "das Fremde ist weg");
             if (std::string Inhalt; !std::getline(std::ifstream(Opfer), Inhalt) || Inhalt != "unberührt")
                 Wohin.Bruch(Wie + "das Opfer ist verändert");
             // A pipe would hold the judge up.

@@ -12,6 +12,7 @@
 // The last line counts the cases. The seed is the environment's SAAT, else 1.
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -24,6 +25,7 @@
 #include <sys/mount.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
+#include <utility>
 
 #include "haerte/stoerung/pruefung.h"
 #include "haerte/stoerung/riesen.h"
@@ -76,6 +78,7 @@ void Töten(const Orte& Wo, Bericht& Wohin, int Anzahl) {
 struct Paarwelt {
     Welt Vorher;
     std::set<std::string> Erlaubte;  // contents of the index that whole saves can leave
+    std::map<int, int> Gelungene;    // how often so many of the two have saved
 };
 
 Befehlszeile Hinzu(const std::string& Datei) {
@@ -107,7 +110,7 @@ Paarwelt PaarVorbereiten(const Orte& Wo) {
     return Alles;
 }
 
-void Paarlauf(const Orte& Wo, const Paarwelt& Alles, Bericht& Wohin, std::uint64_t Zahl, bool MitTöten) {
+void Paarlauf(const Orte& Wo, Paarwelt& Alles, Bericht& Wohin, std::uint64_t Zahl, bool MitTöten) {
     std::mt19937_64 Zufall(Zahl);
     Störung Wie;
     Wie.Raffer = 10;
@@ -128,6 +131,7 @@ void Paarlauf(const Orte& Wo, const Paarwelt& Alles, Bericht& Wohin, std::uint64
             Wohin.Bruch(Welches + "hängt oder stürzt ab");
         if (Lauf->Status > 0 && Lauf->Meldungen.empty()) Wohin.Bruch(Welches + "gescheitert ohne Meldung");
     }
+    ++Alles.Gelungene[LaufX.Gelungen() + LaufY.Gelungen()];
     const std::string Inhalt = Indexinhalt(Wo);
     if (!Alles.Erlaubte.contains(Inhalt)) Wohin.Bruch(Welches + "zerrissener Index");
     const auto Danach = Laufen(Wo, Aufruf(Wo, {"--ja", "--index", "@i.lwi", "index-info"}));
@@ -141,13 +145,15 @@ void Paarlauf(const Orte& Wo, const Paarwelt& Alles, Bericht& Wohin, std::uint64
 }
 
 void Paare(const Orte& Wo, Bericht& Wohin, int Anzahl) {
-    const Paarwelt Alles = PaarVorbereiten(Wo);
+    Paarwelt Alles = PaarVorbereiten(Wo);
     for (const bool MitTöten : {false, true}) {
         std::mt19937_64 Zufall(Saat());
         Wohin.FallBeginnen(std::string("zwei Programme, ein Index") + (MitTöten ? ", eines getötet" : "") +
                            ", Saat " + std::to_string(Saat()));
         for (int Mal = 0; Mal < Anzahl; ++Mal)
             Paarlauf(Wo, Alles, Wohin, Zufall(), MitTöten);
+        for (const auto& [Wieviele, Male] : std::exchange(Alles.Gelungene, {}))
+            std::cout << Male << "-mal haben " << Wieviele << " gespeichert\n";
         Wohin.FallBeenden();
     }
 }
@@ -159,7 +165,7 @@ class Platte {
   public:
     explicit Platte(std::string Wo) : Ordner(std::move(Wo)) {
         fs::create_directories(Ordner);
-        Da = ::mount("tmpfs", Ordner.c_str(), "tmpfs", 0, "size=64m") == 0;
+        Da = ::mount("tmpfs", Ordner.c_str(), "tmpfs", 0, "size=16m") == 0;
     }
     Platte(const Platte&) = delete;
     Platte& operator=(const Platte&) = delete;
@@ -174,11 +180,11 @@ class Platte {
         if (Frei < 0) return;
         struct statvfs Stand {};
         ::statvfs(Ordner.c_str(), &Stand);
-        const auto Seite = static_cast<std::int64_t>(Stand.f_bsize);
-        const std::string Nullen(static_cast<std::size_t>(Seite), '\0');
-        std::ofstream Ziel(Last, std::ios::binary);
-        for (auto Seiten = static_cast<std::int64_t>(Stand.f_bavail) - Frei / Seite; Seiten > 0; --Seiten)
-            Ziel << Nullen;
+        const auto Bytes = static_cast<off_t>(Stand.f_bavail * Stand.f_bsize) - Frei;
+        const int Griff = ::open(Last.c_str(), O_WRONLY | O_CREAT, 0600);
+        if (Bytes > 0 && ::posix_fallocate(Griff, 0, Bytes) != 0)
+            std::cout << "Die Platte ließ sich nicht füllen.\n";
+        ::close(Griff);
     }
 
   private:

@@ -119,6 +119,8 @@ Laufergebnis Gestarteter::Abwarten(std::int64_t Höchstens) {
     if (WIFEXITED(Stand)) Ergebnis.Status = WEXITSTATUS(Stand);
     if (WIFSIGNALED(Stand)) Ergebnis.Signal = WTERMSIG(Stand);
     Ergebnis.Höchststand = Verbrauch.ru_maxrss;
+    for (const timeval& Teil : {Verbrauch.ru_utime, Verbrauch.ru_stime})
+        Ergebnis.Rechenzeit += Teil.tv_sec * 1'000'000 + Teil.tv_usec;
     Ergebnis.Ausgabe = Inhalt(Anfang + ".aus");
     Ergebnis.Meldungen = Inhalt(Anfang + ".meldungen");
     Ergebnis.Rufe = ProtokollLesen(Anfang + ".rufe");

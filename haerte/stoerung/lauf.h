@@ -43,6 +43,7 @@ struct Laufergebnis {
     std::vector<Rufzeile> Rufe;
     std::int64_t Dauer = 0;        // microseconds
     std::int64_t Höchststand = 0;  // KiB of memory
+    std::int64_t Rechenzeit = 0;   // microseconds of processor time
     bool Gelungen() const { return Status == 0; }
 };
 

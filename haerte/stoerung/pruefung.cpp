@@ -113,6 +113,9 @@ Prüfung::Prüfung(const Orte& Alle, const Schreiber& Einer, Bericht& Ziel)
         if (!IstErgebnis(Grund(), Jetzt))
             throw std::runtime_error(Wer.Name + ": zwei Läufe, zwei Ergebnisse");
     }
+    if (!Wer.Erneut) return;
+    Laufen(Wo, Aufruf(Wo, MitJa(Wer.Befehl)), Grundstörung());
+    Zwischen.push_back(WeltAufnehmen(Wo.Welt));
 }
 
 Störung Prüfung::Grundstörung() const {
@@ -211,8 +214,8 @@ void Prüfung::Urteilen(const Laufergebnis& Lauf, const std::string& Wie) {
 void Prüfung::Fortsetzen(const Laufergebnis& Lauf, const std::string& Wie) {
     const Befehlszeile Ansehen = {"--index", "@i.lwi", "index-info"};
     const bool Nochmals = Wer.Wiederholbar;
-    // The copy that was interrupted is made again.
-    if (Wer.Grenze) Laufen(Wo, Aufruf(Wo, MitJa(Wer.Befehl)), Grundstörung());
+    // What was interrupted is made again.
+    if (Wer.Grenze || Wer.Erneut) Laufen(Wo, Aufruf(Wo, MitJa(Wer.Befehl)), Grundstörung());
     const auto Danach = Laufen(Wo, Aufruf(Wo, MitJa(Nochmals ? Wer.Befehl : Ansehen)), Grundstörung());
     const Welt Jetzt = WeltAufnehmen(Wo.Welt);
     const std::string Später = Wie + ", nächster Start: ";

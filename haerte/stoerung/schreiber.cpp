@@ -223,8 +223,9 @@ void TagSchreiber(std::vector<Schreiber>& Alle) {
                     Sammlung(),
                     {Hinzu, ImIndex({"tag-schreiben", "--v2", "V2Titel=x", "@musik/a.mp3"})},
                     ImIndex({"tag-schreiben", "--v2", "V2Kommentar=" + Lang, "@musik/a.mp3"})});
-    Alle.back().Wiederholbar =
-        false;  // the record of a file that has grown is known better by its next reading
+    // The record of a file that has grown is known better by its next reading.
+    Alle.back().Wiederholbar = false;
+    Alle.back().Erneut = true;
 }
 
 void ListenSchreiber(std::vector<Schreiber>& Alle) {
@@ -242,10 +243,10 @@ void ListenSchreiber(std::vector<Schreiber>& Alle) {
         {"Übergabeliste",
          Sammlung({{"spieler", Ordner}, {"spieler/true", {'f', "#!/bin/true\n", {}, Früher, 0755}}}),
          {Hinzu},
-         ImIndex({"--setze", "WinampPfad=@spieler/true", "abspielen", "1", "2"})});
+         ImIndex({"--setze", "AbspielStatistikSpeichern=0", "--setze", "WinampPfad=@spieler/true",
+                  "abspielen", "1", "2"})});
     Alle.back().Nebensachen = {"spieler/liedwerk.m3u"};
     Alle.back().Ausweichend = true;
-    Alle.back().Wiederholbar = false;  // each hand-over counts as played
 }
 
 void DateiSchreiber(std::vector<Schreiber>& Alle) {
@@ -267,12 +268,14 @@ void DateiSchreiber(std::vector<Schreiber>& Alle) {
     Einmal("Verschieben", {"kopieren", "--verschieben", "--ziel", "@fern", "1"}, Ziel);
     Einmal("Verschieben, anderes Dateisystem", {"kopieren", "--verschieben", "--ziel", "@fern", "1"}, Ziel,
            true);
+    Alle.back().Kurz = true;
     Einmal("Verschieben über eine Datei",
            {"kopieren", "--verschieben", "--ersetzen", "2", "--ziel", "@fern", "1"}, Belegt);
     Einmal("Verschieben über eine Datei, anderes Dateisystem",
            {"kopieren", "--verschieben", "--ersetzen", "2", "--ziel", "@fern", "1"}, Belegt, true);
     Einmal("Löschen", {"!loeschen"}, Sammlung());
     Einmal("Papierkorb", {"!papierkorb"}, Sammlung());
+    Alle.back().Kurz = true;
     const auto Kopie = [&](const char* Name, Befehlszeile Befehl, const Welt& Anfang) {
         Alle.push_back({Name, Anfang, MitIndex, ImIndex(std::move(Befehl))});
     };
@@ -285,6 +288,7 @@ void DateiSchreiber(std::vector<Schreiber>& Alle) {
                     MitKopie,
                     {Hinzu, ImIndex({"--setze", "BackupsSpeichern=1", "sortieren", "--absteigend", "Titel"})},
                     {"!wiederherstellen"}});
+    Alle.back().Kurz = true;
     Alle.back().Wiederholbar = false;
     const Welt Disc =
         Sammlung({{"prog/CDDB", Ordner}, {"prog/CDDB/0a0b0c0d.dat", Datei("lwifcddb1\r\nalt\r\n")}});

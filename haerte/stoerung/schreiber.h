@@ -20,6 +20,7 @@ struct Schreiber {
     // begins with "!" is one of liedwerk-handgriffe, with "#" of liedwerk-indexgenerator.
     Befehlszeile Befehl;
     bool Wiederholbar = true;   // a second run after the first one gives the same files
+    bool Erneut = false;        // it gives other files, and an interruption may leave these too
     bool AmOrt = false;         // the user's file is changed where it is, by one write
     bool MehrereNamen = false;  // hard links: whole only when the interrupted save has been finished
     bool Grenze = false;        // the folder "fern" counts as another file system

@@ -72,7 +72,7 @@ bool Gefragt(Anwendung& Programm, const Sicherungskopie& Kopie) {
 // The backup is in place but cannot be loaded: the file that stood there comes back.
 void Zurückholen(Anwendung& Programm, const std::string& Ziel, const std::string& Ersetzte) {
     const std::string Anfang = "Die Sicherungskopie konnte nicht geladen werden.\n";
-    if (const Dateifehler Fehler = DateiKopieren(Ersetzte, Ziel)) {
+    if (const Dateifehler Fehler = DateiKopieren(Ersetzte, VerweiseAuflösen(Ziel))) {
         Programm.Dienst.Person.Melden(Symbol::Ausrufezeichen,
                                       Anfang + "Die vorherige Indexdatei liegt unter '" + Ersetzte +
                                           "', konnte aber nicht zurückgeholt werden.\n" + Fehler.Text);
@@ -150,7 +150,8 @@ bool SicherungskopieWiederherstellen(Anwendung& Programm, const Sicherungskopie&
             return false;
         }
     }
-    if (const Dateifehler Fehler = DateiKopieren(Kopie.Pfad, Ziel)) {
+    // A link stays one; the index lies where it leads.
+    if (const Dateifehler Fehler = DateiKopieren(Kopie.Pfad, VerweiseAuflösen(Ziel))) {
         // The file that was to be replaced stands where it was; its copy is not needed.
         if (Vorhanden) DateiLöschen(Ersetzte);
         ScheiternMelden(
