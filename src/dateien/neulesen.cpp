@@ -13,24 +13,29 @@
 namespace liedwerk {
 namespace {
 
-// Now in seconds since 1970 UTC, or up to two hours earlier: the clock tells calendar time, which repeats an
-// hour when summer time ends. A file that is read once too often costs nothing.
-std::int64_t SpätestensJetzt(const Uhr& Zeit) {
+// A calendar time in seconds since 1970 UTC, or up to two hours earlier: calendar times repeat an hour when
+// summer time ends. A file that is read once too often costs nothing.
+std::int64_t Frühestens(const Zeitpunkt& Punkt, const Uhr& Zeit) {
     constexpr std::int64_t Stunde = 3600;
-    const std::int64_t Kalender = Kalendersekunden(Zeit.Jetzt());
+    const std::int64_t Kalender = Kalendersekunden(Punkt);
     const std::int64_t Versatz = Kalendersekunden(Zeit.Lokal(Kalender)) - Kalender;
     return Kalender - Versatz - Stunde;
+}
+
+// The time of the last run that the index knows. One that is still to come was a clock's mistake.
+std::optional<std::int64_t> Letzterlauf(const Katalog& Index, std::int64_t Jetziger) {
+    const auto Stand = GanzzahlLesen<std::int64_t>(Index.Optionen.SyncStand);
+    return Stand && *Stand <= Jetziger ? Stand : std::nullopt;
 }
 
 // Finds the records whose files are others by now.
 class Änderungssuche {
   public:
-    Änderungssuche(const Hinzufügeumgebung& Ziel, const Uhr& Uhrzeit)
-        : Umgebung(Ziel), Zeit(Uhrzeit), Stand(GanzzahlLesen<std::int64_t>(Ziel.Index.Optionen.SyncStand)) {}
+    Änderungssuche(const Hinzufügeumgebung& Ziel, const Uhr& Uhrzeit, std::optional<std::int64_t> Vorigerlauf)
+        : Umgebung(Ziel), Zeit(Uhrzeit), Stand(Vorigerlauf) {}
 
-    // False when the person cancelled.
-    bool Suchen() {
-        const Satznummer Anzahl = Umgebung.Index.IndexAnzahl();
+    // Looks at the first so many records. False when the person cancelled.
+    bool Suchen(Satznummer Anzahl) {
         if (Umgebung.Werte.StartBildschirm == 1)
             Umgebung.Person.FortschrittStarten("Geänderte Dateien suchen", true, Anzahl);
         for (Satznummer Nummer = 1; Nummer <= Anzahl; ++Nummer) {
@@ -208,11 +213,13 @@ class Neuleser {
 
 }  // namespace
 
-Neulesung GeänderteNeuLesen(const Hinzufügeumgebung& Umgebung, const Uhr& Zeit) {
+Neulesung GeänderteNeuLesen(const Hinzufügeumgebung& Umgebung, const Uhr& Zeit,
+                            const Neuleseauftrag& Auftrag) {
     Neulesung Ergebnis;
-    const std::int64_t Beginn = SpätestensJetzt(Zeit);
-    Änderungssuche Suche(Umgebung, Zeit);
-    Ergebnis.Abgebrochen = !Suche.Suchen() || !Neuleser(Umgebung, Ergebnis).Lesen(Suche.Geänderte);
+    const std::int64_t Beginn = Frühestens(Auftrag.Beginn, Zeit);
+    Änderungssuche Suche(Umgebung, Zeit, Letzterlauf(Umgebung.Index, Beginn));
+    Ergebnis.Abgebrochen =
+        !Suche.Suchen(Auftrag.Letzter) || !Neuleser(Umgebung, Ergebnis).Lesen(Suche.Geänderte);
     // Saved with the next change of the index: until then the older time only lets more files be read.
     if (!Ergebnis.Abgebrochen && Suche.Vollständig && Ergebnis.Unlesbar.empty())
         Umgebung.Index.Optionen.SyncStand = std::to_string(Beginn);
