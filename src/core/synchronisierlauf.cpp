@@ -44,10 +44,11 @@ bool FehlendeEntfernen(Anwendung& Programm) {
 
 // Renews the records whose files have changed; false when the person cancelled. What could not be read is
 // told at the end, in Unlesbar.
-bool GeänderteLesen(Anwendung& Programm, Synchronisierergebnis& Ergebnis,
+bool GeänderteLesen(Anwendung& Programm, const Zeitpunkt& Beginn, Synchronisierergebnis& Ergebnis,
                     std::vector<std::string>& Unlesbar) {
     if (Programm.Werte.SyncGeänderteLesen != 1) return true;
-    auto Neues = GeänderteNeuLesen(HinzufügeumgebungVon(Programm), Programm.Dienst.Zeit);
+    const Neuleseauftrag Auftrag{Beginn, Programm.Index.IndexAnzahl() - Ergebnis.Hinzugefügt};
+    auto Neues = GeänderteNeuLesen(HinzufügeumgebungVon(Programm), Programm.Dienst.Zeit, Auftrag);
     Ergebnis.NeuGelesen = Neues.Geändert;
     Unlesbar = std::move(Neues.Unlesbar);
     return !Neues.Abgebrochen;
@@ -99,13 +100,14 @@ Synchronisierergebnis SynchronisierenLauf(Anwendung& Programm) {
                       "Sie haben jedoch noch keine Ordner zum Synchronisieren angegeben.\n"
                       "Klicken Sie dazu einfach in den 'Optionen' auf 'Index-Optionen'.");
     Synchronisierergebnis Ergebnis;
+    const Zeitpunkt Beginn = Programm.Dienst.Zeit.Jetzt();
     const Satznummer Vorher = Index.IndexAnzahl();
     const auto Stand = Änderungsstand(Index);
     Ergebnis.Gelungen = OrdnerHinzufügen(Programm);
     Ergebnis.Hinzugefügt = Index.IndexAnzahl() - Vorher;
     if (Ergebnis.Gelungen) Ergebnis.Gelungen = FehlendeEntfernen(Programm);
     std::vector<std::string> Unlesbar;
-    if (Ergebnis.Gelungen) Ergebnis.Gelungen = GeänderteLesen(Programm, Ergebnis, Unlesbar);
+    if (Ergebnis.Gelungen) Ergebnis.Gelungen = GeänderteLesen(Programm, Beginn, Ergebnis, Unlesbar);
     Person.FortschrittSchließen();
     Ergebnis.Entfernt = Vorher + Ergebnis.Hinzugefügt - Index.IndexAnzahl();
     Person.StatusZeigen(Statustext(Programm, Ergebnis));
