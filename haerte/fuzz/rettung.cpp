@@ -24,12 +24,14 @@ struct Lage {
           GleicheZeit((Bits & 2U) != 0),
           AntwortJa((Bits & 4U) != 0),
           Verweis((Bits & 8U) != 0),
-          Fehlt((Bits & 16U) != 0) {}
+          Fehlt((Bits & 16U) != 0),
+          NurMelden((Bits & 32U) != 0) {}
     bool MitZweitemNamen;  // the file is torn for sure only then
     bool GleicheZeit;
     bool AntwortJa;
     bool Verweis;  // the helper file is a link to a stranger's file
     bool Fehlt;
+    bool NurMelden;  // the start asks nothing
 };
 
 }  // namespace
@@ -63,9 +65,10 @@ void RettungPrüfen(std::string_view Eingabe) {
     if (Gegeben.AntwortJa) Person.Antworten.assign(8, Antwort::Ja);
     const speicher::StehendeUhr Uhr;
     Rettung Lauf{Uhr};
-    UnterbrocheneVollenden(Ordner, Systemordnerleser(), Person, Lauf);
-    SpeichernVollenden(Datei, Person, Lauf);
-    DateiZurückholen(Datei, Person, Lauf);
+    UnterbrocheneVollenden(Ordner, Systemordnerleser(), Person, Lauf,
+                           Gegeben.NurMelden ? Zweifelsfall::Melden : Zweifelsfall::Fragen, {});
+    SpeichernVollenden(Datei, Person, Lauf, {});
+    DateiZurückholen(Datei, Person, Lauf, {});
 
     Gleich("Fremde Dateien bleiben", Opferinhalt, DateiInhalt(Opfer));
     if (!DateiExistiert(Datei)) return;
