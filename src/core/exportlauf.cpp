@@ -1,6 +1,8 @@
 #include "core/exportlauf.h"
 
 #include "basis/datei.h"
+#include "basis/pfad.h"
+#include "index/indexinhalt.h"
 
 namespace liedwerk {
 
@@ -18,7 +20,17 @@ bool ExportErlaubt(Oberfläche& Person, const std::string& Datei) {
                          Antwort::Nein) == Antwort::Ja;
 }
 
+bool IndexdateiGeschützt(Anwendung& Programm, const std::string& Datei) {
+    if (!PfadeGleich(Datei, Programm.Index.IndexDateiname) && !IstIndexdatei(Datei)) return false;
+    Programm.Dienst.Person.Melden(Symbol::Ausrufezeichen,
+                                  "'" + Datei +
+                                      "' ist eine Indexdatei und wird nicht überschrieben.\n"
+                                      "Bitte wählen Sie einen anderen Namen.");
+    return true;
+}
+
 bool ExportierenLauf(Anwendung& Programm, std::span<const Satznummer> Sätze, const Exportauftrag& Auftrag) {
+    if (IndexdateiGeschützt(Programm, Auftrag.Datei)) return false;
     const Laufsperre Sperre(Programm);
     return ExportSchreiben(Programm.Index, Sätze, Auftrag, Programm.Dienst.Person, Programm.Log,
                            Programm.Dienst.Zeit);

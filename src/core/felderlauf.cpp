@@ -1,10 +1,12 @@
 #include "core/felderlauf.h"
 
+#include "core/exportlauf.h"
 #include "index/felderaustausch.h"
 
 namespace liedwerk {
 
 bool FelderSpeichernLauf(Anwendung& Programm, const std::string& Dateiname) {
+    if (IndexdateiGeschützt(Programm, Dateiname)) return false;
     const Laufsperre Sperre(Programm);
     if (!IndexFelderSpeichern(Programm.Index, IndexumgebungVon(Programm), Dateiname,
                               FortschrittBeimSpeichern(Programm.Werte)))

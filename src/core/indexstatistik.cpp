@@ -46,26 +46,29 @@ std::int64_t ZahlAus(std::string_view Roh) {
 
 class Zählung {
   public:
-    explicit Zählung(const Katalog& Quelle)
-        : Index(Quelle), BeideTags(Quelle.Optionen.SpaltenBeideTags == 1) {}
+    explicit Zählung(const Katalog& Katalogsicht)
+        : Index(Katalogsicht), BeideTags(Katalogsicht.Optionen.SpaltenBeideTags == 1) {}
 
     void Aufnehmen(Satznummer Nummer) {
         const Satzsicht Sicht = Index.Sätze.Sicht(Nummer);
-        const Statistikwerte Eine{1, std::max<std::int64_t>(0, ZahlAus(Sicht.Roh(FeldDauer))),
-                                  std::max<std::int64_t>(0, ZahlAus(Sicht.Roh(FeldGröße)))};
+        const std::int64_t Dauer = ZahlAus(Sicht.Roh(FeldDauer));
+        const std::int64_t Größe = ZahlAus(Sicht.Roh(FeldGröße));
+        const Statistikwerte Eine{1, std::max<std::int64_t>(0, Dauer), std::max<std::int64_t>(0, Größe)};
         Zählen(Ergebnis.Gesamt, Eine);
+        Ergebnis.MitDauer += Dauer > 0 ? 1 : 0;
+        Ergebnis.MitGröße += Größe >= 0 ? 1 : 0;
         Ergebnis.MitId3v1 += Index.Sätze.HatId3v1(Nummer) == TagVorhanden ? 1 : 0;
         Ergebnis.MitId3v2 += Index.Sätze.HatId3v2(Nummer) == TagVorhanden ? 1 : 0;
         const auto In = [&](Statistikteilung Teilung, std::string_view Roh) {
             Zählen(Sammlungen[static_cast<std::size_t>(Teilung)][Roh], Eine);
         };
-        std::string_view Genre = Sicht.Roh(FeldGenre);
-        if (Genre == "255" || Genre.empty())
-            Zählen(GenresV2[BeideTags ? Sicht.Roh(FeldV2Genre) : std::string_view()], Eine);
+        const Quelle Tag = QuelleVon(Nummer);
+        if (Tag == Quelle::V2)
+            Zählen(GenresV2[Sicht.Roh(FeldV2Genre)], Eine);
         else
-            In(Statistikteilung::Genre, Genre);
-        In(Statistikteilung::Jahr, Eines(Sicht, FeldJahr, FeldV2Jahr));
-        In(Statistikteilung::Interpret, Eines(Sicht, FeldInterpret, FeldV2Interpret));
+            In(Statistikteilung::Genre, Tag == Quelle::V1 ? Sicht.Roh(FeldGenre) : std::string_view());
+        In(Statistikteilung::Jahr, Eines(Sicht, Tag, FeldJahr, FeldV2Jahr));
+        In(Statistikteilung::Interpret, Eines(Sicht, Tag, FeldInterpret, FeldV2Interpret));
         In(Statistikteilung::Medium, Sicht.Roh(FeldWechselmedium));
         In(Statistikteilung::Dateityp, EndungVon(Sicht.Roh(FeldPfad)));
         Zählen(Stufen[Stufe(ZahlAus(Sicht.Roh(FeldBitrate)))], Eine);
@@ -74,7 +77,7 @@ class Zählung {
 
     Indexstatistik Abschließen() {
         for (const auto& [Roh, Werte] : Sammlungen[0])
-            Zählen(Benannt[0][GenreName(ZahlAus(Roh))], Werte);
+            Zählen(Benannt[0][std::string(Roh.empty() ? Roh : GenreNameVon(ZahlAus(Roh)))], Werte);
         for (const auto& [Roh, Werte] : GenresV2)
             Zählen(Benannt[0][Roh.empty() ? std::string() : GenreOhneZahl(IndexwertLesen(Roh))], Werte);
         for (std::size_t Teilung = 1; Teilung < Statistikteilungen; ++Teilung) {
@@ -88,21 +91,20 @@ class Zählung {
     }
 
   private:
-    // ID3v1's value, or the other tag's where that is missing and the index shows it so.
-    std::string_view Eines(const Satzsicht& Sicht, int V1, int V2) const {
-        const std::string_view Roh = Sicht.Roh(V1);
-        return Roh.empty() && BeideTags ? Sicht.Roh(V2) : Roh;
+    // Which tag gives the values that both have. As in the list it is a matter of the tags: an empty field of
+    // a present ID3v1 tag stays empty.
+    enum class Quelle { Keine, V1, V2 };
+    Quelle QuelleVon(Satznummer Nummer) const {
+        if (Index.Sätze.HatId3v1(Nummer) == TagVorhanden) return Quelle::V1;
+        return BeideTags && Index.Sätze.HatId3v2(Nummer) == TagVorhanden ? Quelle::V2 : Quelle::Keine;
+    }
+    static std::string_view Eines(const Satzsicht& Sicht, Quelle Tag, int V1, int V2) {
+        return Tag == Quelle::Keine ? std::string_view() : Sicht.Roh(Tag == Quelle::V1 ? V1 : V2);
     }
 
     static std::size_t Stufe(std::int64_t Bitrate) {
         const auto Nächste = std::ranges::upper_bound(Bitratenstufen, Bitrate, {}, &Bitratenstufe::Ab);
         return static_cast<std::size_t>(Nächste - std::begin(Bitratenstufen));
-    }
-
-    static std::string GenreName(std::int64_t Nummer) {
-        return Nummer >= 0 && Nummer < static_cast<std::int64_t>(GenreListe.size())
-                   ? std::string(GenreListe[static_cast<std::size_t>(Nummer)])
-                   : std::string();
     }
 
     static std::string Name(Statistikteilung Teilung, std::string_view Roh) {
@@ -131,8 +133,9 @@ class Zählung {
     void MeistGespielteBenennen() {
         for (Gespielter& Einer : Ergebnis.MeistGespielt) {
             const Satzsicht Sicht = Index.Sätze.Sicht(Einer.Nummer);
-            const std::string Interpret = IndexwertLesen(Eines(Sicht, FeldInterpret, FeldV2Interpret));
-            const std::string Titel = IndexwertLesen(Eines(Sicht, FeldTitel, FeldV2Titel));
+            const Quelle Tag = QuelleVon(Einer.Nummer);
+            const std::string Interpret = IndexwertLesen(Eines(Sicht, Tag, FeldInterpret, FeldV2Interpret));
+            const std::string Titel = IndexwertLesen(Eines(Sicht, Tag, FeldTitel, FeldV2Titel));
             Einer.Name = Interpret.empty() || Titel.empty() ? Interpret + Titel : Interpret + " - " + Titel;
             if (Einer.Name.empty()) Einer.Name = DateinameVon(Index.Sätze.Pfad(Einer.Nummer));
         }

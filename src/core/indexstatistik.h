@@ -41,6 +41,8 @@ struct Gespielter {
 
 struct Indexstatistik {
     Statistikwerte Gesamt;
+    std::int64_t MitDauer = 0;  // files whose duration is known
+    std::int64_t MitGröße = 0;  // files whose size is known
     std::int64_t MitId3v1 = 0;
     std::int64_t MitId3v2 = 0;
     std::int64_t Gespielt = 0;      // files that were played at all
@@ -50,8 +52,8 @@ struct Indexstatistik {
     std::vector<Gespielter> MeistGespielt;  // the 30 most played
 };
 
-// Weiter is asked now and then with the number of records done; false cancels, and nothing is given. Where a
-// field's tag is missing, the other tag's field counts if the index's columns show it so.
+// Weiter is asked now and then with the number of records done; false cancels, and nothing is given. Where the
+// ID3v1 tag is missing, the other tag's fields count if the index's columns show it so.
 std::optional<Indexstatistik> IndexstatistikBilden(const Katalog& Index,
                                                    const std::function<bool(Satznummer)>& Weiter);
 

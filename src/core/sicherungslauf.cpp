@@ -9,6 +9,7 @@
 #include "core/laden.h"
 #include "core/suchlauf.h"
 #include "index/indexformat.h"
+#include "index/indexinhalt.h"
 #include "index/sicherungskopien.h"
 
 namespace liedwerk {
@@ -16,11 +17,6 @@ namespace {
 
 constexpr std::uint64_t Leseblock = 1 << 20;
 constexpr int HöchstensNamen = 100;
-
-bool IstIndexdatei(const std::string& Pfad) {
-    const Lesedatei Datei = Lesedatei::Öffnen(Pfad);
-    return Datei.Offen() && Datei.Lesen(0, IndexVersionAnfang.size()) == IndexVersionAnfang;
-}
 
 // A free name beside the index for the file that is replaced. It has not the form of a rolling backup, since
 // these are deleted when they are old.
@@ -109,8 +105,8 @@ std::string SicherungskopieText(const Sicherungskopie& Kopie) {
 }
 
 std::int64_t DatensätzeZählen(const std::string& Pfad, const std::function<bool()>& Weiter) {
+    if (!IstIndexdatei(Pfad)) return -1;
     const Lesedatei Datei = Lesedatei::Öffnen(Pfad);
-    if (!Datei.Offen() || Datei.Lesen(0, IndexVersionAnfang.size()) != IndexVersionAnfang) return -1;
     // The version line begins like a record and is none; each record's line begins behind a line end.
     std::int64_t Anzahl = 0;
     std::string Anfang = "\n";

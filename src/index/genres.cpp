@@ -155,6 +155,11 @@ const std::array<std::string_view, 145> GenreListe = {
     "Thrash Metal",
 };
 
+std::string_view GenreNameVon(std::int64_t Nummer) {
+    const bool Benannt = Nummer >= 0 && Nummer + 1 < static_cast<std::int64_t>(GenreListe.size());
+    return Benannt ? GenreListe[static_cast<std::size_t>(Nummer)] : std::string_view();
+}
+
 std::optional<std::uint8_t> GenreNummer(std::string_view Name) {
     const auto* Fund = std::find_if(GenreListe.begin(), GenreListe.end(),
                                     [&](std::string_view Eines) { return GleichOhneGroß(Eines, Name); });

@@ -14,6 +14,10 @@ namespace liedwerk {
 // word, 142 is a second "Dance Hall"), and some names are mis-spelt; files and indexes hold them like that.
 extern const std::array<std::string_view, 145> GenreListe;
 
+// The name that stands for the number of a record; empty for a number without one. Kept: the last name of the
+// list is never shown.
+std::string_view GenreNameVon(std::int64_t Nummer);
+
 // The number of a name, compared as a whole without regard to case; the first of two alike. Nothing for
 // another text.
 std::optional<std::uint8_t> GenreNummer(std::string_view Name);

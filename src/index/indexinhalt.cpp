@@ -205,6 +205,11 @@ void PfadzeilenÜbernehmen(Katalog& Index, const Indexblock& Block) {
     }
 }
 
+bool IstIndexdatei(const std::string& Pfad) {
+    const Lesedatei Datei = Lesedatei::Öffnen(Pfad);
+    return Datei.Offen() && Datei.Lesen(0, IndexVersionAnfang.size()) == IndexVersionAnfang;
+}
+
 bool IndexdateiIstHeil(std::string_view Pfad, bool Vollständig) {
     const Lesedatei Datei = Lesedatei::Öffnen(Pfad);
     if (!Datei.Offen()) return false;

@@ -44,6 +44,8 @@ bool IndexzeilenÜbernehmen(Katalog& Index, Indexblock Block, const Inhaltsauftr
 // record.
 void PfadzeilenÜbernehmen(Katalog& Index, const Indexblock& Block);
 
+// True when a file begins as an index file does; false for one that cannot be read.
+bool IstIndexdatei(const std::string& Pfad);
 // True when a file is an index file without a fault: version line, every sum right. Vollständig also asks for
 // the current version, for known lines only and for a line end at the end, as a finished save leaves it.
 bool IndexdateiIstHeil(std::string_view Pfad, bool Vollständig);

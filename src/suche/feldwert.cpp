@@ -134,12 +134,9 @@ void Lesung::Jahr(Quelle Eigene) {
 
 void Lesung::Genre(Quelle Eigene) {
     switch (QuelleWählen(Eigene)) {
-        case Quelle::V1: {
-            // Kept: the last name of the list is never shown.
-            const auto Code = static_cast<std::size_t>(Zahl(FeldGenre));
-            if (Code + 1 < GenreListe.size()) Wert = GenreListe[Code];
+        case Quelle::V1:
+            Wert = GenreNameVon(Zahl(FeldGenre));
             break;
-        }
         case Quelle::V2: {
             // "(17)Rock" is the number and its name; a ")" in front of everything is part of a name.
             Text(FeldV2Genre);

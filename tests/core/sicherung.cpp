@@ -3,10 +3,13 @@
 #include <set>
 
 #include "core/beenden.h"
+#include "core/exportlauf.h"
+#include "core/felderlauf.h"
 #include "core/indexstatistik.h"
 #include "core/laden.h"
 #include "core/sicherungslauf.h"
 #include "core/suchlauf.h"
+#include "index/genres.h"
 #include "welt.h"
 
 namespace liedwerk {
@@ -36,6 +39,18 @@ class Sicherungstest : public Kerntest {
         return Alle;
     }
 };
+
+TEST_F(Sicherungstest, NichtsAnderesKommtAnDieStelleEinerIndexdatei) {
+    const auto Vorher = Inhalte();
+    Exportauftrag Auftrag;
+    for (const std::string& Ziel : {Standard(), Kopie()}) {
+        EXPECT_FALSE(FelderSpeichernLauf(*P, Ziel));
+        Auftrag.Datei = Ziel;
+        EXPECT_FALSE(ExportierenLauf(*P, std::vector<Satznummer>{1}, Auftrag));
+        EXPECT_TRUE(Person.Meldungen.back().find("wird nicht überschrieben") != std::string::npos);
+    }
+    EXPECT_EQ(Inhalte(), Vorher);
+}
 
 TEST_F(Sicherungstest, GelisteteKopienSindDieEigenenUndGezählt) {
     Datei("programm/anderer.lwi - Backup vom 20.11.2026 10-00-00.bak", "#TAG:lw102\r\n");
@@ -213,10 +228,16 @@ Katalog Beispiel() {
     Aufnehmen(Index, "/m/c.ogg", 300, -1, [](Datensatz& Satz) {
         Satz.Genre = 0;
         Satz.Jahr = "2001";
+        Satz.V2Interpret = "Anna";
         Satz.Bitrate = 95;
         Satz.AbspielHäufigkeit = 5;
+        Satz.HatId3v1 = Satz.HatId3v2 = TagVorhanden;
     });
-    Aufnehmen(Index, "/m/ohne", 0, 4000, [](Datensatz& Satz) { Satz.Jahr = "um 1970"; });
+    Aufnehmen(Index, "/m/ohne", 0, 4000, [](Datensatz& Satz) {
+        Satz.Genre = static_cast<decltype(Satz.Genre)>(GenreListe.size() - 1);  // never shown
+        Satz.Jahr = "um 1970";
+        Satz.HatId3v1 = TagVorhanden;
+    });
     return Index;
 }
 
@@ -234,8 +255,10 @@ TEST(Indexstatistik, ZahlenStimmenMitDenenVonHandÜberein) {
     EXPECT_EQ(Zahlen.Gesamt.Dateien, 4);
     EXPECT_EQ(Zahlen.Gesamt.Sekunden, 600);
     EXPECT_EQ(Zahlen.Gesamt.Bytes, 7000) << "an unknown size counts nothing";
-    EXPECT_EQ(Zahlen.MitId3v1, 1);
-    EXPECT_EQ(Zahlen.MitId3v2, 1);
+    EXPECT_EQ(Zahlen.MitDauer, 3);
+    EXPECT_EQ(Zahlen.MitGröße, 3);
+    EXPECT_EQ(Zahlen.MitId3v1, 3);
+    EXPECT_EQ(Zahlen.MitId3v2, 2);
     EXPECT_EQ(Zahlen.Gespielt, 3);
     EXPECT_EQ(Zahlen.Abspielungen, 12);
     const auto Gruppe = [&](Statistikteilung Teilung) {
@@ -246,7 +269,8 @@ TEST(Indexstatistik, ZahlenStimmenMitDenenVonHandÜberein) {
     EXPECT_EQ(Gruppe(Statistikteilung::Dateityp), "mp3 2/300/3000; ogg 1/300/0; ohne Angabe 1/0/4000; ");
     EXPECT_EQ(Gruppe(Statistikteilung::Bitrate),
               "unter 96 1/300/0; 128 - 159 1/100/1000; 320 1/200/2000; ohne Angabe 1/0/4000; ");
-    EXPECT_EQ(Gruppe(Statistikteilung::Interpret), "Anna 2/300/3000; ohne Angabe 2/300/4000; ");
+    EXPECT_EQ(Gruppe(Statistikteilung::Interpret), "Anna 2/300/3000; ohne Angabe 2/300/4000; ")
+        << "an empty field of a present tag stays empty";
     ASSERT_EQ(Zahlen.MeistGespielt.size(), 3U);
     EXPECT_EQ(Zahlen.MeistGespielt[0].Name, "Anna - Lied");
     EXPECT_EQ(Zahlen.MeistGespielt[1].Name, "c.ogg") << "of equal counts the first comes first";

@@ -29,7 +29,8 @@ void Balkenbild::Zeigen(std::vector<Balken> Neue) {
     QStringList Gesprochen;
     for (const Balken& Einer : Liste) {
         Größter = std::max(Größter, Einer.Wert);
-        Namensbreite = std::max(Namensbreite, fontMetrics().horizontalAdvance(Einer.Name));
+        // The advance is rounded down, the cutting compares exactly.
+        Namensbreite = std::max(Namensbreite, fontMetrics().horizontalAdvance(Einer.Name) + 1);
         Textbreite = std::max(Textbreite, fontMetrics().horizontalAdvance(Einer.Text));
         Gesprochen += Einer.Name + u": "_s + Einer.Text;
     }

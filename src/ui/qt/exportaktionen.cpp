@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace liedwerk {
 namespace {
 
-const QString Felderfilter = u"Indexdateien (*.ifd);;Alle Dateien (*)"_s;
+const QString Felderfilter = u"IndexFelder-Dateien (*.ifd);;Alle Dateien (*)"_s;
 
 // The name that is offered for the fields: that of the index.
 QString Feldername(const Anwendung& Programm) {

@@ -5,7 +5,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
 
 #include "basis/pfad.h"
 #include "basis/zahl.h"
@@ -63,7 +62,7 @@ frmIndexStatistik::frmIndexStatistik(Indexstatistik Zahlen, std::string_view Ind
     cboMaß = Auswahl(u"cboMaß"_s, u"&Messen in:"_s, {u"Dateien"_s, u"Spieldauer"_s, u"Größe"_s});
     Wahl->addStretch(1);
     Rechts->addLayout(Wahl);
-    auto* const Rollfeld = new QScrollArea(this);
+    Rollfeld = new QScrollArea(this);
     Rollfeld->setObjectName(u"Rollfeld"_s);
     Rollfeld->setAccessibleName(u"Bild der Statistik"_s);
     Rollfeld->setWidgetResizable(true);
@@ -84,7 +83,7 @@ frmIndexStatistik::frmIndexStatistik(Indexstatistik Zahlen, std::string_view Ind
     connect(Knöpfe[0], &QPushButton::clicked, this, [this] { cmdKopieren_Click(); });
     Knöpfe[1]->setDefault(true);
     BildZeigen();
-    resize(fontMetrics().averageCharWidth() * 130, fontMetrics().height() * 40);
+    FormgrößeSetzen(*this, 130, 40);
     cboTeilung->setFocus();
 }
 
@@ -100,14 +99,18 @@ void frmIndexStatistik::ZahlenAnlegen(QFormLayout& Formular) {
         Formular.addRow(Text + u':', lblWert);
     };
     const Statistikwerte& Alle = Statistik.Gesamt;
-    const auto Mittel = [&](std::int64_t Summe) { return Alle.Dateien > 0 ? Summe / Alle.Dateien : 0; };
+    // What is not known has no part in a mean.
+    const auto Mittel = [](std::int64_t Summe, std::int64_t Anzahl) {
+        return Anzahl > 0 ? Summe / Anzahl : 0;
+    };
     if (!Eigentümer.empty()) Zeile(u"lblEigentümer"_s, u"Eigentümer"_s, Eigentümer);
     Zeile(u"lblDateien"_s, u"Dateien"_s, Gruppiert(Alle.Dateien));
     Zeile(u"lblSpieldauer"_s, u"Spieldauer"_s, MaßText(Alle.Sekunden, Statistikmaß::Spieldauer));
     Zeile(u"lblGröße"_s, u"Größe"_s, MaßText(Alle.Bytes, Statistikmaß::Größe));
     Zeile(u"lblDauerMittel"_s, u"Dauer im Mittel"_s,
-          MaßText(Mittel(Alle.Sekunden), Statistikmaß::Spieldauer));
-    Zeile(u"lblGrößeMittel"_s, u"Größe im Mittel"_s, MaßText(Mittel(Alle.Bytes), Statistikmaß::Größe));
+          MaßText(Mittel(Alle.Sekunden, Statistik.MitDauer), Statistikmaß::Spieldauer));
+    Zeile(u"lblGrößeMittel"_s, u"Größe im Mittel"_s,
+          MaßText(Mittel(Alle.Bytes, Statistik.MitGröße), Statistikmaß::Größe));
     Zeile(u"lblMitId3v1"_s, u"Mit ID3v1-TAG"_s, Gruppiert(Statistik.MitId3v1));
     Zeile(u"lblMitId3v2"_s, u"Mit ID3v2-TAG"_s, Gruppiert(Statistik.MitId3v2));
     Zeile(u"lblGespielt"_s, u"Abgespielte Dateien"_s, Gruppiert(Statistik.Gespielt));
@@ -133,6 +136,8 @@ void frmIndexStatistik::BildZeigen() {
     }
     if (Liste.empty()) Liste.push_back({u"Hierzu gibt es keine Angaben."_s, 0, {}, true});
     picBalken->Zeigen(std::move(Liste));
+    // The keys stop at the scroll area, so that it tells what the picture shows.
+    Rollfeld->setAccessibleDescription(picBalken->accessibleDescription());
 }
 
 void frmIndexStatistik::cmdKopieren_Click() {

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QFormLayout>
+#include <QScrollArea>
 
 #include "core/anwendung.h"
 #include "core/indexstatistik.h"
@@ -25,6 +26,7 @@ class frmIndexStatistik final : public QDialog {
     std::string Eigentümer;
     QComboBox* cboTeilung;
     QComboBox* cboMaß;
+    QScrollArea* Rollfeld;
     Balkenbild* picBalken;
 };
 
