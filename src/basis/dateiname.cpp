@@ -78,4 +78,10 @@ bool IstUnfertigeKopie(std::string_view Name) {
     return Name.find_first_not_of("0123456789abcdef", Name.size() - Stellen) == std::string_view::npos;
 }
 
+std::string OhneTrenner(std::string Ordner) {
+    while (Ordner.size() > 1 && Ordner.back() == '/')
+        Ordner.pop_back();
+    return Ordner;
+}
+
 }  // namespace liedwerk

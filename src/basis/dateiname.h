@@ -29,4 +29,7 @@ inline constexpr std::string_view KopieEndung = "~lwikopie";
 // True for the name of such a file.
 bool IstUnfertigeKopie(std::string_view Name);
 
+// The folder without "/" at its end, except the root.
+std::string OhneTrenner(std::string Ordner);
+
 }  // namespace liedwerk

@@ -51,6 +51,12 @@ bool Lesbar(const SyncRegel& Regel) {
     return Zurück.SyncOrdner == Hin.SyncOrdner;
 }
 
+// From the root on: "/x", "C:\\x" or "\\\\server\\x".
+bool IstVollerPfad(std::string_view Pfad) {
+    const bool Laufwerk = Pfad.size() > 2 && Pfad[1] == ':' && Pfad[2] == '\\';
+    return IstPosixPfad(Pfad) || Laufwerk || Pfad.starts_with("\\\\");
+}
+
 bool LiegtIn(std::string_view Ordner, std::string_view Oberer) {
     const std::string Anfang = MitTrenner(Oberer);
     return Ordner.size() > Anfang.size() && PfadeGleich(Ordner.substr(0, Anfang.size()), Anfang);
@@ -124,6 +130,10 @@ std::string SyncRegelPrüfen(const Indexoptionen& Optionen, std::size_t Platz) {
             return Genannt + "steht schon in der Liste.";
     }
     const std::string& Ziel = Regel.KopierenInOrdner;
+    if (!Ziel.empty() && !IstVollerPfad(Ziel))
+        return "Der Ordner '" + Ziel +
+               "', in den die Dateien verschoben werden sollen, ist kein vollständiger Pfad.\nBitte wählen Sie "
+               "ihn mit 'Suchen...'.";
     if (PfadeGleich(Ziel, Regel.Ordner))
         return Genannt + "kann nicht zugleich der Ordner sein, in den die Dateien verschoben werden.";
     if (Regel.Unterordner == 1 && LiegtIn(Ziel, Regel.Ordner))
@@ -154,9 +164,7 @@ void IndexoptionenÜbernehmen(Anwendung& Programm, Indexoptionen Neu) {
     Programm.Index.IndexGeändert = true;
     SpaltenAusIndex(Programm);
     // What the running search finds may hang on it.
-    if (Tags &&
-        (Programm.Abfragen.SucheAnzahl() > 0 || !Programm.Dienst.Fenster.SuchzeileLesen().Begriff.empty()))
-        SucheAktualisieren(Programm);
+    if (Tags) SucheErneuern(Programm);
     Programm.Dienst.Fenster.ListeZeigen();
     Programm.Dienst.Fenster.AuswahlZeigen();
 }

@@ -3,6 +3,7 @@
 #include "abspielen/statistik.h"
 #include "basis/zahl.h"
 #include "core/beenden.h"
+#include "core/suchlauf.h"
 
 namespace liedwerk {
 namespace {
@@ -52,6 +53,8 @@ void OptionenÜbernehmen(Anwendung& Programm, const Einstellungen& Alt, const Ei
     }
     WeitereFormateAufnehmen(Programm);
     Programm.Dienst.Fenster.ErscheinungAnwenden();
+    if (Alt.FehlendeMedienZeigen != Neu.FehlendeMedienZeigen) Programm.Dienst.Fenster.ListeZeigen();
+    if (Alt.SucheUmlauteGleich != Neu.SucheUmlauteGleich) SucheErneuern(Programm);
     Programm.Dienst.Fenster.AuswahlZeigen();
     EinstellungenSichern(Programm, true);
 }

@@ -4,6 +4,8 @@
 
 #include "basis/datei.h"
 #include "basis/text.h"
+#include "basis/zahl.h"
+#include "cd/cddb.h"
 
 namespace liedwerk {
 namespace {
@@ -28,10 +30,10 @@ constexpr Optionsblatt Blätter[] = {
 
 constexpr Optionswahl Beendenwahl[] = {
     {0, "Nachfragen"}, {1, "Fenster minimieren"}, {2, "Programm beenden"}, {3, "In die Startleiste"}};
-constexpr Optionswahl Doppelklickwahl[] = {{0, "Abspielen"},
-                                           {2, "An die Playlist des Audio-Players anhängen"},
+constexpr Optionswahl Doppelklickwahl[] = {{0, "Abspielen", 1},
+                                           {2, "An die Playliste des Audio-Players anhängen"},
                                            {3, "Datei-Informationen anzeigen"},
-                                           {4, "Mit der Standard-Anwendung öffnen"}};
+                                           {4, "Mit der Standard-Anwendung öffnen", 4, true}};
 
 std::string ProgrammPrüfen(std::string_view Text) {
     if (Text.empty() || DateiExistiert(Text)) return {};
@@ -39,6 +41,11 @@ std::string ProgrammPrüfen(std::string_view Text) {
            "' wurde nicht gefunden.\nBitte wählen Sie die Programm-Datei Ihres Audio-Players, oder lassen "
            "Sie "
            "das Feld leer.";
+}
+
+// Nobody need give an address; a given one must be one that the query takes.
+std::string AdressePrüfen(std::string_view Text) {
+    return Text.empty() || Text == Einstellungen().CDDBEmail ? std::string() : CDDBEmailPrüfen(Text);
 }
 
 #define LIEDWERK_OPTION(Name) #Name, &Einstellungen::Name
@@ -95,17 +102,21 @@ constexpr Option Tabelle[] = {
      "Gilt für neue Suchen in der Suchzeile; Such-Abfragen haben ihre eigene Einstellung."},
     {Suche, "Suchen", LIEDWERK_OPTION(SucheDirektStarten), Schalter, "Neue Such-Abfragen &direkt starten"},
     {Suche, "Suchen", LIEDWERK_OPTION(SucheNichtBeiTAGEditor), Schalter,
-     "Während der Arbeit im TAG-Editor &nicht suchen"},
+     "Während der Arbei&t im TAG-Editor nicht suchen"},
+    {Suche, "Suchen", LIEDWERK_OPTION(SucheUmlauteGleich), Schalter,
+     "'är&zte' auch bei 'arzte' und 'aerzte' finden"},
     {Suche, "Eingabehilfen", LIEDWERK_OPTION(Auswahlliste), Schalter,
      "Au&swahlliste für Such-Eingaben erstellen (langsamer)"},
     {Suche, "Eingabehilfen", LIEDWERK_OPTION(AutoCompleteVerwenden), Schalter,
-     "Such-Eingaben automatisch &vervollständigen (langsamer)"},
+     "Such-Eingaben a&utomatisch vervollständigen (langsamer)"},
     {Suche, "Eingabehilfen", LIEDWERK_OPTION(SucheVorschlägeErstellen), Schalter,
      "Ähnliche Wörter vorschlagen, wenn nichts ge&funden wurde"},
     {Suche, "Anzeigen", LIEDWERK_OPTION(SchnellsucheZeigen), Schalter,
      "&Buchstaben der Schnellsuche über der Liste"},
     {Suche, "Anzeigen", LIEDWERK_OPTION(Beschreibungsleiste), Schalter,
      "Beschreibung der gewählten Datei neben der &Liste"},
+    {Suche, "Anzeigen", LIEDWERK_OPTION(FehlendeMedienZeigen), Schalter,
+     "Dateien fehlender Datenträger &kennzeichnen"},
 
     {Darstellung, "Schrift der Liste", LIEDWERK_OPTION(ListeFont), Schrift, "Schrift&art:"},
     {Darstellung,
@@ -121,17 +132,17 @@ constexpr Option Tabelle[] = {
     {Darstellung, "Schrift der Liste", LIEDWERK_OPTION(ListeFontItalic), Schalter, "&Kursiv"},
     {Darstellung, "Schrift der Liste", LIEDWERK_OPTION(ListeFontUnderline), Schalter, "&Unterstrichen"},
     {Darstellung, "Schrift der Liste", LIEDWERK_OPTION(ListeFontStrikeThrough), Schalter, "&Durchgestrichen"},
-    {Darstellung, "Farben", LIEDWERK_OPTION(FarbeListen), Farbe, "Listen:"},
-    {Darstellung, "Farben", LIEDWERK_OPTION(FarbeListenHintergrund), Farbe, "Hintergrund der Listen:"},
-    {Darstellung, "Farben", LIEDWERK_OPTION(FarbeFunktionen), Farbe, "Funktionen:"},
+    {Darstellung, "Farben", LIEDWERK_OPTION(FarbeListen), Farbe, "&Listen:"},
+    {Darstellung, "Farben", LIEDWERK_OPTION(FarbeListenHintergrund), Farbe, "Hintergrund der Li&sten:"},
+    {Darstellung, "Farben", LIEDWERK_OPTION(FarbeFunktionen), Farbe, "Funkt&ionen:"},
     {Darstellung, "Farben", LIEDWERK_OPTION(FarbeFunktionenHintergrund), Farbe,
-     "Hintergrund der Funktionen:"},
-    {Darstellung, "Farben", LIEDWERK_OPTION(FarbeFunktionenBesucht), Farbe, "Besuchte Funktionen:"},
-    {Darstellung, "Farben", LIEDWERK_OPTION(FarbeÜberschrift), Farbe, "Überschriften:"},
+     "Hin&tergrund der Funktionen:"},
+    {Darstellung, "Farben", LIEDWERK_OPTION(FarbeFunktionenBesucht), Farbe, "Besu&chte Funktionen:"},
+    {Darstellung, "Farben", LIEDWERK_OPTION(FarbeÜberschrift), Farbe, "Ü&berschriften:"},
     {Darstellung, "Farben", LIEDWERK_OPTION(FarbeÜberschriftHintergrund), Farbe,
-     "Hintergrund der Überschriften:"},
-    {Darstellung, "Farben", LIEDWERK_OPTION(FarbeBeschreibungen), Farbe, "Beschreibungen:"},
-    {Darstellung, "Farben", LIEDWERK_OPTION(FarbeRahmen), Farbe, "Rahmen:"},
+     "Hintergrund der &Überschriften:"},
+    {Darstellung, "Farben", LIEDWERK_OPTION(FarbeBeschreibungen), Farbe, "Besch&reibungen:"},
+    {Darstellung, "Farben", LIEDWERK_OPTION(FarbeRahmen), Farbe, "Rah&men:"},
     {Darstellung, "Farben", LIEDWERK_OPTION(FunktionenUnterstreichen), Schalter,
      "Funktionen unt&erstreichen"},
 
@@ -149,11 +160,11 @@ constexpr Option Tabelle[] = {
      {},
      ProgrammPrüfen},
     {Wiedergabe, "Audio-Player", LIEDWERK_OPTION(WinampParameterAbspielen), Text, "Parameter zum Ab&spielen:",
-     "Steht beim Start des Players vor der Playlist; leer, wenn er keinen braucht."},
+     "Steht beim Start des Players vor der Playliste; leer, wenn er keinen braucht."},
     {Wiedergabe, "Audio-Player", LIEDWERK_OPTION(WinampParameterHinzufügen), Text,
-     "Parameter zum &Hinzufügen:", "Steht vor der Playlist, wenn diese an die laufende angehängt wird."},
+     "Parameter zum Hin&zufügen:", "Steht vor der Playliste, wenn diese an die laufende angehängt wird."},
     {Wiedergabe, "Audio-Player", LIEDWERK_OPTION(PlaylistFürWinamp), Schalter,
-     "&Titel und Dauer in Playlists schreiben", "Ältere Player lesen nur Playlists ohne diese Angaben."},
+     "&Titel und Dauer in Playlisten schreiben", "Ältere Player lesen nur Playlisten ohne diese Angaben."},
     {Wiedergabe,
      "Liste",
      LIEDWERK_OPTION(BeiDoppelklick),
@@ -199,7 +210,7 @@ constexpr Option Tabelle[] = {
      2},
 
     {Medien, "Dateien, die nicht verfügbar sind", LIEDWERK_OPTION(NichtVerfügbarFragen), Schalter,
-     "&Nach dem fehlenden Medium fragen", "Sonst werden solche Dateien übersprungen."},
+     "Nach dem fehlenden &Medium fragen", "Sonst werden solche Dateien übersprungen."},
     {Medien, "Dateien, die nicht verfügbar sind", LIEDWERK_OPTION(NichtVerfügbarNetzwerkIstWechselmedium),
      Schalter, "Netz&laufwerke wie Wechselmedien behandeln"},
     {Medien, "Dateien, die nicht verfügbar sind", LIEDWERK_OPTION(NichtVerfügbarExistierenNicht), Schalter,
@@ -261,9 +272,9 @@ constexpr Option Tabelle[] = {
      {},
      {},
      {},
-     MailadressePrüfen},
+     AdressePrüfen},
     {Cd, "Titel", LIEDWERK_OPTION(CDDBVariousErsetzen), Schalter,
-     "Bei CDs mit mehreren Interpreten ('&Various') den Interpreten aus dem Titel nehmen"},
+     "Bei CDs mit &mehreren Interpreten ('Various') den Interpreten aus dem Titel nehmen"},
 
     {Sicherheit, "Indexdatei speichern", LIEDWERK_OPTION(DateiAutomatischSpeichern), Schalter,
      "Beim &Beenden ohne Nachfrage speichern"},
@@ -304,8 +315,6 @@ constexpr Option Tabelle[] = {
      {},
      {},
      "BackupsSpeichern"},
-    {Sicherheit, "Sperre", LIEDWERK_OPTION(SperreAktiv), Schalter, "Beim Start nach dem &Passwort fragen",
-     "Wirkt, sobald ein Passwort festgelegt ist."},
 
     {Hinweise, "Diese Fenster zeigen", LIEDWERK_OPTION(TippsAktueller), Laufend, "&Tipps beim Start"},
     {Hinweise, "Diese Fenster zeigen", LIEDWERK_OPTION(AudioplayerNachrichtZeigen), Schalter,
@@ -363,6 +372,13 @@ std::int32_t OptionZahl(const Einstellungen& Werte, const Option& Eine) {
     }
 }
 
+std::size_t Wahlplatz(std::span<const Optionswahl> Auswahl, std::int32_t Zahl) {
+    auto Fund = std::ranges::find_if(
+        Auswahl, [Zahl](const Optionswahl& Eine) { return Eine.Wert == Zahl || Eine.Auch == Zahl; });
+    if (Fund == Auswahl.end()) Fund = std::ranges::find_if(Auswahl, &Optionswahl::Sonst);
+    return Fund == Auswahl.end() ? 0 : static_cast<std::size_t>(Fund - Auswahl.begin());
+}
+
 void OptionZahlSetzen(Einstellungen& Werte, const Option& Eine, std::int32_t Zahl) {
     // A running number that is on goes on from where it stands.
     if (Eine.Art == Laufend && OptionZahl(Werte, Eine) == Zahl) return;
@@ -396,24 +412,23 @@ std::optional<Optionsfehler> OptionenPrüfen(const Einstellungen& Neu, const Ein
 }
 
 std::string ServernamePrüfen(std::string_view Text) {
+    constexpr int HöchsterAnschluss = 65535;
     const auto Erlaubt = [](char Zeichen) {
         return (Zeichen >= 'a' && Zeichen <= 'z') || (Zeichen >= 'A' && Zeichen <= 'Z') ||
-               (Zeichen >= '0' && Zeichen <= '9') || Zeichen == '-' || Zeichen == '.' || Zeichen == ':';
+               (Zeichen >= '0' && Zeichen <= '9') || Zeichen == '-' || Zeichen == '.';
     };
-    if (std::ranges::all_of(Text, Erlaubt) && !Text.starts_with('.') && !Text.starts_with('-')) return {};
+    const std::size_t Trennung = Text.rfind(':');
+    const std::string_view Name = Text.substr(0, Trennung);
+    const auto Anschluss = Trennung == std::string_view::npos
+                               ? std::optional<std::int32_t>(HöchsterAnschluss)
+                               : GanzzahlLesen<std::int32_t>(Text.substr(Trennung + 1));
+    const bool Benannt = !Name.empty() && std::ranges::all_of(Name, Erlaubt) && !Name.starts_with('.') &&
+                         !Name.starts_with('-') && !Name.ends_with('.') &&
+                         Name.find("..") == std::string_view::npos;
+    if (Text.empty() || (Benannt && Anschluss && *Anschluss >= 1 && *Anschluss <= HöchsterAnschluss)) return {};
     return "Der Server '" + std::string(Text) +
            "' ist kein Name eines Rechners.\nBitte geben Sie den Namen ohne 'http://' und ohne Pfad ein, zum "
            "Beispiel 'cddb.anbieter.invalid', oder lassen Sie das Feld leer.";
-}
-
-std::string MailadressePrüfen(std::string_view Text) {
-    const std::size_t Zeichen = Text.find('@');
-    const bool Zweiteilig = Zeichen != std::string_view::npos && Zeichen > 0 &&
-                            Text.find('@', Zeichen + 1) == std::string_view::npos;
-    const bool MitPunkt = Zweiteilig && Text.find('.', Zeichen + 2) < Text.size() - 1;
-    if (Text.empty() || (MitPunkt && Text.find(' ') == std::string_view::npos)) return {};
-    return "Die von Ihnen angegebene EMail-Adresse '" + std::string(Text) +
-           "' ist ungültig.\nBitte geben Sie eine Adresse der Form 'name@anbieter.de' ein.";
 }
 
 }  // namespace liedwerk

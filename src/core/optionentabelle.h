@@ -52,6 +52,8 @@ enum class Optionsart : std::uint8_t {
 struct Optionswahl {
     std::int32_t Wert;
     std::string_view Name;
+    std::int32_t Auch = Wert;  // another number of the same meaning
+    bool Sonst = false;        // what every number means that is none of these
 };
 
 using Optionsort =
@@ -81,6 +83,8 @@ std::span<const Option> Optionen();
 // The value of an option as a number: of a switch 1 or 0, of a text that holds none 0.
 std::int32_t OptionZahl(const Einstellungen& Werte, const Option& Eine);
 void OptionZahlSetzen(Einstellungen& Werte, const Option& Eine, std::int32_t Zahl);
+// The place of the choice that a number means; without one for other numbers the first stands for them.
+std::size_t Wahlplatz(std::span<const Optionswahl> Auswahl, std::int32_t Zahl);
 // The text of a text option; empty for the other kinds.
 std::string OptionText(const Einstellungen& Werte, const Option& Eine);
 void OptionTextSetzen(Einstellungen& Werte, const Option& Eine, std::string_view Text);
@@ -95,8 +99,7 @@ struct Optionsfehler {
 // The first option that differs from Alt and is wrong. What the person has not touched is no reason to stop.
 std::optional<Optionsfehler> OptionenPrüfen(const Einstellungen& Neu, const Einstellungen& Alt);
 
-// What is wrong with the name of a CD database server, with an address for mail; empty texts are right.
+// What is wrong with the name of a CD database server ("host" or "host:port"); an empty text is right.
 std::string ServernamePrüfen(std::string_view Text);
-std::string MailadressePrüfen(std::string_view Text);
 
 }  // namespace liedwerk

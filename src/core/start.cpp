@@ -191,7 +191,8 @@ void Start::WillkommenSagen() {
 void Start::TippsPrüfen() {
     std::int16_t& Aktueller = Programm.Werte.TippsAktueller;
     const int Anzahl = Fenster.TippAnzahl();
-    if (Aktueller != 0 && Anzahl > 0) {
+    // At the first start the welcome has said enough.
+    if (Aktueller != 0 && Anzahl > 0 && !Programm.ErsterStart) {
         Aktueller = static_cast<std::int16_t>(Aktueller < 0 || Aktueller >= Anzahl ? 1 : Aktueller + 1);
         Fenster.TippZeigen(Aktueller);
     }

@@ -26,6 +26,11 @@ void SucheAktualisieren(Anwendung& Programm, bool MitVorschlägen) {
     Programm.Dienst.Fenster.VorschlägeZeigen(Programm.Index.ErsterTreffer > 0, Ergebnis.Vorschläge);
 }
 
+void SucheErneuern(Anwendung& Programm) {
+    if (Programm.Abfragen.SucheAnzahl() > 0 || !Programm.Dienst.Fenster.SuchzeileLesen().Begriff.empty())
+        SucheAktualisieren(Programm);
+}
+
 void SucheLöschen(Anwendung& Programm) {
     Programm.Dienst.Fenster.SuchzeileLeeren();
     SucheZurücksetzen(Programm.Abfragen);
@@ -42,6 +47,12 @@ void DatensätzeZeigen(Anwendung& Programm, const std::vector<Satznummer>& Daten
 void SpaltenAusIndex(Anwendung& Programm) {
     Programm.Ansicht.Spalten = SpaltenEinrichten(Programm.Index.Optionen.Spalten);
     Programm.Dienst.Fenster.SpaltenZeigen();
+}
+
+Listenspalte NeueSpalte(int Nummer) {
+    constexpr int OhneVorgabe = 1800;  // twips, for a column that has no default width
+    const int Breite = SpaltenNamen[static_cast<std::size_t>(Nummer - 1)].Breite;
+    return {Nummer, Breite > 0 ? Breite : OhneVorgabe};
 }
 
 void SpaltenInIndex(Anwendung& Programm) {

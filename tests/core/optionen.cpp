@@ -20,7 +20,7 @@ const std::set<std::string_view> NichtInDenOptionen = {
     "Start", "Dateiname", "FensterHeight", "FensterLeft", "FensterTop", "FensterWidth", "FensterMax",
     "WinampLautstärke", "WinampBalance", "TermineIndex", "TermineIndexPrüfsumme", "ZuletztGeladen",
     // the lock's own form
-    "Sperre",
+    "Sperre", "SperreAktiv",
     // AutoTAG, favourite genres
     "AutoTagFelderLöschen", "AutoTagLeer", "AutoTagAktuell", "AutoTagUnterstrichEntfernen",
     "AutoTagAusschlußLeer", "AutoTagAusschluß", "AutoTagFormate", "GenreBevorzugteLeer", "GenreBevorzugte",
@@ -38,8 +38,8 @@ const std::set<std::string_view> NichtInDenOptionen = {
     "AutoDJFindeAnzahl", "AutoDJAuslassenZeit", "AutoDJAuslassenGröße", "AutoDJAuslassenVorKurzem",
     "AutoDJFindenVorLängerem", "AutoDJID3v1Verwenden", "AutoDJID3v2Verwenden", "AutoDJTopWieviel",
     "AutoDJTopZeitraum", "AutoDJTopEinheit", "AutoDJGenre",
-    // switches of the menus, stored queries
-    "FehlendeMedienZeigen", "SucheUmlauteGleich", "GespeicherteSuche",
+    // stored queries
+    "GespeicherteSuche",
     // kept without effect
     "AutomtischSpeichernNurBeiEingaben"};
 
@@ -116,18 +116,25 @@ TEST(Optionentabelle, FalscheEingabenWerdenGenanntUndUnberührtesNicht) {
                                                          {"http://cddb.invalid", false},
                                                          {"cddb.invalid/~cddb", false},
                                                          {"zwei wörter", false},
-                                                         {"-x.invalid", false}})
+                                                         {"-x.invalid", false},
+                                                         {":", false},
+                                                         {"x:", false},
+                                                         {"x:65536", false},
+                                                         {"x:0", false},
+                                                         {"x:y:1", false},
+                                                         {"a..b", false},
+                                                         {"x.", false}})
         EXPECT_EQ(ServernamePrüfen(Text).empty(), Richtig) << Text;
+    // The address that the query would refuse is refused here; none, and the one it came with, are no input.
     for (const auto& [Text, Richtig] : std::vector<Fall>{{"", true},
+                                                         {Einstellungen().CDDBEmail, true},
                                                          {"name@anbieter.invalid", true},
-                                                         {"a@b.c", true},
-                                                         {"name.anbieter.de", false},
-                                                         {"@anbieter.de", false},
-                                                         {"name@anbieter", false},
-                                                         {"name@anbieter.", false},
-                                                         {"na me@anbieter.de", false},
-                                                         {"a@b@c.de", false}})
-        EXPECT_EQ(MailadressePrüfen(Text).empty(), Richtig) << Text;
+                                                         {"a.b@c.de", false},
+                                                         {"@anbieter.de", false}})
+        EXPECT_EQ(OptionVon("CDDBEmail").Prüfen(Text).empty(), Richtig) << Text;
+    // A choice shows what a stored number does.
+    for (const auto& [Zahl, Platz] : {std::pair{0, 0U}, {1, 0U}, {3, 2U}, {5, 3U}, {-1, 3U}})
+        EXPECT_EQ(Wahlplatz(OptionVon("BeiDoppelklick").Auswahl, Zahl), Platz) << Zahl;
 
     Einstellungen Alt;
     Alt.WinampPfad = "/gibt/es/nicht";
@@ -247,7 +254,9 @@ TEST(IndexOptionen, OrdnerDieSichStörenOderNichtZurückkämenWerdenAbgewiesen) 
                                      {{"/m/neu", 1, "/m/neuer"}, true},
                                      {{"/m/a, b", 1, "/z,z"}, true},
                                      {{"/m/a,5,b", 1, ""}, false},
-                                     {{"/m/zwei\nZeilen", 1, ""}, false}};
+                                     {{"/m/zwei\nZeilen", 1, ""}, false},
+                                     {{"/m/neu", 1, "ziel"}, false},
+                                     {{"D:\\neu", 1, "D:\\ziel"}, true}};
     for (const Fall& Einer : Fälle) {
         Indexoptionen Optionen;
         Optionen.SyncOrdner = {{"/m/alt", 1, ""}, Einer.Regel};

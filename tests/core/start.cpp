@@ -101,22 +101,11 @@ TEST_F(Starttest, DerErsteStartZentriertUndGrüßt) {
                     {"WinampBalance", -200}};
     Fenster.Tipps = 1;
     Starten();
-    const Texte Erwartet = {"Erscheinung",
-                            "Liste frei",
-                            "Name lwStamm.lwi",
-                            "Liste",
-                            "Regler 128/0",
-                            "Symbol",
-                            "Erscheinung",
-                            "Shell",
-                            "Zentriert",
-                            "Sichtbar",
-                            "Willkommen",
-                            "Tipp 1",
-                            "Hinweis Willkommen zum Liedwerk",
-                            "Fokus",
-                            "Termine",
-                            "Uhr"};
+    const Texte Erwartet = {"Erscheinung", "Liste frei",   "Name lwStamm.lwi",
+                            "Liste",       "Regler 128/0", "Symbol",
+                            "Erscheinung", "Shell",        "Zentriert",
+                            "Sichtbar",    "Willkommen",   "Hinweis Willkommen zum Liedwerk",
+                            "Fokus",       "Termine",      "Uhr"};
     EXPECT_EQ(Fenster.Rufe, Erwartet);
     EXPECT_EQ(P->Werte.FarbeListen, DesktopFarbe);
     EXPECT_EQ(P->Werte.Start, Versionszahl());

@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QFontComboBox>
+#include <QFontDatabase>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -104,8 +105,8 @@ std::string Ändern(QWidget& Form, const Option& Eine) {
             Teil<Farbknopf>(Form, Name).Gewählt(0x112233);
             return std::to_string(0x112233);
         case Optionsart::Schrift:
-            Teil<QFontComboBox>(Form, Name).setCurrentText(u"Eine Schrift"_s);
-            return "Eine Schrift";
+            Teil<QFontComboBox>(Form, Name).setCurrentText(QFontDatabase::families().last());
+            return Utf8Text(QFontDatabase::families().last());
         case Optionsart::Text:
         case Optionsart::Programm:
             break;
@@ -128,8 +129,13 @@ TEST_F(Optionenformen, JedeOptionKommtDurchDasFormularUndZurück) {
     std::vector<std::string> Erwartet;
     ImNächsten([&](QWidget& Form) {
         EXPECT_FALSE(Teil<QPushButton>(Form, u"cmdÜbernehmen"_s).isEnabled());
+        auto& Profil = Teil<QComboBox>(Form, u"cboFarbprofil"_s);
+        EXPECT_EQ(Profil.currentIndex(), 0);
+        QTest::keyClick(&Profil, Qt::Key_Down);
+        EXPECT_EQ(Teil<Farbknopf>(Form, u"cmdFarbeRahmen"_s).text(), u"#7A8794"_s);
         for (const Option& Eine : Optionen())
             Erwartet.push_back(Ändern(Form, Eine));
+        EXPECT_EQ(Profil.currentText(), u"Eigene Farben"_s);
         // Nothing holds before it is taken over.
         EXPECT_EQ(Werte(), Vorher);
         Drücken(Form, u"cmdÜbernehmen"_s);
@@ -192,6 +198,12 @@ TEST_F(Optionenformen, SucheFehlerVoraussetzungenUndTasten) {
         EXPECT_EQ(Liste.currentItem()->text(), u"Sicherheit"_s);
         EXPECT_TRUE(Teil<QCheckBox>(Form, u"chkBackupsSpeichern"_s).font().bold());
 
+        auto& Nichts = Teil<QLabel>(Form, u"lblNichtsGefunden"_s);
+        EXPECT_FALSE(Nichts.isVisible());
+        Suche.setText(u"gibt es nicht"_s);
+        EXPECT_TRUE(Nichts.isVisible());
+        Suche.clear();
+
         // What hangs on a switch can be set only while it is on.
         auto& Tage = Teil<QSpinBox>(Form, u"txtBackupsSpeichernKopienBehalten"_s);
         EXPECT_FALSE(Tage.isEnabled());
@@ -209,9 +221,22 @@ TEST_F(Optionenformen, SucheFehlerVoraussetzungenUndTasten) {
         EXPECT_EQ(Form.focusWidget()->objectName(), u"txtCDDBServer"_s);
         EXPECT_EQ(Liste.currentItem()->text(), u"CD-Datenbank"_s);
         EXPECT_TRUE(Suche.text().isEmpty());
-        EXPECT_EQ(Werte().BackupsSpeichern, 0);
-        QTest::keyClicks(&Teil<QLineEdit>(Form, u"txtCDDBServer"_s), u"/y"_s);
         Teil<QLineEdit>(Form, u"txtCDDBServer"_s).clear();
+        Drücken(Form, u"chkSchriftDesktop"_s);
+        Teil<QFontComboBox>(Form, u"cboListeFont"_s).setCurrentText(u"Halb getip"_s);
+        Drücken(Form, u"cmdOk"_s);
+        EXPECT_TRUE(Eins.Person.Meldungen.back().starts_with("Die Schriftart 'Halb getip'"));
+        Drücken(Form, u"chkSchriftDesktop"_s);
+        // Its own form decides about the lock, not the buttons here.
+        ImNächsten([&](QWidget& Sperre) {
+            for (const QString& Feld : {u"txtNeu"_s, u"txtWiederholung"_s})
+                QTest::keyClicks(&Teil<QLineEdit>(Sperre, Feld), u"zu"_s);
+            QTest::keyClick(&Sperre, Qt::Key_Return);
+        });
+        Drücken(Form, u"cmdPasswort"_s);
+        EXPECT_FALSE(Werte().Sperre.empty());
+        EXPECT_EQ(Werte().SperreAktiv, 1);
+        EXPECT_EQ(Werte().BackupsSpeichern, 0);
 
         // The dialogs that were switched off come back together.
         Teil<QCheckBox>(Form, u"chkAudioplayerNachrichtZeigen"_s).setChecked(false);

@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include "basis/datei.h"
+#include "basis/dateiname.h"
 #include "basis/pfad.h"
 
 namespace liedwerk {
@@ -40,12 +41,6 @@ std::string XdgOrdner(const char* Variable, std::string_view Sonst) {
 // The program's own in it.
 std::string GrundOrdner(const char* Variable, std::string_view Sonst) {
     return PfadVerbinden(XdgOrdner(Variable, Sonst), Unterordner);
-}
-
-std::string OhneTrenner(std::string Ordner) {
-    while (Ordner.size() > 1 && Ordner.back() == '/')
-        Ordner.pop_back();
-    return Ordner;
 }
 
 // The folder of the running program; empty when the system does not tell.

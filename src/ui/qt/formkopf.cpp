@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
 
 namespace liedwerk {
@@ -13,6 +14,23 @@ int Zeichenbreite(const QWidget& Teil, int Zeichen) {
     const QScreen* const Schirm = QGuiApplication::primaryScreen();
     const int Platz = Schirm == nullptr ? QWIDGETSIZE_MAX : Schirm->availableGeometry().width() * 6 / 10;
     return std::min(Teil.fontMetrics().averageCharWidth() * Zeichen, Platz);
+}
+
+void FormgrößeSetzen(QDialog& Form, int Zeichen, int Zeilen) {
+    constexpr double Anteil = 0.94;  // the rest is for the window's own frame
+    const QSize Wunsch(Form.fontMetrics().averageCharWidth() * Zeichen, Form.fontMetrics().height() * Zeilen);
+    Form.resize(Wunsch.boundedTo(Form.screen()->availableGeometry().size() * Anteil));
+}
+
+QString Umbrochen(std::string_view Text, int Zeilenlänge) {
+    QString Zeilen = QtText(Text);
+    for (qsizetype Anfang = 0; Zeilen.size() - Anfang > Zeilenlänge;) {
+        const qsizetype Leer = Zeilen.lastIndexOf(u' ', Anfang + Zeilenlänge);
+        if (Leer <= Anfang) break;
+        Zeilen[Leer] = u'\n';
+        Anfang = Leer + 1;
+    }
+    return Zeilen;
 }
 
 QVBoxLayout* Formspalte(QDialog& Form) {

@@ -5,12 +5,17 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <string_view>
 
 namespace liedwerk {
 
 // The width of so many average characters in pixels, at most 60 % of the screen: large letters must not drive
 // a form off it.
 int Zeichenbreite(const QWidget& Teil, int Zeichen);
+// The size in which a form opens, in average characters and lines of text, never more than the screen holds.
+void FormgrößeSetzen(QDialog& Form, int Zeichen, int Zeilen);
+// The text with line breaks at its blanks, so that no line is longer than so many characters where it has one.
+QString Umbrochen(std::string_view Text, int Zeilenlänge);
 // A column layout for a form, with margins that suit it.
 QVBoxLayout* Formspalte(QDialog& Form);
 // The banner: a symbol and a bold line, below it a quieter text (may be empty).

@@ -52,21 +52,14 @@ QString Sprungname(const QString& Überschrift) {
 }  // namespace
 
 QString HandbuchFinden(const QString& Programmordner) {
-    for (const QString& Name : {u"handbuch.html"_s, u"handbuch.md"_s}) {
-        const QString Neben = Programmordner + u"/../share/doc/liedwerk/"_s + Name;
-        if (QFile::exists(Neben)) return QDir::cleanPath(Neben);
-    }
+    const QString Neben = Programmordner + u"/../share/liedwerk/handbuch.md"_s;
+    if (QFile::exists(Neben)) return QDir::cleanPath(Neben);
     QDir Ordner(Programmordner);
     for (int Stufe = 0; Stufe < HöchstensAufwärts; ++Stufe) {
         if (Ordner.exists(u"docs/handbuch.md"_s)) return Ordner.filePath(u"docs/handbuch.md"_s);
         if (!Ordner.cdUp()) break;
     }
-    for (const QString& Name : {u"handbuch.html"_s, u"handbuch.md"_s}) {
-        const QString Fund =
-            QStandardPaths::locate(QStandardPaths::GenericDataLocation, u"doc/liedwerk/"_s + Name);
-        if (!Fund.isEmpty()) return Fund;
-    }
-    return {};
+    return QStandardPaths::locate(QStandardPaths::GenericDataLocation, u"liedwerk/handbuch.md"_s);
 }
 
 frmHilfe::frmHilfe(const QString& Datei, QWidget* Eltern) : QDialog(Eltern) {
@@ -110,7 +103,7 @@ frmHilfe::frmHilfe(const QString& Datei, QWidget* Eltern) : QDialog(Eltern) {
     Teiler->setSizes({Zeichen * 34, Zeichen * 100});
     Spalte->addWidget(Teiler, 1);
     KnöpfeHinzufügen(*Spalte, *this, {{u"cmdOk"_s, u"S&chließen"_s, Accepted}})[0]->setAutoDefault(false);
-    resize(Zeichen * 140, fontMetrics().height() * 40);
+    FormgrößeSetzen(*this, 140, 40);
 
     connect(treInhalt, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* Eintrag) {
         if (Eintrag != nullptr) ZuAbschnitt(Eintrag->data(0, Blockrolle).toInt());
@@ -120,9 +113,7 @@ frmHilfe::frmHilfe(const QString& Datei, QWidget* Eltern) : QDialog(Eltern) {
     connect(txtHandbuch, &QTextBrowser::sourceChanged, this, [this] { InhaltFüllen(); });
     connect(cmdZurück, &QPushButton::clicked, txtHandbuch, &QTextBrowser::backward);
     connect(cmdWeitersuchen, &QPushButton::clicked, this, [this] { txtSuchen_Weiter(); });
-    txtHandbuch->setSource(QUrl::fromLocalFile(Datei), Datei.endsWith(u".md"_s)
-                                                           ? QTextDocument::MarkdownResource
-                                                           : QTextDocument::HtmlResource);
+    txtHandbuch->setSource(QUrl::fromLocalFile(Datei), QTextDocument::MarkdownResource);
     txtSuchen->setFocus();
 }
 

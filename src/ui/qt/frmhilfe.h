@@ -14,7 +14,7 @@ QString HandbuchFinden(const QString& Programmordner);
 
 class frmHilfe final : public QDialog {
   public:
-    // Datei is Markdown or HTML; pictures are looked for from its folder on.
+    // Datei is Markdown; pictures are looked for from its folder on.
     frmHilfe(const QString& Datei, QWidget* Eltern);
 
   private:

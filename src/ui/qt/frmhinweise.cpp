@@ -25,7 +25,8 @@ frmInfo::frmInfo(std::string_view NameMitVersion, QWidget* Eltern) : QDialog(Elt
         *Spalte, u"lblBestandteile"_s,
         u"Verwendete Bibliotheken:\n"
         "    Qt %1 – Oberfläche (LGPL 3)\n"
-        "    TagLib – Angaben aus Mediendateien (LGPL 2.1, MPL 1.1)"_s.arg(QLatin1String(qVersion())));
+        "    TagLib – Angaben aus Mediendateien (LGPL 2.1, MPL 1.1)\n"
+        "    libdiscid – Inhaltsverzeichnis von Audio-CDs (LGPL 2.1)"_s.arg(QLatin1String(qVersion())));
     // For a report of a fault it is copied.
     lblBestandteile->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     lblBestandteile->setAccessibleName(u"Verwendete Bibliotheken"_s);

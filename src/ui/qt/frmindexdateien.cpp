@@ -54,7 +54,7 @@ frmIndexdateien::frmIndexdateien(Anwendung& Lauf, Indexdateiwege Ziele, QWidget*
     KnöpfeHinzufügen(*Spalte, *this, {{u"cmdSchließen"_s, u"S&chließen"_s, Rejected}})[0]->setAutoDefault(
         false);
     ListeFüllen();
-    resize(fontMetrics().averageCharWidth() * 124, fontMetrics().height() * 26);
+    FormgrößeSetzen(*this, 124, 26);
     lstDateien->setFocus();
 }
 

@@ -32,8 +32,10 @@ frmIndexOptionen::frmIndexOptionen(Anwendung& Lauf, QWidget* Eltern)
     setWindowTitle(u"Index-Optionen"_s);
     QVBoxLayout* const Spalte = Formspalte(*this);
     BannerHinzufügen(*Spalte, Symbolbild("sammlung"), u"Was gilt für diesen Index?"_s,
-                     u"Diese Einstellungen werden in der Indexdatei '%1' gespeichert."_s.arg(
-                         QtText(DateinameVon(Programm.Index.IndexDateiname))));
+                     Programm.Index.Programmmodus <= ModusIndexdatei
+                         ? u"Diese Einstellungen werden in der Indexdatei '%1' gespeichert."_s.arg(
+                               QtText(DateinameVon(Programm.Index.IndexDateiname)))
+                         : u"Diese Einstellungen gelten nur für diese Ansicht."_s);
     Blätter = new QTabWidget(this);
     Blätter->setObjectName(u"Blätter"_s);
     Blätter->addTab(DateitypenAnlegen(), u"&Dateitypen"_s);
@@ -47,7 +49,7 @@ frmIndexOptionen::frmIndexOptionen(Anwendung& Lauf, QWidget* Eltern)
     TypenZeigen(0);
     RegelnZeigen(0);
     SpaltenZeigen();
-    resize(fontMetrics().averageCharWidth() * 104, fontMetrics().height() * 36);
+    FormgrößeSetzen(*this, 104, 36);
     Blätter->setFocus();
 }
 
@@ -240,9 +242,13 @@ bool frmIndexOptionen::EingabenPrüfen() {
     };
     if (SpaltenEinrichten(Entwurf.Spalten).empty())
         return Beanstanden(Spalten, lstSpalten, "Bitte wählen Sie mindestens eine Spalte.");
-    if (txtSyncKopierenInOrdner->isEnabled() && txtSyncKopierenInOrdner->text().trimmed().isEmpty())
+    for (std::size_t Platz = 0; Platz < Entwurf.SyncOrdner.size(); ++Platz) {
+        const SyncRegel& Regel = Entwurf.SyncOrdner[Platz];
+        if (!Regel.KopierenInOrdner.empty() || !ZielErwünscht.contains(Regel.Ordner)) continue;
+        lstSyncOrdner->setCurrentRow(static_cast<int>(Platz));
         return Beanstanden(Synchronisation, txtSyncKopierenInOrdner,
                            "Bitte geben Sie den Ordner ein, in den die Dateien verschoben werden sollen.");
+    }
     const auto Fehler = IndexoptionenPrüfen(Entwurf, Programm.Index.Optionen);
     if (!Fehler) return true;
     lstSyncOrdner->setCurrentRow(static_cast<int>(Fehler->Regel));

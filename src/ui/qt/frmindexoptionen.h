@@ -9,6 +9,7 @@
 #include <QTabWidget>
 #include <QTreeWidget>
 #include <array>
+#include <set>
 
 #include "core/anwendung.h"
 #include "core/indexoptionenlauf.h"
@@ -71,6 +72,7 @@ class frmIndexOptionen final : public QDialog {
     QLineEdit* txtSyncKopierenInOrdner = nullptr;
     QPushButton* cmdZielSuchen = nullptr;
     std::vector<QPushButton*> Ordnerknöpfe;  // need a row
+    std::set<std::string> ZielErwünscht;     // the folders whose files shall be moved, also while none is given
     QCheckBox* chkSyncDanachEntfernen = nullptr;
     QLineEdit* txtSyncKopierenNichtBeiText = nullptr;
     QListWidget* lstSpalten = nullptr;

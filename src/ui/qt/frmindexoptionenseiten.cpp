@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QShortcut>
 
+#include "basis/dateiname.h"
 #include "core/suchlauf.h"
 #include "suche/spaltenlayout.h"
 #include "ui/qt/formkopf.h"
@@ -19,13 +20,32 @@ using namespace Qt::StringLiterals;
 namespace liedwerk {
 namespace {
 
-constexpr int Neuespaltenbreite = 1800;  // twips, for a column that has no default width
+struct Listenknopf {
+    QString Name;
+    QString Text;
+    std::function<void()> Handler;
+};
 
-// The path without separators at its end; "/" stays.
-std::string OhneTrenner(std::string Ordner) {
-    while (Ordner.size() > 1 && Ordner.back() == '/')
-        Ordner.pop_back();
-    return Ordner;
+// A list with its buttons at the right, which the column gets; the buttons in the order of Liste.
+std::vector<QPushButton*> ListeAnlegen(QVBoxLayout& Spalte, QListWidget& Liste,
+                                       const std::vector<Listenknopf>& Knöpfe) {
+    Liste.setAlternatingRowColors(true);
+    auto* const Reihe = new QHBoxLayout;
+    Reihe->addWidget(&Liste, 1);
+    auto* const Rechts = new QVBoxLayout;
+    std::vector<QPushButton*> Gemacht;
+    for (const Listenknopf& Einer : Knöpfe) {
+        auto* const Neu = new QPushButton(Einer.Text, Spalte.parentWidget());
+        Neu->setObjectName(Einer.Name);
+        Neu->setAutoDefault(false);
+        QObject::connect(Neu, &QPushButton::clicked, &Liste, Einer.Handler);
+        Rechts->addWidget(Neu);
+        Gemacht.push_back(Neu);
+    }
+    Rechts->addStretch(1);
+    Reihe->addLayout(Rechts);
+    Spalte.addLayout(Reihe, 1);
+    return Gemacht;
 }
 
 }  // namespace
@@ -35,32 +55,20 @@ QWidget* frmIndexOptionen::SynchronisationAnlegen() {
     auto* const Spalte = new QVBoxLayout(Seite);
     TextHinzufügen(*Spalte, u"lblSync"_s,
                    u"Beim Synchronisieren werden neue Dateien dieser Ordner in den Index aufgenommen:"_s);
-    auto* const Reihe = new QHBoxLayout;
     lstSyncOrdner = new QListWidget(Seite);
     lstSyncOrdner->setObjectName(u"lstSyncOrdner"_s);
     lstSyncOrdner->setAccessibleName(u"Ordner, die synchronisiert werden"_s);
-    lstSyncOrdner->setAlternatingRowColors(true);
     connect(lstSyncOrdner, &QListWidget::currentRowChanged, this, [this] { RegelAuswahlZeigen(); });
     connect(new QShortcut(QKeySequence::Delete, lstSyncOrdner, nullptr, nullptr, Qt::WidgetShortcut),
             &QShortcut::activated, this, [this] { cmdOrdnerEntfernen_Click(); });
-    Reihe->addWidget(lstSyncOrdner, 1);
-    auto* const Rechts = new QVBoxLayout;
-    const auto Knopf = [&](const QString& Name, const QString& Text, std::function<void()> Handler) {
-        auto* const Neu = new QPushButton(Text, Seite);
-        Neu->setObjectName(Name);
-        Neu->setAutoDefault(false);
-        connect(Neu, &QPushButton::clicked, this, std::move(Handler));
-        Rechts->addWidget(Neu);
-        return Neu;
-    };
-    Knopf(u"cmdOrdnerHinzufügen"_s, u"&Hinzufügen..."_s, [this] { cmdOrdnerHinzufügen_Click(); });
-    Ordnerknöpfe = {
-        Knopf(u"cmdOrdnerEntfernen"_s, u"&Entfernen"_s, [this] { cmdOrdnerEntfernen_Click(); }),
-        Knopf(u"cmdOrdnerNachOben"_s, u"Nach obe&n"_s, [this] { cmdOrdnerVerschieben_Click(-1); }),
-        Knopf(u"cmdOrdnerNachUnten"_s, u"Nach &unten"_s, [this] { cmdOrdnerVerschieben_Click(1); })};
-    Rechts->addStretch(1);
-    Reihe->addLayout(Rechts);
-    Spalte->addLayout(Reihe, 1);
+    Ordnerknöpfe = ListeAnlegen(
+        *Spalte, *lstSyncOrdner,
+        {{u"cmdOrdnerHinzufügen"_s, u"&Hinzufügen..."_s, [this] { cmdOrdnerHinzufügen_Click(); }},
+         {u"cmdOrdnerEntfernen"_s, u"&Entfernen"_s, [this] { cmdOrdnerEntfernen_Click(); }},
+         {u"cmdOrdnerNachOben"_s, u"Nach obe&n"_s, [this] { cmdOrdnerVerschieben_Click(-1); }},
+         {u"cmdOrdnerNachUnten"_s, u"Nach &unten"_s, [this] { cmdOrdnerVerschieben_Click(1); }}});
+    // The first one needs no row.
+    Ordnerknöpfe.erase(Ordnerknöpfe.begin());
 
     auto* const fraOrdner = new QGroupBox(u"Gewählter Ordner"_s, Seite);
     auto* const Ordner = new QVBoxLayout(fraOrdner);
@@ -125,7 +133,8 @@ void frmIndexOptionen::RegelAuswahlZeigen() {
     const SyncRegel Regel = Zeile < 0 ? SyncRegel{} : Entwurf.SyncOrdner[static_cast<std::size_t>(Zeile)];
     Zeigt = true;
     chkSyncUnterordner->setChecked(Regel.Unterordner == 1);
-    chkSyncKopierenInOrdner->setChecked(!Regel.KopierenInOrdner.empty());
+    chkSyncKopierenInOrdner->setChecked(!Regel.KopierenInOrdner.empty() ||
+                                        ZielErwünscht.contains(Regel.Ordner));
     txtSyncKopierenInOrdner->setText(QtText(Regel.KopierenInOrdner));
     Zeigt = false;
     chkSyncUnterordner->parentWidget()->setEnabled(Zeile >= 0);
@@ -142,6 +151,11 @@ void frmIndexOptionen::RegelSchreiben() {
     if (chkSyncUnterordner->isChecked() != (Regel.Unterordner == 1))
         Regel.Unterordner = chkSyncUnterordner->isChecked() ? 1 : 0;
     const bool Verschieben = chkSyncKopierenInOrdner->isChecked();
+    if (Verschieben) {
+        ZielErwünscht.insert(Regel.Ordner);
+    } else {
+        ZielErwünscht.erase(Regel.Ordner);
+    }
     const QString Ziel = Verschieben ? txtSyncKopierenInOrdner->text().trimmed() : QString();
     if (Ziel != QtText(Regel.KopierenInOrdner)) Regel.KopierenInOrdner = OhneTrenner(PfadAusQt(Ziel));
     txtSyncKopierenInOrdner->setEnabled(Verschieben);
@@ -188,25 +202,13 @@ QWidget* frmIndexOptionen::SpaltenAnlegen() {
     auto* const Spalte = new QVBoxLayout(Seite);
     TextHinzufügen(*Spalte, u"lblSpalten"_s,
                    u"Welche Spalten soll die Liste zeigen, und in welcher Folge?"_s);
-    auto* const Reihe = new QHBoxLayout;
     lstSpalten = new QListWidget(Seite);
     lstSpalten->setObjectName(u"lstSpalten"_s);
     lstSpalten->setAccessibleName(u"Spalten der Liste"_s);
-    lstSpalten->setAlternatingRowColors(true);
-    Reihe->addWidget(lstSpalten, 1);
-    auto* const Rechts = new QVBoxLayout;
-    const auto Knopf = [&](const QString& Name, const QString& Text, int Richtung) {
-        auto* const Neu = new QPushButton(Text, Seite);
-        Neu->setObjectName(Name);
-        Neu->setAutoDefault(false);
-        connect(Neu, &QPushButton::clicked, this, [this, Richtung] { cmdSpalteVerschieben_Click(Richtung); });
-        Rechts->addWidget(Neu);
-    };
-    Knopf(u"cmdSpalteNachOben"_s, u"Nach obe&n"_s, -1);
-    Knopf(u"cmdSpalteNachUnten"_s, u"Nach &unten"_s, 1);
-    Rechts->addStretch(1);
-    Reihe->addLayout(Rechts);
-    Spalte->addLayout(Reihe, 1);
+    ListeAnlegen(
+        *Spalte, *lstSpalten,
+        {{u"cmdSpalteNachOben"_s, u"Nach obe&n"_s, [this] { cmdSpalteVerschieben_Click(-1); }},
+         {u"cmdSpalteNachUnten"_s, u"Nach &unten"_s, [this] { cmdSpalteVerschieben_Click(1); }}});
     const auto Schalter = [&](const QString& Name, const QString& Text, std::int16_t Indexoptionen::*Option) {
         auto* const Neu = new QCheckBox(Text, Seite);
         Neu->setObjectName(Name);
@@ -217,8 +219,11 @@ QWidget* frmIndexOptionen::SpaltenAnlegen() {
     Schalter(u"chkBeschreibungsleiste"_s, u"Spalten&titel über der Liste"_s, &Indexoptionen::SpaltenLeiste);
     Schalter(u"chkGitter"_s, u"Gitte&rnetz in der Liste"_s, &Indexoptionen::SpaltenGitter);
     Schalter(u"chkSymbole"_s, u"Symbo&le der Dateien lesen und zeigen"_s, &Indexoptionen::SpaltenSymbole);
-    Schalter(u"chkSpaltenBeideTags"_s,
-             u"Wenn ein Feld mit seinem TAG fehlt, das Feld des anderen TAGs &zeigen"_s,
+    constexpr int Zeilenlänge = 84;  // characters
+    Schalter(u"chkBeideTAGsVerwenden"_s,
+             Umbrochen("Wenn ein Feld wegen eines fehlenden TAGs nicht vorhanden ist, Feld des anderen TAGs &zur "
+                       "Listenanzeige verwenden",
+                       Zeilenlänge),
              &Indexoptionen::SpaltenBeideTags);
     auto* const Formular = new QFormLayout;
     txtSpaltenNutzerformat = new QLineEdit(QtText(Entwurf.SpaltenNutzerformat), Seite);
@@ -246,8 +251,7 @@ void frmIndexOptionen::SpaltenZeigen() {
         Anlegen(Eine.Nummer, Eine.Breite, true);
     for (int Nummer = 1; Nummer <= SpaltenAnzahl; ++Nummer) {
         if (std::ranges::find(Gezeigt, Nummer, &Listenspalte::Nummer) != Gezeigt.end()) continue;
-        const int Breite = SpaltenNamen[static_cast<std::size_t>(Nummer - 1)].Breite;
-        Anlegen(Nummer, Breite > 0 ? Breite : Neuespaltenbreite, false);
+        Anlegen(Nummer, NeueSpalte(Nummer).Breite, false);
     }
     lstSpalten->setCurrentRow(0);
 }

@@ -84,7 +84,7 @@ frmIndexVerwaltung::frmIndexVerwaltung(Anwendung& Lauf, std::vector<Satznummer> 
                    "Schaltfläche 'Ok' übernommen."_s);
     Spalte->addLayout(FußAnlegen());
     const int Zeichen = fontMetrics().averageCharWidth();
-    resize(Zeichen * 150, fontMetrics().height() * 36);
+    FormgrößeSetzen(*this, 150, 36);
     Teiler->setSizes({Zeichen * 90, Zeichen * 60});
     ZustandZeigen(false);
     cboSuchmethode->setFocus();

@@ -215,6 +215,7 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     std::vector<Ansichtsschalter> Schalter;
     QList<QAction*> GesperrteAktionen;  // that were enabled before the lock
 
+    std::string GemerkterEigentümer;  // of an index that was loaded before the password
     bool ListeFrei = false;
     bool Endet = false;
     bool NachSymbolVerborgen = false;  // hidden at the start as soon as the symbol is there

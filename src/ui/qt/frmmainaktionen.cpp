@@ -26,7 +26,6 @@ namespace {
 
 constexpr int SpeicherTakt = 60000;             // milliseconds between two looks at the periodic saving
 constexpr std::size_t HöchstensZiehen = 10000;  // files in one drag; more would block the pointer
-constexpr int Neuespaltenbreite = 1800;         // twips, for a column that has no default width
 constexpr int Ablagepause = 250;                // milliseconds before dropped files are offered again
 
 }  // namespace
@@ -206,10 +205,7 @@ void frmMain::SpalteUmschalten(int Nummer) {
     auto& Spalten = Programm->Ansicht.Spalten;
     const auto Weg =
         std::erase_if(Spalten, [Nummer](const Listenspalte& Eine) { return Eine.Nummer == Nummer; });
-    if (Weg == 0) {
-        const int Breite = SpaltenNamen[static_cast<std::size_t>(Nummer - 1)].Breite;
-        Spalten.push_back({Nummer, Breite > 0 ? Breite : Neuespaltenbreite});
-    }
+    if (Weg == 0) Spalten.push_back(NeueSpalte(Nummer));
     SpaltenZeigen();
     SpaltenInIndex(*Programm);
 }

@@ -204,6 +204,11 @@ void frmMain::Zeigen(bool Sichtbar) {
 }
 
 void frmMain::EigentümerZeigen(std::string_view Name) {
+    // Ahead of the password the index tells nothing of itself.
+    if (Programm->Startet && SperreGilt()) {
+        GemerkterEigentümer = Name;
+        return;
+    }
     frmEigentümer(Name, isVisible() ? this : nullptr).exec();
 }
 

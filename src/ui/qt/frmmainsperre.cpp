@@ -8,6 +8,7 @@
 
 #include "core/hinzufuegewege.h"
 #include "core/tipps.h"
+#include "ui/qt/frmhinweise.h"
 #include "ui/qt/frmmain.h"
 #include "ui/qt/frmsperre.h"
 #include "ui/qt/frmtipps.h"
@@ -72,7 +73,10 @@ void frmMain::SperreZeigen() {
     if (!KennwortLesbar(Programm->Werte.Sperre)) return AlteSperreAufheben();
     SperreSetzen(true);
     frmSperre Form(Programm->Werte.Sperre, isVisible() ? this : nullptr);
-    if (Form.exec() == QDialog::Accepted) SperreSetzen(false);
+    if (Form.exec() != QDialog::Accepted) return;
+    SperreSetzen(false);
+    if (const std::string Name = std::exchange(GemerkterEigentümer, {}); !Name.empty())
+        frmEigentümer(Name, isVisible() ? this : nullptr).exec();
 }
 
 // Nothing can be tested against such a value, and whoever could write it could switch the lock off as well.

@@ -1,10 +1,11 @@
 #include "ui/qt/frmoptionen.h"
 
+#include <QFontDatabase>
 #include <QFontInfo>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QLabel>
 
+#include "core/farbprofile.h"
 #include "core/optionenlauf.h"
 #include "ui/qt/formkopf.h"
 #include "ui/qt/frmausschlussliste.h"
@@ -38,7 +39,7 @@ frmOptionen::frmOptionen(Anwendung& Lauf, Optionswege Ziele, QWidget* Eltern)
     ZusätzeAnlegen();
     FußAnlegen(*Spalte);
     EntwurfZeigen();
-    resize(fontMetrics().averageCharWidth() * 132, fontMetrics().height() * 43);
+    FormgrößeSetzen(*this, 132, 43);
     lstSeiten->setFocus();
 }
 
@@ -55,7 +56,11 @@ void frmOptionen::SeitenAnlegen(QVBoxLayout& Spalte) {
     lstSeiten->setAccessibleName(u"Seiten der Optionen"_s);
     lstSeiten->setIconSize(QSize(22, 22));
     lstSeiten->setSpacing(2);
+    lblNichtsGefunden = new QLabel(u"Keine Option gefunden"_s, this);
+    lblNichtsGefunden->setObjectName(u"lblNichtsGefunden"_s);
+    lblNichtsGefunden->hide();
     Links->addWidget(txtSuche);
+    Links->addWidget(lblNichtsGefunden);
     Links->addWidget(lstSeiten, 1);
     Seiten = new QStackedWidget(this);
     Seiten->setObjectName(u"Seiten"_s);
@@ -98,6 +103,8 @@ QPushButton* frmOptionen::KnopfAnlegen(QVBoxLayout& Spalte, const QString& Name,
 
 void frmOptionen::ZusätzeAnlegen() {
     SchriftwahlAnlegen();
+    FarbprofilwahlAnlegen();
+    DarstellungOrdnen();
     KnopfAnlegen(Felder.Gruppe(Optionsseite::Wiedergabe, "Speicherung von Abspiel-Statistiken"),
                  u"cmdStatistikLöschen"_s, u"&Gesammelte Statistikdaten löschen"_s,
                  [this] { StatistikLöschenLauf(Programm); })
@@ -114,7 +121,7 @@ void frmOptionen::ZusätzeAnlegen() {
                      });
                  });
     auto& Listen = Felder.Gruppe(Optionsseite::Tags, "Listen");
-    KnopfAnlegen(Listen, u"cmdAusschlußliste"_s, u"Aus&schlußliste für AutoTAG..."_s, [this] {
+    KnopfAnlegen(Listen, u"cmdAusschlußliste"_s, u"A&usschlußliste für AutoTAG..."_s, [this] {
         EntwurfBearbeiten([this](Einstellungen& Werte) { frmAusschlußliste(Werte, this).exec(); });
     });
     KnopfAnlegen(Listen, u"cmdLieblingsGenre"_s, u"Lie&blings-Genres..."_s, [this] {
@@ -134,9 +141,11 @@ void frmOptionen::ZusätzeAnlegen() {
                      u"Sicherungskopie &wiederherstellen..."_s, [this] { Wege.Sicherungskopien(this); });
     }
     if (Wege.Passwort) {
-        KnopfAnlegen(
-            Felder.Gruppe(Optionsseite::Sicherheit, "Sperre"), u"cmdPasswort"_s, u"Pass&wort festlegen..."_s,
-            [this] { EntwurfBearbeiten([this](Einstellungen& Werte) { Wege.Passwort(Werte, this); }); });
+        auto& Sperre = Felder.Gruppe(Optionsseite::Sicherheit, "Sperre");
+        TextHinzufügen(Sperre, u"lblSperre"_s,
+                       u"Ein Passwort verbirgt Ihre Sammlung, bis Sie es eingeben: auf Wunsch gleich beim "
+                       u"Start."_s);
+        KnopfAnlegen(Sperre, u"cmdPasswort"_s, u"&Passwort..."_s, [this] { cmdPasswort_Click(); });
     }
     KnopfAnlegen(Felder.Gruppe(Optionsseite::Hinweise, "Diese Fenster zeigen"), u"cmdAlleHinweise"_s,
                  u"Alle &wieder einschalten"_s, [this] { cmdAlleHinweise_Click(); });
@@ -144,7 +153,7 @@ void frmOptionen::ZusätzeAnlegen() {
 
 void frmOptionen::SchriftwahlAnlegen() {
     auto& Spalte = Felder.Gruppe(Optionsseite::Darstellung, "Schrift der Liste");
-    chkSchriftDesktop = new QCheckBox(u"&Schrift des Desktops verwenden"_s, Spalte.parentWidget());
+    chkSchriftDesktop = new QCheckBox(u"Schrift des Desktops ver&wenden"_s, Spalte.parentWidget());
     chkSchriftDesktop->setObjectName(u"chkSchriftDesktop"_s);
     Spalte.insertWidget(0, chkSchriftDesktop);
     connect(chkSchriftDesktop, &QCheckBox::clicked, this, [this](bool An) { chkSchriftDesktop_Click(An); });
@@ -169,9 +178,46 @@ void frmOptionen::SchriftwahlZeigen() {
         Felder.Bedienung(OptionVon(Name))->setEnabled(!Desktop);
 }
 
+void frmOptionen::FarbprofilwahlAnlegen() {
+    auto& Spalte = Felder.Gruppe(Optionsseite::Darstellung, "Farben");
+    auto* const lblFarbprofil = new QLabel(u"Farb&profil:"_s, Spalte.parentWidget());
+    cboFarbprofil = new QComboBox(Spalte.parentWidget());
+    cboFarbprofil->setObjectName(u"cboFarbprofil"_s);
+    cboFarbprofil->setAccessibleName(u"Farbprofil"_s);
+    for (const Farbprofil& Eines : Farbprofile())
+        cboFarbprofil->addItem(QtText(Eines.Name));
+    cboFarbprofil->addItem(u"Eigene Farben"_s);
+    lblFarbprofil->setBuddy(cboFarbprofil);
+    Felder.ZeileEinfügen(Spalte, lblFarbprofil, cboFarbprofil);
+    connect(cboFarbprofil, &QComboBox::activated, this, [this](int Platz) {
+        // The last one stands for what the person mixed; to choose it changes nothing.
+        FarbprofilNehmen(Entwurf, static_cast<std::size_t>(Platz) + 1);
+        EntwurfZeigen();
+    });
+}
+
+// What the table does not name was made last and stands first in its group; the tabulator follows the eye.
+void frmOptionen::DarstellungOrdnen() {
+    QWidget* Voriger = chkSchriftDesktop;
+    const auto Dahinter = [&Voriger](QWidget* Nächster) {
+        setTabOrder(Voriger, Nächster);
+        Voriger = Nächster;
+    };
+    for (const Option& Eine : Optionen()) {
+        if (Eine.Seite != Optionsseite::Darstellung) continue;
+        if (Eine.Name == "FarbeListen") Dahinter(cboFarbprofil);
+        Dahinter(Felder.Bedienung(Eine));
+    }
+}
+
+void frmOptionen::FarbprofilZeigen() {
+    const std::size_t Nummer = FarbprofilVon(Entwurf);
+    cboFarbprofil->setCurrentIndex(Nummer == 0 ? cboFarbprofil->count() - 1 : static_cast<int>(Nummer) - 1);
+}
+
 void frmOptionen::FußAnlegen(QVBoxLayout& Spalte) {
     const auto Knöpfe = KnöpfeHinzufügen(
-        Spalte, *this, {{u"cmdOk"_s, u"&OK"_s, Accepted}, {u"cmdAbbrechen"_s, u"Abbrechen"_s, Rejected}});
+        Spalte, *this, {{u"cmdOk"_s, u"&OK"_s, Accepted}, {u"cmdAbbrechen"_s, u"Abbrec&hen"_s, Rejected}});
     Knöpfe[0]->setDefault(true);
     auto* const Fuß = static_cast<QHBoxLayout*>(Spalte.itemAt(Spalte.count() - 1)->layout());
     const auto Knopf = [&](const QString& Name, const QString& Text, int Platz,
@@ -206,6 +252,7 @@ void frmOptionen::EntwurfZeigen() {
 
 void frmOptionen::ÄnderungenNachführen() {
     SchriftwahlZeigen();
+    FarbprofilZeigen();
     if (cmdÜbernehmen == nullptr) return;
     cmdÜbernehmen->setEnabled(!(Entwurf == Anfang));
 }
@@ -227,6 +274,8 @@ void frmOptionen::txtSuche_Change(const QString& Text) {
         lstSeiten->item(Zeile)->setHidden(!Passt);
         if (Passt && Erste < 0) Erste = Zeile;
     }
+    lblNichtsGefunden->setVisible(Erste < 0);
+    txtSuche->setAccessibleDescription(Erste < 0 ? lblNichtsGefunden->text() : QString());
     if (Erste >= 0 && lstSeiten->item(lstSeiten->currentRow())->isHidden()) lstSeiten->setCurrentRow(Erste);
 }
 
@@ -248,13 +297,35 @@ void frmOptionen::cmdAlleHinweise_Click() {
     EntwurfZeigen();
 }
 
+// Its form has its own buttons: what was set there holds, whichever way the options are left.
+void frmOptionen::cmdPasswort_Click() {
+    Einstellungen Neu = Anfang;
+    Wege.Passwort(Neu, this);
+    OptionenÜbernehmen(Programm, Anfang, Neu);
+    for (Einstellungen* const Stand : {&Anfang, &Entwurf}) {
+        Stand->Sperre = Neu.Sperre;
+        Stand->SperreAktiv = Neu.SperreAktiv;
+    }
+}
+
 void frmOptionen::EntwurfBearbeiten(const std::function<void(Einstellungen&)>& Form) {
     Form(Entwurf);
     EntwurfZeigen();
 }
 
+std::optional<Optionsfehler> frmOptionen::Prüfen() const {
+    // Which fonts there are is known to the desktop only.
+    if (Entwurf.ListeFont != Anfang.ListeFont && Entwurf.ListeFont != Einstellungen().ListeFont &&
+        !QFontDatabase::hasFamily(QtText(Entwurf.ListeFont)))
+        return Optionsfehler{&OptionVon("ListeFont"),
+                             "Die Schriftart '" + Entwurf.ListeFont +
+                                 "' gibt es auf diesem Rechner nicht.\nBitte wählen Sie "
+                                 "eine aus der Liste."};
+    return OptionenPrüfen(Entwurf, Anfang);
+}
+
 bool frmOptionen::Übernehmen() {
-    if (const auto Fehler = OptionenPrüfen(Entwurf, Anfang)) {
+    if (const auto Fehler = Prüfen()) {
         txtSuche->clear();
         SeiteZeigen(Fehler->Wo->Seite);
         Programm.Dienst.Person.Melden(Symbol::Information, Fehler->Meldung);

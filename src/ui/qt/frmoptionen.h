@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -18,8 +20,8 @@ namespace liedwerk {
 struct Optionswege {
     std::function<void(QWidget*)> IndexOptionen;
     std::function<void(QWidget*)> Sicherungskopien;
-    // Lets the person set the password of the lock; it works on the draft.
-    std::function<void(Einstellungen& Entwurf, QWidget*)> Passwort;
+    // Lets the person set or remove the password of the lock.
+    std::function<void(Einstellungen& Werte, QWidget*)> Passwort;
 };
 
 class frmOptionen final : public QDialog {
@@ -37,13 +39,18 @@ class frmOptionen final : public QDialog {
                               std::function<void()> Handler);
     void SchriftwahlAnlegen();
     void SchriftwahlZeigen();
+    void FarbprofilwahlAnlegen();
+    void FarbprofilZeigen();
+    void DarstellungOrdnen();
     void chkSchriftDesktop_Click(bool An);
     void txtSuche_Change(const QString& Text);
     void cmdVorgaben_Click();
     void cmdÜbernehmen_Click();
     void cmdAlleHinweise_Click();
+    void cmdPasswort_Click();
     // Opens a form that works on the settings: on the draft, in place of those in use.
     void EntwurfBearbeiten(const std::function<void(Einstellungen&)>& Form);
+    std::optional<Optionsfehler> Prüfen() const;
     // Takes the draft over; false, with a message and the focus on the control, when something is wrong.
     bool Übernehmen();
     void EntwurfZeigen();
@@ -56,9 +63,11 @@ class frmOptionen final : public QDialog {
     Einstellungen Entwurf;  // as the controls show them
     Optionsfelder Felder;
     QLineEdit* txtSuche = nullptr;
+    QLabel* lblNichtsGefunden = nullptr;
     QListWidget* lstSeiten = nullptr;
     QStackedWidget* Seiten = nullptr;
     QCheckBox* chkSchriftDesktop = nullptr;
+    QComboBox* cboFarbprofil = nullptr;
     QPushButton* cmdÜbernehmen = nullptr;
 };
 

@@ -47,7 +47,7 @@ frmSicherungskopien::frmSicherungskopien(Anwendung& Lauf, QWidget* Eltern) : QDi
             [this] { cmdWiederherstellen_Click(); });
     ListeFüllen();
     ZählungStarten();
-    resize(fontMetrics().averageCharWidth() * 138, fontMetrics().height() * 22);
+    FormgrößeSetzen(*this, 138, 22);
     lstSicherungskopien->setFocus();
 }
 

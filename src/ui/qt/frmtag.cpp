@@ -28,7 +28,7 @@ frmTag::frmTag(Anwendung& Lauf, std::vector<Satznummer> Dateien, QWidget* Eltern
     GenrelistenFüllen();
     FunktionenAnlegen(*Spalte);
     FußAnlegen(*Spalte);
-    resize(fontMetrics().averageCharWidth() * 118, fontMetrics().height() * 32);
+    FormgrößeSetzen(*this, 118, 32);
 
     TagEditorÖffnen(Editor, Programm, std::move(Dateien));
     BlattZeigen(0);

@@ -14,7 +14,7 @@ namespace liedwerk {
 
 frmTipps::frmTipps(Einstellungen& Ziel, int Erster, QWidget* Eltern) : QDialog(Eltern), Werte(Ziel) {
     setObjectName(u"frmTipps"_s);
-    setWindowTitle(u"Tip des Tages"_s);
+    setWindowTitle(u"Tipp des Tages"_s);
     QVBoxLayout* const Spalte = Formspalte(*this);
     BannerHinzufügen(*Spalte, Symbolbild("tipp"), u"Wussten Sie schon ..."_s, {});
     lblTipp = TextHinzufügen(*Spalte, u"lblTipp"_s, {});
@@ -28,7 +28,7 @@ frmTipps::frmTipps(Einstellungen& Ziel, int Erster, QWidget* Eltern) : QDialog(E
     }
     lblTipp->setMinimumHeight(Höhe);
     lblNummer = TextHinzufügen(*Spalte, u"lblNummer"_s, {});
-    chkTipps = new QCheckBox(u"Tips beim &Start anzeigen"_s, this);
+    chkTipps = new QCheckBox(u"Tipps beim &Start anzeigen"_s, this);
     chkTipps->setObjectName(u"chkTipps"_s);
     chkTipps->setChecked(Werte.TippsAktueller != 0);
     Spalte->addWidget(chkTipps);
@@ -51,7 +51,7 @@ void frmTipps::Zeigen(int Neue) {
     const int Anzahl = static_cast<int>(Tipps().size());
     Nummer = Neue < 1 ? Anzahl : Neue > Anzahl ? 1 : Neue;
     lblTipp->setText(QtText(Tipps()[static_cast<std::size_t>(Nummer - 1)]));
-    lblNummer->setText(u"Tip %1 von %2"_s.arg(Nummer).arg(Anzahl));
+    lblNummer->setText(u"Tipp %1 von %2"_s.arg(Nummer).arg(Anzahl));
     // Whoever listens hears the new text at once.
     setAccessibleDescription(lblTipp->text());
 }

@@ -26,7 +26,7 @@ void mnuHandbuch_Click(Fensterplatz& Platz) {
         Platz.Programm.Dienst.Person.Melden(
             Symbol::Information,
             "Das Handbuch 'handbuch.md' wurde nicht gefunden.\nEs gehört in den Ordner "
-            "'share/doc/liedwerk' neben dem Programm. Installieren Sie das Programm bitte noch einmal.");
+            "'share/liedwerk' neben dem Programm. Installieren Sie das Programm bitte noch einmal.");
         return;
     }
     auto* const Form = new frmHilfe(Datei, &Platz.Fenster);
@@ -58,7 +58,7 @@ void HilfeaktionenAnlegen(Fensterplatz& Platz) {
     auto* const mnuHandbuch =
         FensteraktionAnlegen(Platz, u"mnuHandbuch"_s, u"&Handbuch"_s, "hilfe", {QKeySequence::HelpContents},
                              [&Platz] { mnuHandbuch_Click(Platz); });
-    auto* const mnuTipps = FensteraktionAnlegen(Platz, u"mnuTipps"_s, u"&Tip des Tages..."_s, "tipp", {},
+    auto* const mnuTipps = FensteraktionAnlegen(Platz, u"mnuTipps"_s, u"&Tipp des Tages..."_s, "tipp", {},
                                                 [&Platz] { mnuTipps_Click(Platz); });
     auto* const mnuInfo = FensteraktionAnlegen(Platz, u"mnuInfo"_s, u"&Info..."_s, "info", {}, [&Platz] {
         frmInfo(ProgrammnameMitVersion(), &Platz.Fenster).exec();

@@ -32,8 +32,8 @@ void OptionenZeigen(Anwendung& Programm, QWidget* Eltern) {
     // Also while nothing is loaded: an index that cannot be read is when a backup is wanted most.
     if (Modus <= ModusIndexdatei)
         Wege.Sicherungskopien = [&Programm](QWidget* Form) { SicherungskopienZeigen(Programm, Form); };
-    Wege.Passwort = [&Programm](Einstellungen& Entwurf, QWidget* Form) {
-        frmSperreSetzen(Entwurf, Programm.Dienst.Person, Form).exec();
+    Wege.Passwort = [&Programm](Einstellungen& Werte, QWidget* Form) {
+        frmSperreSetzen(Werte, Programm.Dienst.Person, Form).exec();
     };
     frmOptionen(Programm, std::move(Wege), Eltern).exec();
 }

@@ -6,13 +6,13 @@
 #include <QFontComboBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSpinBox>
 
 #include "ui/qt/farbknopf.h"
+#include "ui/qt/formkopf.h"
 #include "ui/qt/qttext.h"
 
 using namespace Qt::StringLiterals;
@@ -26,18 +26,6 @@ QString OhneTaste(std::string_view Text) {
     return QtText(Text).remove(u'&').remove(u':');
 }
 
-// A label that is too long for one line gets breaks at its blanks.
-QString Umbrochen(std::string_view Text) {
-    QString Zeilen = QtText(Text);
-    for (qsizetype Anfang = 0; Zeilen.size() - Anfang > Zeilenlänge;) {
-        const qsizetype Leer = Zeilen.lastIndexOf(u' ', Anfang + Zeilenlänge);
-        if (Leer <= Anfang) break;
-        Zeilen[Leer] = u'\n';
-        Anfang = Leer + 1;
-    }
-    return Zeilen;
-}
-
 // Name and spoken name of a control; the digits of one text are told apart by their number.
 void Benennen(QWidget& Bedienung, const QString& Art, const Option& Eine) {
     QString Name = Art + QtText(Eine.Name);
@@ -46,6 +34,15 @@ void Benennen(QWidget& Bedienung, const QString& Art, const Option& Eine) {
     Bedienung.setAccessibleName(OhneTaste(Eine.Beschriftung));
     Bedienung.setAccessibleDescription(QtText(Eine.Hinweis));
     Bedienung.setToolTip(QtText(Eine.Hinweis));
+}
+
+// A row that begins with a label. One width for the labels of all groups, so that the controls of a page stand
+// below each other.
+QHBoxLayout* Zeilenanfang(QLabel& Beschriftung) {
+    Beschriftung.setMinimumWidth(Beschriftung.fontMetrics().averageCharWidth() * 34);
+    auto* const Zeile = new QHBoxLayout;
+    Zeile->addWidget(&Beschriftung);
+    return Zeile;
 }
 
 }  // namespace
@@ -93,6 +90,13 @@ QVBoxLayout& Optionsfelder::Gruppe(Optionsseite Seite, std::string_view Name) {
     return *Spalte;
 }
 
+void Optionsfelder::ZeileEinfügen(QVBoxLayout& Spalte, QLabel* Beschriftung, QWidget* Bedienung) const {
+    QHBoxLayout* const Zeile = Zeilenanfang(*Beschriftung);
+    Zeile->addWidget(Bedienung);
+    Zeile->addStretch(1);
+    Spalte.insertLayout(0, Zeile);
+}
+
 void Optionsfelder::FeldAnlegen(const Option& Eine, QVBoxLayout& Spalte) {
     QWidget* const Eltern = Spalte.parentWidget();
     Feld Neu{};
@@ -122,11 +126,8 @@ void Optionsfelder::FeldAnlegen(const Option& Eine, QVBoxLayout& Spalte) {
     auto* const Beschriftung = new QLabel(QtText(Eine.Beschriftung), Eltern);
     Beschriftung->setBuddy(Neu.Bedienung);
     Beschriftung->setToolTip(QtText(Eine.Hinweis));
-    // One width for the labels of all groups, so that the controls of a page stand below each other.
-    Beschriftung->setMinimumWidth(Beschriftung->fontMetrics().averageCharWidth() * 34);
     Neu.Beschriftung = Beschriftung;
-    auto* const Zeile = new QHBoxLayout;
-    Zeile->addWidget(Beschriftung);
+    QHBoxLayout* const Zeile = Zeilenanfang(*Beschriftung);
     const bool Breit = Eine.Art == Optionsart::Text || Eine.Art == Optionsart::Programm;
     Zeile->addWidget(Neu.Bedienung, Breit ? 1 : 0);
     if (Eine.Art == Optionsart::Programm) {
@@ -148,7 +149,7 @@ void Optionsfelder::FeldAnlegen(const Option& Eine, QVBoxLayout& Spalte) {
 }
 
 Optionsfelder::Feld Optionsfelder::SchalterAnlegen(const Option& Eine, QVBoxLayout& Spalte) {
-    auto* const Schalter = new QCheckBox(Umbrochen(Eine.Beschriftung), Spalte.parentWidget());
+    auto* const Schalter = new QCheckBox(Umbrochen(Eine.Beschriftung, Zeilenlänge), Spalte.parentWidget());
     Benennen(*Schalter, u"chk"_s, Eine);
     QObject::connect(Schalter, &QCheckBox::toggled, Schalter, [this, &Eine](bool An) {
         Schreiben([&] { OptionZahlSetzen(Werte, Eine, An ? 1 : 0); });
@@ -194,9 +195,9 @@ Optionsfelder::Feld Optionsfelder::WahlAnlegen(const Option& Eine, QWidget* Elte
     QObject::connect(Wahl, &QComboBox::currentIndexChanged, Wahl, [this, Wahl, &Eine](int Platz) {
         if (Platz >= 0) Schreiben([&] { OptionZahlSetzen(Werte, Eine, Wahl->itemData(Platz).toInt()); });
     });
-    // Kept: a number that is no entry means the first one, and stays while nothing else is chosen.
+    // Kept: a number that is no entry stays while nothing else is chosen.
     return {&Eine, Wahl, nullptr, [this, Wahl, &Eine] {
-                Wahl->setCurrentIndex(std::max(0, Wahl->findData(OptionZahl(Werte, Eine))));
+                Wahl->setCurrentIndex(static_cast<int>(Wahlplatz(Eine.Auswahl, OptionZahl(Werte, Eine))));
             }};
 }
 

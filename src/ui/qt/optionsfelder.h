@@ -3,6 +3,7 @@
 // then, so that a stored value that no control can show stays as it is.
 #pragma once
 
+#include <QLabel>
 #include <QVBoxLayout>
 #include <QWidget>
 #include <functional>
@@ -22,6 +23,8 @@ class Optionsfelder {
     QWidget* SeiteAnlegen(const Optionsblatt& Blatt, QWidget* Eltern);
     // The column of a group for what a page has besides its options; a group of another name is made.
     QVBoxLayout& Gruppe(Optionsseite Seite, std::string_view Name);
+    // A row of the group's columns for a control that the page has besides its options; the first one of all.
+    void ZeileEinfügen(QVBoxLayout& Spalte, QLabel* Beschriftung, QWidget* Bedienung) const;
     // All controls from the draft.
     void Zeigen();
     QWidget* Bedienung(const Option& Eine) const;

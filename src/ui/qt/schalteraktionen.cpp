@@ -2,6 +2,7 @@
 
 #include <QActionGroup>
 
+#include "core/beenden.h"
 #include "core/farbprofile.h"
 #include "ui/qt/qttext.h"
 
@@ -13,11 +14,14 @@ namespace {
 // An entry with a tick for a setting that is 0 or 1; Danach runs when the person has changed it.
 QAction* SchalterAnlegen(Fensterplatz& Platz, const QString& Name, const QString& Text,
                          std::int16_t Einstellungen::*Wert, std::function<void()> Danach) {
-    Einstellungen& Werte = Platz.Programm.Werte;
+    Anwendung& Programm = Platz.Programm;
+    Einstellungen& Werte = Programm.Werte;
     QAction* const Schalter =
-        FensteraktionAnlegen(Platz, Name, Text, "", {}, [&Werte, Wert, Danach = std::move(Danach)] {
+        FensteraktionAnlegen(Platz, Name, Text, "", {}, [&Programm, &Werte, Wert, Danach = std::move(Danach)] {
             Werte.*Wert = Werte.*Wert == 1 ? 0 : 1;
             Danach();
+            // As the options do: what was chosen stays, whatever happens to the run.
+            EinstellungenSichern(Programm, true);
         });
     Schalter->setCheckable(true);
     // The options change it, too.
@@ -31,12 +35,14 @@ QMenu* FarbprofilmenüAnlegen(Fensterplatz& Platz) {
     auto* const Wahl = new QActionGroup(Menü);
     std::size_t Nummer = 0;
     for (const Farbprofil& Profil : Farbprofile()) {
-        QAction* const Aktion = Menü->addAction(QtText(Profil.Name));
+        ++Nummer;
+        QAction* const Aktion = Menü->addAction(u"&%1  %2"_s.arg(Nummer).arg(QtText(Profil.Name)));
         Aktion->setCheckable(true);
         Wahl->addAction(Aktion);
-        QObject::connect(Aktion, &QAction::triggered, Menü, [&Platz, Eigene = ++Nummer] {
+        QObject::connect(Aktion, &QAction::triggered, Menü, [&Platz, Eigene = Nummer] {
             FarbprofilNehmen(Platz.Programm.Werte, Eigene);
             Platz.Programm.Dienst.Fenster.ErscheinungAnwenden();
+            EinstellungenSichern(Platz.Programm, true);
         });
     }
     QObject::connect(Menü, &QMenu::aboutToShow, Menü, [&Platz, Wahl] {
