@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # werkzeuge/bildschirmfotos.sh [ZIELORDNER [NAME...]]: starts the real program on a screen that nobody sees, with the
 # demo collection, and takes pictures of its windows and forms: those of the handbook (docs/bilder, the usual target)
-# and some that are only for looking at. With names only these. TEMPO=3 waits three times as long for each window, for
+# and of docs/formulare.md, and some that are only for looking at. With names only these. TEMPO=3 waits three times as long for each window, for
 # a machine that is busy. Needs xvfb, imagemagick and xdotool; optipng
 # makes the files smaller.
 set -euo pipefail
@@ -12,7 +12,7 @@ namen=("${@:2}")
 for werkzeug in xvfb-run import xdotool; do
     command -v "$werkzeug" >/dev/null || scheitern "„$werkzeug“ fehlt (apt install xvfb imagemagick xdotool)."
 done
-bauen release liedwerk liedwerk-cli liedwerk-demosammlung
+bauen release liedwerk liedwerk-cli liedwerk-demosammlung test_zugang
 bau="$WURZEL/build/release"
 mkdir -p "$ziel"
 # The folder's name stands in the pictures.
@@ -171,9 +171,29 @@ form sperre 'xdotool key ctrl+l'
 form handbuch 'xdotool key F1; sleep 1; hin Handbuch'
 form tipps 'xdotool key alt+h; sleep 0.5; xdotool key t'
 
+# The forms that no task of the handbook shows: by their names from the test that knows all of them.
+mkdir "$arbeit/formen"
+declare -A bildname=(
+    [frmFortschritt]=fortschritt [frmAudioplayerNachricht]=playernachricht [frmAusschlußliste]=ausschlussliste
+    [frmBildAnzeige]=bildanzeige [frmCDDatenCDWählen]=cdwaehlen [frmDateiname]=dateiname
+    [frmDateiNichtVerfügbar]=nichtverfuegbar [frmDateiNichtVerfügbarSchreiben]=schreibgeschuetzt [frmInfo]=info
+    [frmEigentümer]=eigentuemer [frmSperre]=entsperren [frmTagFeldFüllen]=feldfuellen
+    [frmTerminÜberwachungTermin]=erinnerung [frmTerminÜberwachungTerminVerpasst]=verpasst
+    [frmVerschiebenDateiExistiert]=dateiexistiert)
+if [ ${#namen[@]} -eq 0 ] || [[ " ${namen[*]} " == *" formen "* ]]; then
+    LIEDWERK_FORMENBILDER="$arbeit/formen" xvfb-run -a -s '-screen 0 1280x800x24' \
+        "$bau/tests/ui/test_zugang" --gtest_filter='*Abbilden' >"$arbeit/formen/protokoll" 2>&1 ||
+        { cat "$arbeit/formen/protokoll" >&2; scheitern "Die Bilder der Formen sind nicht gelungen."; }
+    for form in "${!bildname[@]}"; do
+        mogrify -bordercolor '#8a8a8a' -border 1 "$arbeit/formen/$form.png"
+        cp "$arbeit/formen/$form.png" "$ziel/${bildname[$form]}.png"
+        verkleinern "$ziel/${bildname[$form]}.png"
+    done
+    sagen "$ziel: ${#bildname[@]} Formen"
+fi
+
 # For looking at: double size, the folder dialog
 if [ "$ziel" != "$WURZEL/docs/bilder" ]; then
-    form info 'xdotool key F1'
     foto ordnerdialog 1280x800 'xdotool key ctrl+shift+o'
     QT_SCALE_FACTOR=2 foto doppelt 2560x1600 "$waehlen"
 fi

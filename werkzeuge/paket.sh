@@ -31,7 +31,7 @@ inhalt_pruefen() {
     local teilen="$ABLAGE/inhalt/usr/share" noetig seite
     dpkg-deb -x "$PAKET" "$ABLAGE/inhalt"
     [ "$(ls -A "$ABLAGE/inhalt")" = usr ] || scheitern "Das Paket legt Dateien außerhalb von /usr ab."
-    for noetig in doc/liedwerk/copyright doc/liedwerk/changelog.gz doc/liedwerk/handbuch.md man/man1/liedwerk.1.gz \
+    for noetig in doc/liedwerk/copyright doc/liedwerk/changelog.gz liedwerk/handbuch.md man/man1/liedwerk.1.gz \
         man/man1/liedwerk-cli.1.gz icons/hicolor/scalable/apps/org.liedwerk.Liedwerk.svg \
         mime/packages/liedwerk.xml bash-completion/completions/liedwerk-cli; do
         [ -s "$teilen/$noetig" ] || scheitern "Im Paket fehlt /usr/share/$noetig."

@@ -4,11 +4,13 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QScrollArea>
 #include <QSet>
 #include <QTabWidget>
@@ -94,9 +96,17 @@ std::unique_ptr<QWidget> Bau(Angaben&&... Werte) {
     return std::make_unique<Form>(std::forward<Angaben>(Werte)..., nullptr);
 }
 
+// Where a form leads to; its button is there for it.
+void Weg(QWidget*) {}
+
 const std::vector<Eintrag>& Formen() {
     static const std::vector<Eintrag> Alle = {
-        {"frmFortschritt", [](Bühne&) { return Bau<frmFortschritt>(); }},
+        {"frmFortschritt",
+         [](Bühne&) {
+             auto Form = std::make_unique<frmFortschritt>(nullptr);
+             Form->Starten(u"Füge Dateien hinzu"_s, true, 100);
+             return Form;
+         }},
         {"frmAudioplayerNachricht", [](Bühne&) { return Bau<frmAudioplayerNachricht>(u"audacious"_s); }},
         {"frmAusführenMit", [](Bühne& B) { return Bau<frmAusführenMit>(2u, "/usr/bin/x", B.Eins.Person); }},
         {"frmAusschlußliste", [](Bühne& B) { return Bau<frmAusschlußliste>(B.Eins.Programm.Werte); }},
@@ -107,7 +117,8 @@ const std::vector<Eintrag>& Formen() {
                  B.Eins.Person);
          }},
         {"frmBeenden", [](Bühne&) { return Bau<frmBeenden>(true); }},
-        {"frmBildAnzeige", [](Bühne&) { return Bau<frmBildAnzeige>("/keins.png"); }},
+        {"frmBildAnzeige",
+         [](Bühne&) { return Bau<frmBildAnzeige>(LIEDWERK_WURZEL "/docs/bilder/hauptfenster.png"); }},
         {"frmCDBrowser", [](Bühne& B) { return Bau<frmCDBrowser>(B.Eins.Programm); }},
         {"frmCDDaten",
          [](Bühne& B) {
@@ -115,27 +126,39 @@ const std::vector<Eintrag>& Formen() {
          }},
         {"frmCDDatenCDWählen",
          [](Bühne& B) {
-             return Bau<frmCDDatenCDWählen>(std::vector<std::string>{"rock 00000001 A / B"}, B.Eins.Person);
+             return Bau<frmCDDatenCDWählen>(
+                 std::vector<std::string>{"rock 0b01ac02 Nordlicht Trio / Gezeiten",
+                                          "folk 0b01ac02 Nordlicht Trio / Gezeiten (1987)"},
+                 B.Eins.Person);
          }},
-        {"frmDateiname", [](Bühne&) { return Bau<frmDateiname>("Umbenennen", std::string("/a/b.mp3")); }},
+        {"frmDateiname",
+         [](Bühne&) { return Bau<frmDateiname>("Umbenennen", std::string("/home/anna/Musik/b.mp3")); }},
         {"frmDateiNichtVerfügbar",
          [](Bühne&) {
-             return Bau<frmDateiNichtVerfügbar>(Verfügbarkeitsfrage{"Text", {}});
+             return Bau<frmDateiNichtVerfügbar>(
+                 Verfügbarkeitsfrage{"Die Datei 'E:\\Musik\\Ebbe.mp3' liegt auf dem Medium 'STICK'.", {}});
          }},
         {"frmDateiNichtVerfügbarSchreiben",
          [](Bühne&) {
-             return Bau<frmDateiNichtVerfügbarSchreiben>(Schreibsperrfrage{"Text", {}});
+             return Bau<frmDateiNichtVerfügbarSchreiben>(
+                 Schreibsperrfrage{"Die Datei '/home/anna/Musik/Ebbe.mp3' ist schreibgeschützt.", {}});
          }},
         {"frmExportieren",
          [](Bühne& B) { return Bau<frmExportieren>(B.Eins.Programm.Werte, 3u, B.Eins.Person); }},
         {"frmHilfe", [](Bühne&) { return Bau<frmHilfe>(QString()); }},
         {"frmInfo", [](Bühne&) { return Bau<frmInfo>("Liedwerk 1.00"); }},
         {"frmEigentümer", [](Bühne&) { return Bau<frmEigentümer>("Anna"); }},
-        {"frmIndexdateien", [](Bühne& B) { return Bau<frmIndexdateien>(B.Eins.Programm, Indexdateiwege{}); }},
+        {"frmIndexdateien",
+         [](Bühne& B) {
+             return Bau<frmIndexdateien>(B.Eins.Programm, Indexdateiwege{Weg, Weg, Weg});
+         }},
         {"frmIndexOptionen", [](Bühne& B) { return Bau<frmIndexOptionen>(B.Eins.Programm); }},
         {"frmIndexStatistik",
          [](Bühne&) { return Bau<frmIndexStatistik>(Indexstatistik{}, "lwStamm.lwi", "Anna"); }},
-        {"frmOptionen", [](Bühne& B) { return Bau<frmOptionen>(B.Eins.Programm, Optionswege{}); }},
+        {"frmOptionen",
+         [](Bühne& B) {
+             return Bau<frmOptionen>(B.Eins.Programm, Optionswege{Weg, Weg, [](Einstellungen&, QWidget*) {}});
+         }},
         {"frmSicherungskopien", [](Bühne& B) { return Bau<frmSicherungskopien>(B.Eins.Programm); }},
         {"frmIndexHinzufügen",
          [](Bühne& B) {
@@ -193,15 +216,19 @@ const std::vector<Eintrag>& Formen() {
          }},
         {"frmTerminÜberwachungTermin",
          [](Bühne& B) {
-             return Bau<frmTerminÜberwachungTermin>(Terminmeldung{1, "Text", "22.11.2026 08:00:00", 0},
-                                                    B.Eins.Person);
+             return Bau<frmTerminÜberwachungTermin>(
+                 Terminmeldung{1, "Mix für Oma brennen", "22.11.2026 08:00:00", 0}, B.Eins.Person);
          }},
         {"frmTerminÜberwachungTerminVerpasst",
          [](Bühne& B) { return Bau<frmTerminÜberwachungTerminVerpasst>(B.Verpasste); }},
         {"frmTipps", [](Bühne& B) { return Bau<frmTipps>(B.Eins.Programm.Werte, 1); }},
         {"frmUmbenennen",
          [](Bühne& B) { return Bau<frmUmbenennen>(B.Eins.Programm.Werte, 2u, B.Eins.Person); }},
-        {"frmVerschiebenDateiExistiert", [](Bühne&) { return Bau<frmVerschiebenDateiExistiert>("Text"); }},
+        {"frmVerschiebenDateiExistiert",
+         [](Bühne&) {
+             return Bau<frmVerschiebenDateiExistiert>(
+                 "Die Datei '/home/anna/Musik/Ebbe.mp3' existiert bereits.");
+         }},
         {"frmWillkommen", [](Bühne& B) { return Bau<frmWillkommen>(B.Eins.Programm); }},
     };
     return Alle;
@@ -214,8 +241,10 @@ void JedeForm(Bühne& B, const std::function<void(QWidget&)>& Prüfen) {
         Form.activateWindow();
         QCoreApplication::processEvents();
         auto* const Blätter = Form.findChild<QTabWidget*>();
-        for (int Seite = 0; Seite < (Blätter == nullptr ? 1 : Blätter->count()); ++Seite) {
+        auto* const Liste = Form.findChild<QListWidget*>(u"lstSeiten"_s);
+        for (int Seite = 0; Seite < (Blätter ? Blätter->count() : Liste ? Liste->count() : 1); ++Seite) {
             if (Blätter != nullptr) Blätter->setCurrentIndex(Seite);
+            if (Liste != nullptr) Liste->setCurrentRow(Seite);
             QCoreApplication::processEvents();
             SCOPED_TRACE(Form.objectName().toStdString() + ", Seite " + std::to_string(Seite));
             Prüfen(Form);
@@ -276,6 +305,24 @@ TEST(Zugang, JedeFormStehtInDerTabelle) {
         }
     }
     EXPECT_EQ(Gefunden, Eingetragen.size());
+    QFile Seite(QStringLiteral(LIEDWERK_WURZEL "/docs/formulare.md"));
+    ASSERT_TRUE(Seite.open(QIODevice::ReadOnly));
+    const QString Bilder = QString::fromUtf8(Seite.readAll());
+    for (const QString& Name : Eingetragen)
+        EXPECT_TRUE(Bilder.contains(u"`"_s + Name + u"`"_s)) << Name.toStdString() << " hat kein Bild";
+}
+
+// Takes the pictures of docs/formulare.md where werkzeuge/bildschirmfotos.sh asks for them.
+TEST(Zugang, JedeFormLässtSichAbbilden) {
+    const QString Ordner = qEnvironmentVariable("LIEDWERK_FORMENBILDER");
+    if (Ordner.isEmpty()) GTEST_SKIP();
+    Bühne B;
+    for (const Eintrag& Einer : Formen()) {
+        const auto Form = Einer.Bauen(B);
+        Form->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(Form.get()));
+        EXPECT_TRUE(Form->grab().save(Ordner + u"/"_s + Form->objectName() + u".png"_s));
+    }
 }
 
 TEST(Zugang, AllesHatNamenUndEigeneTasten) {
@@ -408,6 +455,13 @@ TEST(Zugang, DoppeltGroßeSchriftPasstUndNichtsIstAbgeschnitten) {
             // Two groups of choices stand side by side there; one above the other they would be too high.
             EXPECT_LE(Nötig.width(), Form.objectName() == u"frmExportieren"_s ? 1440 : 1280);
             EXPECT_LE(Nötig.height(), 800);
+            // As it opened: on the screen, unless it cannot be smaller.
+            const QSize Schirm = Form.screen()->availableSize().expandedTo(Nötig);
+            if (qobject_cast<QDialog*>(&Form) != nullptr && Form.property("vermessen").isNull()) {
+                Form.setProperty("vermessen", true);
+                EXPECT_LE(Form.width(), Schirm.width());
+                EXPECT_LE(Form.height(), Schirm.height());
+            }
             Form.resize(Form.sizeHint().boundedTo({1280, 800}).expandedTo(Nötig));
             QCoreApplication::processEvents();
             for (QWidget* const Teil : Form.findChildren<QWidget*>()) {
