@@ -16,8 +16,8 @@ bool ExportGesperrt(Anwendung& Programm);
 // Asks before an existing file is replaced; false: it stays.
 bool ExportErlaubt(Oberfläche& Person, const std::string& Datei);
 
-// True when the file is the loaded index or another one: nothing else may be written over it, which the person
-// is told.
+// True when the file is the loaded index or another one: nothing else may be written over it, which the
+// person is told.
 bool IndexdateiGeschützt(Anwendung& Programm, const std::string& Datei);
 
 // Writes the list; false when that failed, which has been shown.

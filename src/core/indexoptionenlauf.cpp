@@ -132,7 +132,8 @@ std::string SyncRegelPrüfen(const Indexoptionen& Optionen, std::size_t Platz) {
     const std::string& Ziel = Regel.KopierenInOrdner;
     if (!Ziel.empty() && !IstVollerPfad(Ziel))
         return "Der Ordner '" + Ziel +
-               "', in den die Dateien verschoben werden sollen, ist kein vollständiger Pfad.\nBitte wählen Sie "
+               "', in den die Dateien verschoben werden sollen, ist kein vollständiger Pfad.\nBitte wählen "
+               "Sie "
                "ihn mit 'Suchen...'.";
     if (PfadeGleich(Ziel, Regel.Ordner))
         return Genannt + "kann nicht zugleich der Ordner sein, in den die Dateien verschoben werden.";

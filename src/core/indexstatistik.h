@@ -52,8 +52,8 @@ struct Indexstatistik {
     std::vector<Gespielter> MeistGespielt;  // the 30 most played
 };
 
-// Weiter is asked now and then with the number of records done; false cancels, and nothing is given. Where the
-// ID3v1 tag is missing, the other tag's fields count if the index's columns show it so.
+// Weiter is asked now and then with the number of records done; false cancels, and nothing is given. Where
+// the ID3v1 tag is missing, the other tag's fields count if the index's columns show it so.
 std::optional<Indexstatistik> IndexstatistikBilden(const Katalog& Index,
                                                    const std::function<bool(Satznummer)>& Weiter);
 

@@ -425,7 +425,8 @@ std::string ServernamePrüfen(std::string_view Text) {
     const bool Benannt = !Name.empty() && std::ranges::all_of(Name, Erlaubt) && !Name.starts_with('.') &&
                          !Name.starts_with('-') && !Name.ends_with('.') &&
                          Name.find("..") == std::string_view::npos;
-    if (Text.empty() || (Benannt && Anschluss && *Anschluss >= 1 && *Anschluss <= HöchsterAnschluss)) return {};
+    if (Text.empty() || (Benannt && Anschluss && *Anschluss >= 1 && *Anschluss <= HöchsterAnschluss))
+        return {};
     return "Der Server '" + std::string(Text) +
            "' ist kein Name eines Rechners.\nBitte geben Sie den Namen ohne 'http://' und ohne Pfad ein, zum "
            "Beispiel 'cddb.anbieter.invalid', oder lassen Sie das Feld leer.";

@@ -14,7 +14,8 @@ namespace liedwerk {
 int Zeichenbreite(const QWidget& Teil, int Zeichen);
 // The size in which a form opens, in average characters and lines of text, never more than the screen holds.
 void FormgrößeSetzen(QDialog& Form, int Zeichen, int Zeilen);
-// The text with line breaks at its blanks, so that no line is longer than so many characters where it has one.
+// The text with line breaks at its blanks, so that no line is longer than so many characters where it has
+// one.
 QString Umbrochen(std::string_view Text, int Zeilenlänge);
 // A column layout for a form, with margins that suit it.
 QVBoxLayout* Formspalte(QDialog& Form);

@@ -72,7 +72,7 @@ class frmIndexOptionen final : public QDialog {
     QLineEdit* txtSyncKopierenInOrdner = nullptr;
     QPushButton* cmdZielSuchen = nullptr;
     std::vector<QPushButton*> Ordnerknöpfe;  // need a row
-    std::set<std::string> ZielErwünscht;     // the folders whose files shall be moved, also while none is given
+    std::set<std::string> ZielErwünscht;  // the folders whose files shall be moved, also while none is given
     QCheckBox* chkSyncDanachEntfernen = nullptr;
     QLineEdit* txtSyncKopierenNichtBeiText = nullptr;
     QListWidget* lstSpalten = nullptr;

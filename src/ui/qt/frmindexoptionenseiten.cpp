@@ -205,10 +205,9 @@ QWidget* frmIndexOptionen::SpaltenAnlegen() {
     lstSpalten = new QListWidget(Seite);
     lstSpalten->setObjectName(u"lstSpalten"_s);
     lstSpalten->setAccessibleName(u"Spalten der Liste"_s);
-    ListeAnlegen(
-        *Spalte, *lstSpalten,
-        {{u"cmdSpalteNachOben"_s, u"Nach obe&n"_s, [this] { cmdSpalteVerschieben_Click(-1); }},
-         {u"cmdSpalteNachUnten"_s, u"Nach &unten"_s, [this] { cmdSpalteVerschieben_Click(1); }}});
+    ListeAnlegen(*Spalte, *lstSpalten,
+                 {{u"cmdSpalteNachOben"_s, u"Nach obe&n"_s, [this] { cmdSpalteVerschieben_Click(-1); }},
+                  {u"cmdSpalteNachUnten"_s, u"Nach &unten"_s, [this] { cmdSpalteVerschieben_Click(1); }}});
     const auto Schalter = [&](const QString& Name, const QString& Text, std::int16_t Indexoptionen::*Option) {
         auto* const Neu = new QCheckBox(Text, Seite);
         Neu->setObjectName(Name);
@@ -220,11 +219,12 @@ QWidget* frmIndexOptionen::SpaltenAnlegen() {
     Schalter(u"chkGitter"_s, u"Gitte&rnetz in der Liste"_s, &Indexoptionen::SpaltenGitter);
     Schalter(u"chkSymbole"_s, u"Symbo&le der Dateien lesen und zeigen"_s, &Indexoptionen::SpaltenSymbole);
     constexpr int Zeilenlänge = 84;  // characters
-    Schalter(u"chkBeideTAGsVerwenden"_s,
-             Umbrochen("Wenn ein Feld wegen eines fehlenden TAGs nicht vorhanden ist, Feld des anderen TAGs &zur "
-                       "Listenanzeige verwenden",
-                       Zeilenlänge),
-             &Indexoptionen::SpaltenBeideTags);
+    Schalter(
+        u"chkBeideTAGsVerwenden"_s,
+        Umbrochen("Wenn ein Feld wegen eines fehlenden TAGs nicht vorhanden ist, Feld des anderen TAGs &zur "
+                  "Listenanzeige verwenden",
+                  Zeilenlänge),
+        &Indexoptionen::SpaltenBeideTags);
     auto* const Formular = new QFormLayout;
     txtSpaltenNutzerformat = new QLineEdit(QtText(Entwurf.SpaltenNutzerformat), Seite);
     txtSpaltenNutzerformat->setObjectName(u"txtSpaltenNutzerformat"_s);

@@ -36,8 +36,8 @@ void Benennen(QWidget& Bedienung, const QString& Art, const Option& Eine) {
     Bedienung.setToolTip(QtText(Eine.Hinweis));
 }
 
-// A row that begins with a label. One width for the labels of all groups, so that the controls of a page stand
-// below each other.
+// A row that begins with a label. One width for the labels of all groups, so that the controls of a page
+// stand below each other.
 QHBoxLayout* Zeilenanfang(QLabel& Beschriftung) {
     Beschriftung.setMinimumWidth(Beschriftung.fontMetrics().averageCharWidth() * 34);
     auto* const Zeile = new QHBoxLayout;

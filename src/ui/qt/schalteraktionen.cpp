@@ -16,13 +16,14 @@ QAction* SchalterAnlegen(Fensterplatz& Platz, const QString& Name, const QString
                          std::int16_t Einstellungen::*Wert, std::function<void()> Danach) {
     Anwendung& Programm = Platz.Programm;
     Einstellungen& Werte = Programm.Werte;
-    QAction* const Schalter =
-        FensteraktionAnlegen(Platz, Name, Text, "", {}, [&Programm, &Werte, Wert, Danach = std::move(Danach)] {
-            Werte.*Wert = Werte.*Wert == 1 ? 0 : 1;
-            Danach();
-            // As the options do: what was chosen stays, whatever happens to the run.
-            EinstellungenSichern(Programm, true);
-        });
+    QAction* const Schalter = FensteraktionAnlegen(Platz, Name, Text, "", {},
+                                                   [&Programm, &Werte, Wert, Danach = std::move(Danach)] {
+                                                       Werte.*Wert = Werte.*Wert == 1 ? 0 : 1;
+                                                       Danach();
+                                                       // As the options do: what was chosen stays, whatever
+                                                       // happens to the run.
+                                                       EinstellungenSichern(Programm, true);
+                                                   });
     Schalter->setCheckable(true);
     // The options change it, too.
     Platz.BeiÄnderung([&Werte, Wert, Schalter](bool) { Schalter->setChecked(Werte.*Wert == 1); });
