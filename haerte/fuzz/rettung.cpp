@@ -65,8 +65,8 @@ void RettungPrüfen(std::string_view Eingabe) {
     if (Gegeben.AntwortJa) Person.Antworten.assign(8, Antwort::Ja);
     const speicher::StehendeUhr Uhr;
     Rettung Lauf{Uhr};
-    UnterbrocheneVollenden(Ordner, Systemordnerleser(), Person, Lauf,
-                           Gegeben.NurMelden ? Zweifelsfall::Melden : Zweifelsfall::Fragen, {});
+    if (Gegeben.NurMelden) Lauf.Regel = Zweifelsfall::Melden;
+    UnterbrocheneVollenden(Ordner, Systemordnerleser(), Person, Lauf, {});
     SpeichernVollenden(Datei, Person, Lauf, {});
     DateiZurückholen(Datei, Person, Lauf, {});
 
@@ -74,7 +74,8 @@ void RettungPrüfen(std::string_view Eingabe) {
     if (!DateiExistiert(Datei)) return;
     const std::string Danach = DateiInhalt(Datei);
     if (Danach != Teile[1]) Gleich("Die Datei ist die alte oder die neue", Teile[2], Danach);
-    if (!Gegeben.AntwortJa && !(Gegeben.MitZweitemNamen && Gegeben.GleicheZeit) && !Gegeben.Fehlt)
+    if ((!Gegeben.AntwortJa || Gegeben.NurMelden) && !(Gegeben.MitZweitemNamen && Gegeben.GleicheZeit) &&
+        !Gegeben.Fehlt)
         Gleich("Ungefragt wird nur Zerrissenes ersetzt", Teile[1], Danach);
 }
 

@@ -74,6 +74,10 @@ bool IstUnfertigeKopie(std::string_view Name) {
     constexpr std::size_t Stellen = 16;
     if (!Name.ends_with(KopieEndung)) return false;
     Name.remove_suffix(KopieEndung.size());
+    // A second copy to the same target at the same time has a number behind that.
+    if (const auto Strich = Name.rfind('-'); Strich != Name.npos && Strich + 1 < Name.size() &&
+                                             Name.find_first_not_of("0123456789", Strich + 1) == Name.npos)
+        Name.remove_suffix(Name.size() - Strich);
     if (Name.size() <= Stellen || Name[Name.size() - Stellen - 1] != '~') return false;
     return Name.find_first_not_of("0123456789abcdef", Name.size() - Stellen) == std::string_view::npos;
 }

@@ -266,9 +266,12 @@ void Start::Ausführen() {
         }
         Stufe("Main: Fenster prüfen/freigeben ", [this] { FensterFreigeben(); });
         Stufe("", [this] {
+            // A locked window tells nothing; what is left is found at the next start, or when the file is
+            // read.
+            if (Programm.Gesperrt) return;
             const Laufsperre Sperre(Programm);
             UnterbrocheneVollenden(Programm.Dienst.Programmordner, Programm.Dienst.Ordner, Person,
-                                   Programm.Reste, Zweifelsfall::Fragen, [this](const Dateischritt& Schritt) {
+                                   Programm.Reste, [this](const Dateischritt& Schritt) {
                                        ImHintergrund(Person, "Unterbrochenes Speichern wird abgeschlossen",
                                                      Schritt);
                                    });

@@ -97,6 +97,8 @@ void Lauf::Aufräumen(Tagarbeit& Arbeit) {
     if (TagBrauchtAutoTag(Arbeit.Satz, Tagblock::Id3v1)) AutoTag(Arbeit, AutoTagZiel::Id3v1);
     if (TagBrauchtAutoTag(Arbeit.Satz, Tagblock::Id3v2)) AutoTag(Arbeit, AutoTagZiel::Id3v2);
     LesbarMachen(Arbeit.Satz);
+    // A block whose entries are tidy already is not written again: that could only lose what the editor does
+    // not hold.
     Speichern(Arbeit, Tagauswahl::Alle, true, &Vorher);
 }
 

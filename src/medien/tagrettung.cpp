@@ -33,14 +33,14 @@ class Unterbrochene {
     bool Erwähnt() const { return Lauf.Erwähnt.contains(Ziel); }
     // Brings the save to its end where it can be. When nothing is left to do the mark goes; empty: it is not
     // known.
-    void Vollenden(const std::string& Marke, Zweifelsfall Regel, const Schrittlauf& Ausführen);
+    void Vollenden(const std::string& Marke, const Schrittlauf& Ausführen);
 
   private:
     void EinmalMelden(const std::string& Text) {
         if (Lauf.Erwähnt.insert(Ziel).second) Person.Melden(Symbol::Ausrufezeichen, Text);
     }
-    bool InhaltÜbernehmen(const Dateistand& Stand, Zweifelsfall Regel, const Schrittlauf& Ausführen);
-    bool Gewollt(Zweifelsfall Regel);
+    bool InhaltÜbernehmen(const Dateistand& Stand, const Schrittlauf& Ausführen);
+    bool Gewollt();
     void VorläufigeLöschen();
 
     const std::string Name;
@@ -55,14 +55,15 @@ class Unterbrochene {
 
 // A file with a single name may be another one that was put there meanwhile; one with another time was saved
 // by another program.
-bool Unterbrochene::Gewollt(Zweifelsfall Regel) {
+bool Unterbrochene::Gewollt() {
     if (HatWeitereNamen(Ziel) && GleicheÄnderungszeit(Ziel, Rest)) return true;
     const std::string Lage = Unterbrochen + "Ihr neuer Inhalt liegt in '" + Rest + "' mit dem Datum " +
                              ZeitVon(Rest, Lauf.Zeit) + ". Die Datei selbst trägt das Datum " +
                              ZeitVon(Ziel, Lauf.Zeit) +
                              "; ein anderes Programm kann sie inzwischen geändert haben.";
-    if (Regel == Zweifelsfall::Melden) {
-        EinmalMelden(Lage + " Beim nächsten Speichern ihrer TAGs werden Sie gefragt, welcher Inhalt gilt.");
+    if (Lauf.Regel == Zweifelsfall::Melden) {
+        EinmalMelden(Lage +
+                     " Öffnen Sie die Datei im TAG-Editor: Dort werden Sie gefragt, welcher Inhalt gilt.");
         return false;
     }
     Lauf.Erwähnt.insert(Ziel);
@@ -74,15 +75,14 @@ bool Unterbrochene::Gewollt(Zweifelsfall Regel) {
 }
 
 // True when the file holds its new content now.
-bool Unterbrochene::InhaltÜbernehmen(const Dateistand& Stand, Zweifelsfall Regel,
-                                     const Schrittlauf& Ausführen) {
+bool Unterbrochene::InhaltÜbernehmen(const Dateistand& Stand, const Schrittlauf& Ausführen) {
     if (!IstHilfsdateiVon(Rest, Ziel) || !IstFrei(Rest)) {
         EinmalMelden(Unterbrochen + "Ihr neuer Inhalt in '" + Rest +
                      "' gehört einem anderen Benutzer oder ist in Gebrauch. Starten Sie das Programm als "
                      "dieser Benutzer, um das Speichern abzuschließen, oder löschen Sie diese Datei.");
         return false;
     }
-    if (!Gewollt(Regel)) return false;
+    if (!Gewollt()) return false;
     Dateifehler Fehler;
     SchrittAusführen(Ausführen, Person, [&](const Kopierfortschritt& Weiter) {
         bool Angefangen = false;
@@ -102,17 +102,17 @@ bool Unterbrochene::InhaltÜbernehmen(const Dateistand& Stand, Zweifelsfall Rege
 // would empty the name. What is none of ours, or in use, stays.
 void Unterbrochene::VorläufigeLöschen() {
     if (!EigeneDatei(Vorläufige) || !IstFrei(Vorläufige) || DateiLöschen(Vorläufige)) return;
-    Person.Melden(Symbol::Information, Unterbrochen +
-                                           "Die Datei ist, wie sie davor war; ihre unfertige Kopie '" +
-                                           Vorläufige + "' wurde gelöscht.");
+    Person.Melden(Symbol::Information, "Neben der Datei '" + Name + "' lag die unfertige Kopie '" +
+                                           Vorläufige +
+                                           "' eines unterbrochenen Speicherns. Die Datei selbst ist "
+                                           "vollständig; die Kopie wurde gelöscht.");
 }
 
-void Unterbrochene::Vollenden(const std::string& Marke, Zweifelsfall Regel, const Schrittlauf& Ausführen) {
+void Unterbrochene::Vollenden(const std::string& Marke, const Schrittlauf& Ausführen) {
     const Lesedatei Datei = Lesedatei::Öffnen(Ziel);
     // A run that is saving the file holds it.
     if (!Datei.Offen() || Datei.Sperren(Ziel)) return;
-    if (SperreLesen(Rest) != Sperrzustand::Keine && !InhaltÜbernehmen(Datei.Stand(), Regel, Ausführen))
-        return;
+    if (SperreLesen(Rest) != Sperrzustand::Keine && !InhaltÜbernehmen(Datei.Stand(), Ausführen)) return;
     VorläufigeLöschen();
     // While the file is ours, no other run can have put a new mark there.
     if (!Marke.empty()) DateiLöschen(Marke);
@@ -139,25 +139,22 @@ void VorläufigeZurückholen(std::string_view Name, Oberfläche& Person) {
 }
 
 // A mark whose file is finished, or that is too old, goes.
-void MarkeAbarbeiten(const std::string& Marke, Oberfläche& Person, Rettung& Lauf, Zweifelsfall Regel,
+void MarkeAbarbeiten(const std::string& Marke, Oberfläche& Person, Rettung& Lauf,
                      const Schrittlauf& Ausführen) {
     const auto Markenstand = DateistandLesen(Marke);
     if (!Markenstand) return;
-    // What is left then is found when the file is next read.
-    if (TageZwischen(Lauf.Zeit.Lokal(Markenstand->Änderungszeit), Lauf.Zeit.Jetzt()) > HöchstesMarkenalter) {
-        DateiLöschen(Marke);
-        return;
-    }
     const auto Gemerkt = SchreibmarkeLesen(Marke);
     if (!Gemerkt) return;
-    if (Gemerkt->Pfad.empty()) {
+    // What is left then is found when the file is next read.
+    if (Gemerkt->Pfad.empty() ||
+        TageZwischen(Lauf.Zeit.Lokal(Markenstand->Änderungszeit), Lauf.Zeit.Jetzt()) > HöchstesMarkenalter) {
         DateiLöschen(Marke);
         return;
     }
     const auto Stand = DateistandLesen(Gemerkt->Pfad);
     // Its medium may be away, or another one may be in its place.
     if (!Stand || (Gemerkt->Inode != 0 && Stand->Inode != Gemerkt->Inode)) return;
-    Unterbrochene(Gemerkt->Pfad, Person, Lauf).Vollenden(Marke, Regel, Ausführen);
+    Unterbrochene(Gemerkt->Pfad, Person, Lauf).Vollenden(Marke, Ausführen);
 }
 
 }  // namespace
@@ -165,18 +162,18 @@ void MarkeAbarbeiten(const std::string& Marke, Oberfläche& Person, Rettung& Lau
 void SpeichernVollenden(std::string_view Pfad, Oberfläche& Person, Rettung& Lauf,
                         const Schrittlauf& Ausführen) {
     Unterbrochene Datei(Pfad, Person, Lauf);
-    if (Datei.Vorhanden() && !Datei.Erwähnt()) Datei.Vollenden({}, Zweifelsfall::Fragen, Ausführen);
+    if (Datei.Vorhanden() && !Datei.Erwähnt()) Datei.Vollenden({}, Ausführen);
 }
 
 void DateiZurückholen(std::string_view Pfad, Oberfläche& Person, Rettung& Lauf,
                       const Schrittlauf& Ausführen) {
     if (!DateiExistiert(Pfad)) return VorläufigeZurückholen(Pfad, Person);
     Unterbrochene Datei(Pfad, Person, Lauf);
-    if (Datei.Vorhanden()) Datei.Vollenden({}, Zweifelsfall::Fragen, Ausführen);
+    if (Datei.Vorhanden()) Datei.Vollenden({}, Ausführen);
 }
 
 void UnterbrocheneVollenden(const std::string& Merkordner, const Ordnerleser& Ordner, Oberfläche& Person,
-                            Rettung& Lauf, Zweifelsfall Regel, const Schrittlauf& Ausführen) {
+                            Rettung& Lauf, const Schrittlauf& Ausführen) {
     std::vector<std::string> Marken;
     Ordner.Auflisten(Merkordner, [&](const Ordnereintrag& Eintrag) {
         if (!Eintrag.IstOrdner && IstSchreibmarke(Eintrag.Name))
@@ -185,7 +182,7 @@ void UnterbrocheneVollenden(const std::string& Merkordner, const Ordnerleser& Or
     });
     for (const std::string& Marke : Marken) {
         if (!Marke.ends_with(SchreibmarkeUnfertig)) {
-            MarkeAbarbeiten(Marke, Person, Lauf, Regel, Ausführen);
+            MarkeAbarbeiten(Marke, Person, Lauf, Ausführen);
         } else if (EigeneDatei(Marke) && IstFrei(Marke)) {
             DateiLöschen(Marke);
         }

@@ -20,9 +20,16 @@
 
 namespace liedwerk {
 
+// What happens to a file that another program may have saved since.
+enum class Zweifelsfall {
+    Fragen,
+    Melden,  // where an answer may have been given for something else; the file cannot be saved meanwhile
+};
+
 // What a run of the program takes from one look at a file to the next.
 struct Rettung {
     const Uhr& Zeit;
+    Zweifelsfall Regel = Zweifelsfall::Fragen;
     std::set<std::string> Erwähnt{};  // files, links resolved, about which the person was asked or told
 };
 
@@ -38,14 +45,9 @@ void SpeichernVollenden(std::string_view Pfad, Oberfläche& Person, Rettung& Lau
 // wants that.
 void DateiZurückholen(std::string_view Pfad, Oberfläche& Person, Rettung& Lauf, const Schrittlauf& Ausführen);
 
-// What happens at the start to a file that another program may have saved since.
-enum class Zweifelsfall {
-    Fragen,
-    Melden,  // where nobody looks at each question: it comes when that very file is saved
-};
 // At the start: the same for all files that marks in the folder name. Marks of files that are not at hand, in
 // use, or not finished stay for the next start, for 90 days.
 void UnterbrocheneVollenden(const std::string& Merkordner, const Ordnerleser& Ordner, Oberfläche& Person,
-                            Rettung& Lauf, Zweifelsfall Regel, const Schrittlauf& Ausführen);
+                            Rettung& Lauf, const Schrittlauf& Ausführen);
 
 }  // namespace liedwerk

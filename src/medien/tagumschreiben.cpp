@@ -84,6 +84,7 @@ class Schreibmarkierung {
 
   private:
     static bool FestAnlegen(const std::string& Marke, const std::string& Inhalt) {
+        if (VerweiseAuflösen(Marke) != Marke) return false;  // nothing is written through a link
         Dateiersatz Datei;
         return Datei.Öffnen(Marke, Marke + std::string(SchreibmarkeUnfertig)) ==
                    Dateiersatz::Öffnung::Bereit &&

@@ -188,8 +188,8 @@ class Störungen : public Medien {
         ADD_FAILURE() << "never torn";
         return Pfad;
     }
-    void Starten(Zweifelsfall Regel = Zweifelsfall::Fragen) {
-        UnterbrocheneVollenden(Programmordner.string(), Systemordnerleser(), Person, Lauf, Regel, Weise);
+    void Starten() {
+        UnterbrocheneVollenden(Programmordner.string(), Systemordnerleser(), Person, Lauf, Weise);
     }
     static void Altern(const std::string& Pfad, int Tage) {
         const timespec Zeiten[2] = {{0, UTIME_OMIT}, {::time(nullptr) - Tage * 86400, 5}};
@@ -305,10 +305,13 @@ TEST_F(Störungen, WasEinAnderesProgrammSeitherGespeichertHatBleibtOhneJa) {
 
     // "--ja" on a command line is no answer to this.
     Person.Antworten = {Antwort::Ja};
-    Starten(Zweifelsfall::Melden);
+    Lauf.Regel = Zweifelsfall::Melden;
+    Starten();
+    DateiZurückholen(Pfad, Person, Lauf, {});
     EXPECT_EQ(Inhalt(Pfad), Fremd);
     EXPECT_EQ(Person.Meldungen.size(), 1U);
     Person.Antworten.clear();
+    Lauf.Regel = Zweifelsfall::Fragen;
     Lauf.Erwähnt.clear();
     Starten();
     SpeichernVollenden(Pfad, Person, Lauf, {});

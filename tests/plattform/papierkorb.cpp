@@ -19,7 +19,10 @@ TEST(Desktoppapierkorb, NimmtDateienAufUndLöschtNie) {
         std::string(std::getenv("HOME") ? std::getenv("HOME") : "/tmp") + "/liedwerk-eimer-XXXXXX";
     if (::mkdtemp(Ordner.data()) == nullptr) GTEST_SKIP() << "no home folder";
     ::setenv("XDG_DATA_HOME", (Ordner + "/daten").c_str(), 1);
-    fs::create_directories(Ordner + "/daten");
+    // Folders of people are often links to another drive.
+    fs::create_directories(Ordner + "/dahinter");
+    fs::create_directory_symlink(Ordner + "/dahinter", Ordner + "/daten");
+    fs::create_directory_symlink(Ordner, Ordner + "/verweis");
     const auto Eimer = SystempapierkorbÖffnen();
     const std::string Lied = Ordner + "/Größe & \"x\".mp3";
     std::ofstream(Lied) << "lied";
@@ -33,7 +36,7 @@ TEST(Desktoppapierkorb, NimmtDateienAufUndLöschtNie) {
 
     // One more of that name, and a bin that cannot be made: nothing of it goes anywhere else.
     std::ofstream(Lied) << "zweites";
-    EXPECT_FALSE(Eimer->Verschieben(Lied));
+    EXPECT_FALSE(Eimer->Verschieben(Ordner + "/verweis/Größe & \"x\".mp3"));
     EXPECT_EQ(DateiLesen(Ordner + "/daten/Trash/files/Größe & \"x\".mp3.2"), "zweites");
     const std::string Angaben =
         DateiLesen(Ordner + "/daten/Trash/info/Größe & \"x\".mp3.trashinfo").value_or("");

@@ -10,6 +10,7 @@
 #include "basis/datum.h"
 #include "basis/pfad.h"
 #include "basis/uri.h"
+#include "plattform/linux/einhaengungen.h"
 #include "plattform/linux/griff.h"
 #include "plattform/linux/orte.h"
 #include "plattform/linux/systemfehler.h"
@@ -69,9 +70,10 @@ std::optional<Eimer> EimerDesLaufwerks(const std::string& Wurzel) {
 }
 
 std::optional<Eimer> EimerWählen(const std::string& Pfad) {
-    const auto Gerät = GerätVon(Pfad);
+    // A rename is between folders; the file's own name may be a link, which goes by itself.
+    const auto Gerät = GerätVon(OrdnerVon(Pfad));
     if (!Gerät) return std::nullopt;
-    const std::string Daten = Datenordner();
+    const std::string Daten = LinksFolgen(Datenordner());
     if (GerätVon(Daten) == Gerät) {
         const std::string Ordner = PfadVerbinden(Daten, "Trash");
         if (!OrdnerAnlegen(Daten) && EigenerOrdner(Ordner)) return Eimer{Ordner, {}};
@@ -108,14 +110,32 @@ std::string Angaben(const Eimer& Wohin, const std::string& Pfad) {
 // A name in the bin; a number tells those of one name apart, and nothing is longer than a name may be.
 std::string NameImEimer(std::string_view Name, int Nummer) {
     constexpr std::size_t Höchstens = 220;
-    std::string Neu(Name.substr(0, Höchstens));
+    std::size_t Länge = std::min(Name.size(), Höchstens);
+    // Half a character is no name everywhere.
+    while (Länge > 0 && Länge < Name.size() && (static_cast<unsigned char>(Name[Länge]) & 0xC0U) == 0x80U)
+        --Länge;
+    std::string Neu(Name.substr(0, Länge));
     return Nummer == 1 ? Neu : Neu + "." + std::to_string(Nummer);
+}
+
+std::string OrtDerDatei(const Eimer& Wohin, const std::string& Name) {
+    return PfadVerbinden(PfadVerbinden(Wohin.Ordner, "files"), Name);
+}
+
+std::string OrtDerAngaben(const Eimer& Wohin, const std::string& Name) {
+    return PfadVerbinden(PfadVerbinden(Wohin.Ordner, "info"), Name + std::string(Angabenendung));
+}
+
+// Whether a name is taken in the bin. Only a look: each real attempt waits for the disk.
+bool Belegt(const Eimer& Wohin, const std::string& Name) {
+    struct stat Stand {};
+    return ::lstat(OrtDerDatei(Wohin, Name).c_str(), &Stand) == 0 ||
+           ::lstat(OrtDerAngaben(Wohin, Name).c_str(), &Stand) == 0;
 }
 
 // Puts down the information under a name that is free in the bin.
 Dateifehler AngabenSchreiben(const Eimer& Wohin, const std::string& Inhalt, const std::string& Name) {
-    const std::string Datei =
-        PfadVerbinden(PfadVerbinden(Wohin.Ordner, "info"), Name + std::string(Angabenendung));
+    const std::string Datei = OrtDerAngaben(Wohin, Name);
     Dateiersatz Ersatz;
     if (Ersatz.Öffnen(Datei, Datei + "~") == Dateiersatz::Öffnung::Gesperrt) return Systemfehler(EEXIST);
     if (Ersatz.Schreiben(Inhalt) && Ersatz.Übernehmen(false, Vorhandenes::Lassen)) return {};
@@ -128,13 +148,11 @@ Dateifehler Ablegen(const Eimer& Wohin, const std::string& Pfad) {
     Dateifehler Fehler;
     for (int Nummer = 1; Nummer <= Versuche; ++Nummer) {
         const std::string Name = NameImEimer(DateinameVon(Pfad), Nummer);
-        Fehler = AngabenSchreiben(Wohin, Inhalt, Name);
+        Fehler = Belegt(Wohin, Name) ? Systemfehler(EEXIST) : AngabenSchreiben(Wohin, Inhalt, Name);
         if (!Fehler) {
-            Fehler = DateiUmbenennen(Pfad, PfadVerbinden(PfadVerbinden(Wohin.Ordner, "files"), Name),
-                                     Vorhandenes::Lassen);
+            Fehler = DateiUmbenennen(Pfad, OrtDerDatei(Wohin, Name), Vorhandenes::Lassen);
             if (!Fehler) return {};
-            DateiLöschen(
-                PfadVerbinden(PfadVerbinden(Wohin.Ordner, "info"), Name + std::string(Angabenendung)));
+            DateiLöschen(OrtDerAngaben(Wohin, Name));
         }
         if (Fehler.Nummer != EEXIST) return Fehler;
     }
@@ -145,14 +163,17 @@ Dateifehler Ablegen(const Eimer& Wohin, const std::string& Pfad) {
 
 Dateifehler Desktoppapierkorb::Verschieben(std::string_view Pfad) {
     const auto Name = Systempfad(Pfad);
-    if (!Name || !DateiExistiert(Pfad)) return {ENOENT, "Die Datei ist nicht vorhanden"};
-    const auto Wohin = EimerWählen(*Name);
+    if (!Name || !IstPosixPfad(*Name) || !DateiExistiert(Pfad))
+        return {ENOENT, "Die Datei ist nicht vorhanden"};
+    // Above a folder that a link leads to lie other folders than above the file.
+    const std::string Echt = PfadVerbinden(LinksFolgen(OrdnerVon(*Name)), Name->substr(Name->rfind('/') + 1));
+    const auto Wohin = EimerWählen(Echt);
     if (!Wohin) return {EIO, "Auf diesem Laufwerk kann kein Papierkorb angelegt werden"};
     for (const char* Teil : {"info", "files"}) {
         if (!EigenerOrdner(PfadVerbinden(Wohin->Ordner, Teil)))
             return {EIO, "Der Papierkorb '" + Wohin->Ordner + "' kann nicht benutzt werden"};
     }
-    return Ablegen(*Wohin, *Name);
+    return Ablegen(*Wohin, Echt);
 }
 
 }  // namespace liedwerk

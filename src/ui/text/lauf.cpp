@@ -116,9 +116,9 @@ Programmlauf::Programmlauf(const Globaloptionen& Global)
     }
     for (const auto& [Name, Wert] : Global.Setzen)
         EinstellungSetzen(P.Werte, Name, Wert);
-    // An answer given for another question must not cost a file anything.
-    UnterbrocheneVollenden(P.Dienst.Programmordner, P.Dienst.Ordner, P.Dienst.Person, P.Reste,
-                           Zweifelsfall::Melden, {});
+    // An answer given for another question ("--ja") must not cost a file anything.
+    P.Reste.Regel = Zweifelsfall::Melden;
+    UnterbrocheneVollenden(P.Dienst.Programmordner, P.Dienst.Ordner, P.Dienst.Person, P.Reste, {});
     P.StartZeit = P.LetzteSpeicherung = P.Dienst.Zeit.Jetzt();
     IstBereit = true;
 }
