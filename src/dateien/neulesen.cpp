@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <optional>
+#include <set>
 #include <variant>
 
 #include "basis/datei.h"
 #include "basis/datum.h"
+#include "basis/text.h"
 #include "basis/zahl.h"
 #include "dateien/synchronisieren.h"
 #include "dateien/vorleser.h"
@@ -22,17 +24,27 @@ std::int64_t Frühestens(const Zeitpunkt& Punkt, const Uhr& Zeit) {
     return Kalender - Versatz - Stunde;
 }
 
-// The time of the last run that the index knows. One that is still to come was a clock's mistake.
-std::optional<std::int64_t> Letzterlauf(const Katalog& Index, std::int64_t Jetziger) {
-    const auto Stand = GanzzahlLesen<std::int64_t>(Index.Optionen.SyncStand);
-    return Stand && *Stand <= Jetziger ? Stand : std::nullopt;
+// What the index knows of the last run: its time, and the media and drives that were away then. Nobody can
+// tell what was changed there since.
+struct Vorlauf {
+    std::optional<std::int64_t> Zeit;
+    std::set<std::string> Fehlten;
+};
+constexpr std::string_view Standtrenner = "|";
+
+// A time that is still to come was a clock's mistake.
+Vorlauf LetzterLauf(const Katalog& Index, std::int64_t Jetziger) {
+    const auto Teile = Teilen(Index.Optionen.SyncStand, Standtrenner);
+    const auto Zeit = Teile.empty() ? std::nullopt : GanzzahlLesen<std::int64_t>(Teile.front());
+    if (!Zeit || *Zeit > Jetziger) return {};
+    return {Zeit, {Teile.begin() + 1, Teile.end()}};
 }
 
 // Finds the records whose files are others by now.
 class Änderungssuche {
   public:
-    Änderungssuche(const Hinzufügeumgebung& Ziel, const Uhr& Uhrzeit, std::optional<std::int64_t> Vorigerlauf)
-        : Umgebung(Ziel), Zeit(Uhrzeit), Stand(Vorigerlauf) {}
+    Änderungssuche(const Hinzufügeumgebung& Ziel, const Uhr& Uhrzeit, Vorlauf Davor)
+        : Umgebung(Ziel), Zeit(Uhrzeit), Voriger(std::move(Davor)) {}
 
     // Looks at the first so many records. False when the person cancelled.
     bool Suchen(Satznummer Anzahl) {
@@ -46,7 +58,7 @@ class Änderungssuche {
     }
 
     std::vector<Satznummer> Geänderte;
-    bool Vollständig = true;  // every file that there is was at hand
+    std::set<std::string> Fehlen;  // media and drives whose files were not at hand
 
   private:
     void Ansehen(Satznummer Nummer) {
@@ -56,20 +68,30 @@ class Änderungssuche {
         const std::string Pfad = Sätze.Pfad(Nummer);
         const auto Datei = DateistandLesen(Pfad);
         if (!Datei) {
-            Vollständig &= DateiNachsehen(Pfad, Umgebung.Laufwerk) == Dateiverbleib::Fort;
-        } else if (Datei->IstDatei && IstAnders(Nummer, *Datei)) {
+            if (DateiNachsehen(Pfad, Umgebung.Laufwerk) != Dateiverbleib::Fort)
+                Fehlen.insert(Träger(Nummer, Pfad));
+        } else if (Datei->IstDatei && IstAnders(Nummer, Pfad, *Datei)) {
             if (IstSeinMedium(Nummer, Pfad)) {
                 Geänderte.push_back(Nummer);
             } else {
-                Vollständig = false;
+                Fehlen.insert(Träger(Nummer, Pfad));
             }
         }
     }
 
-    bool IstAnders(Satznummer Nummer, const Dateistand& Datei) const {
+    // What a record's file lies on: its medium, or the drive of its path.
+    std::string Träger(Satznummer Nummer, const std::string& Pfad) const {
+        const std::string Medium = Umgebung.Index.Sätze.Text(Nummer, FeldWechselmedium);
+        return Ersetzen(Medium.empty() ? LaufwerkDesPfades(Umgebung.Laufwerk, Pfad) : Medium, Standtrenner,
+                        "/");
+    }
+
+    bool IstAnders(Satznummer Nummer, const std::string& Pfad, const Dateistand& Datei) const {
         const auto& Sätze = Umgebung.Index.Sätze;
         if (Sätze.Zahl(Nummer, FeldGröße) != static_cast<std::int64_t>(Datei.Größe)) return true;
-        if (Stand) return Datei.Änderungszeit >= *Stand;
+        const bool Gesehen =
+            Voriger.Zeit && (Voriger.Fehlten.empty() || !Voriger.Fehlten.contains(Träger(Nummer, Pfad)));
+        if (Gesehen) return Datei.Änderungszeit >= *Voriger.Zeit;
         const auto Hinzugefügt = DatumLesen(Sätze.Text(Nummer, FeldHinzufügeDatum));
         return Hinzugefügt && Kalendertage(Zeit.Lokal(Datei.Änderungszeit)) > Kalendertage(*Hinzugefügt);
     }
@@ -85,7 +107,7 @@ class Änderungssuche {
 
     const Hinzufügeumgebung& Umgebung;
     const Uhr& Zeit;
-    const std::optional<std::int64_t> Stand;
+    const Vorlauf Voriger;
 };
 
 bool ZwischenFeldern(int Feld, int Erstes, int Letztes) {
@@ -189,8 +211,9 @@ class Neuleser {
         const bool Offen = Lesedatei::Öffnen(Posten.Pfad, &Fehler).Offen();
         const Lesecode Code = Auftrag.Code.value_or(Lesecode{});
         Datensatz& Neu = Posten.Satz;
-        if (!Offen || !Posten.Vorhanden || !Posten.Fehler.empty() || OhneAuskunft(Neu, Code)) {
-            const std::string Grund = !Offen ? Fehler.Text : Posten.Fehler;
+        const bool Geleert = Neu.Größe == 0 && Umgebung.Index.Sätze.Zahl(Nummer, FeldGröße) > 0;
+        if (!Offen || Geleert || !Posten.Vorhanden || !Posten.Fehler.empty() || OhneAuskunft(Neu, Code)) {
+            const std::string Grund = !Offen ? Fehler.Text : Geleert ? "Die Datei ist leer" : Posten.Fehler;
             Umgebung.Log.Schreiben("Synchronisieren: '" + Posten.Pfad + "' konnte nicht neu gelesen werden" +
                                    (Grund.empty() ? "" : " - " + Grund));
             Ergebnis.Unlesbar.push_back(Posten.Pfad);
@@ -198,8 +221,14 @@ class Neuleser {
         }
         auto& Sätze = Umgebung.Index.Sätze;
         const Datensatz Alt = Sätze.Lesen(Nummer);
-        ÜbrigesÜbernehmen(Alt, Code, Neu);
-        if (!Auftrag.Code) Neu.Dateityp = Alt.Dateityp;
+        if (Neu.Dateityp == DateiartSonstige) {
+            // Settings and file types tell of no kind (any more): nothing but the size was read.
+            const auto Größe = Neu.Größe;
+            Neu = Alt;
+            Neu.Größe = Größe;
+        } else {
+            ÜbrigesÜbernehmen(Alt, Code, Neu);
+        }
         if (SagtDasselbe(Alt, Neu)) return;
         Sätze.Setzen(Nummer, Posten.Pfad, Neu);
         Umgebung.Index.IndexGeändert = true;
@@ -217,12 +246,16 @@ Neulesung GeänderteNeuLesen(const Hinzufügeumgebung& Umgebung, const Uhr& Zeit
                             const Neuleseauftrag& Auftrag) {
     Neulesung Ergebnis;
     const std::int64_t Beginn = Frühestens(Auftrag.Beginn, Zeit);
-    Änderungssuche Suche(Umgebung, Zeit, Letzterlauf(Umgebung.Index, Beginn));
+    Änderungssuche Suche(Umgebung, Zeit, LetzterLauf(Umgebung.Index, Beginn));
     Ergebnis.Abgebrochen =
         !Suche.Suchen(Auftrag.Letzter) || !Neuleser(Umgebung, Ergebnis).Lesen(Suche.Geänderte);
     // Saved with the next change of the index: until then the older time only lets more files be read.
-    if (!Ergebnis.Abgebrochen && Suche.Vollständig && Ergebnis.Unlesbar.empty())
-        Umgebung.Index.Optionen.SyncStand = std::to_string(Beginn);
+    if (!Ergebnis.Abgebrochen && Ergebnis.Unlesbar.empty()) {
+        std::string& Stand = Umgebung.Index.Optionen.SyncStand;
+        Stand = std::to_string(Beginn);
+        for (const std::string& Eines : Suche.Fehlen)
+            Stand.append(Standtrenner).append(Eines);
+    }
     return Ergebnis;
 }
 

@@ -16,7 +16,7 @@ constexpr int RuheMillisekunden = 80;  // key repeat is faster than that
 
 // A colour between text and background, readable on it; the pane lies on the window.
 QColor Blasse(const QPalette& Palette) {
-    const QColor Schrift = Palette.color(QPalette::Text);
+    const QColor Schrift = Palette.color(QPalette::WindowText);
     const QColor Grund = Palette.color(QPalette::Window);
     const auto Mischen = [](int A, int B) { return (A * 68 + B * 32) / 100; };
     return {Mischen(Schrift.red(), Grund.red()), Mischen(Schrift.green(), Grund.green()),
@@ -76,6 +76,7 @@ Beschreibung::Beschreibung(QWidget* Eltern) : QWidget(Eltern) {
     txtBeschreibung->setFrameShape(QFrame::NoFrame);
     txtBeschreibung->viewport()->setAutoFillBackground(false);
     txtBeschreibung->document()->setDocumentMargin(0);
+    TextFärben();
     auto* const Spalte = new QVBoxLayout(this);
     Spalte->setContentsMargins(8, 4, 0, 0);
     Spalte->setSpacing(6);
@@ -133,11 +134,19 @@ void Beschreibung::InfoZeigen(const Dateiinformation& Info) {
     txtBeschreibung->setHtml(InfotextAlsHtml(Gezeigt, Blasse(palette())));
 }
 
+// The pane lies on the window, not on the ground of lists.
+void Beschreibung::TextFärben() {
+    QPalette Farben;
+    Farben.setColor(QPalette::Text, palette().color(QPalette::WindowText));
+    txtBeschreibung->setPalette(Farben);
+}
+
 void Beschreibung::changeEvent(QEvent* Ereignis) {
     QWidget::changeEvent(Ereignis);
+    if (Ereignis->type() != QEvent::PaletteChange || txtBeschreibung == nullptr) return;
+    TextFärben();
     // The text carries the pale colour of the palette of its time.
-    if (Ereignis->type() == QEvent::PaletteChange && !Gezeigt.empty())
-        txtBeschreibung->setHtml(InfotextAlsHtml(Gezeigt, Blasse(palette())));
+    if (!Gezeigt.empty()) txtBeschreibung->setHtml(InfotextAlsHtml(Gezeigt, Blasse(palette())));
 }
 
 }  // namespace liedwerk

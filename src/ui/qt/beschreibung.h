@@ -34,11 +34,12 @@ class Beschreibung final : public QWidget {
 
   private:
     void Starten();
+    void TextFärben();
     void InfoZeigen(const Dateiinformation& Info);
 
     QLabel* lblBeschreibungTitel;
     QLabel* lblBeschreibungUntertitel;
-    QTextBrowser* txtBeschreibung;
+    QTextBrowser* txtBeschreibung = nullptr;
     QTimer Ruhe;
     Auftrag Nächster;
     std::string Gezeigt;       // the information text that is shown, empty for a hint

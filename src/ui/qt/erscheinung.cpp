@@ -165,11 +165,8 @@ void BesuchtFärben(QToolButton& Knopf, const Einstellungen& Werte) {
 }
 
 void BeschreibungFärben(QWidget& Leiste, const Einstellungen& Werte) {
-    // The pane lies on the window, not on the ground of lists.
     QPalette Farben;
-    Farben.setColor(QPalette::Text, Farben.color(QPalette::WindowText));
-    for (const auto Rolle : {QPalette::Text, QPalette::WindowText})
-        FarbeSetzen(Farben, Rolle, Werte.FarbeBeschreibungen);
+    FarbeSetzen(Farben, QPalette::WindowText, Werte.FarbeBeschreibungen);
     Leiste.setPalette(Farben);
 }
 

@@ -100,10 +100,10 @@ frmHilfe::frmHilfe(const QString& Datei, QWidget* Eltern) : QDialog(Eltern) {
     txtHandbuch->document()->setDocumentMargin(16);
     Teiler->setStretchFactor(1, 1);
     const int Zeichen = fontMetrics().averageCharWidth();
-    Teiler->setSizes({Zeichen * 34, Zeichen * 100});
+    Teiler->setSizes({Zeichen * 46, Zeichen * 100});
     Spalte->addWidget(Teiler, 1);
     KnöpfeHinzufügen(*Spalte, *this, {{u"cmdOk"_s, u"S&chließen"_s, Accepted}})[0]->setAutoDefault(false);
-    FormgrößeSetzen(*this, 140, 40);
+    FormgrößeSetzen(*this, 152, 40);
 
     connect(treInhalt, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* Eintrag) {
         if (Eintrag != nullptr) ZuAbschnitt(Eintrag->data(0, Blockrolle).toInt());

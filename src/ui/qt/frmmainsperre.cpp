@@ -104,8 +104,9 @@ void frmMain::WillkommenZeigen() {
 void frmMain::NachStartHinzufügen(const std::string& Ordner) {
     constexpr int Blicktakt = 50;  // milliseconds
     QTimer::singleShot(Blicktakt, this, [this, Ordner] {
-        if (Programm->Startet) return NachStartHinzufügen(Ordner);
-        if (Bereit()) HinzufügewahlAusführen(*Programm, {Hinzufügeweg::Ordner, {}, Ordner, {}, false});
+        if (Endet) return;
+        if (!Bereit()) return NachStartHinzufügen(Ordner);
+        HinzufügewahlAusführen(*Programm, {Hinzufügeweg::Ordner, {}, Ordner, {}, false});
     });
 }
 

@@ -35,7 +35,7 @@ frmUmbenennen::frmUmbenennen(const Einstellungen& Werte, std::size_t Anzahl, Obe
          u"Index-Eintrag ändern - nicht umbenennen: Manuell"_s, u"Zusatzfunktion: Datei-Attribute ändern"_s,
          u"Zusatzfunktion: Datei durch leere Datei mit anderer Endung ersetzen"_s});
     lstFunktionen->setMinimumWidth(
-        std::min(lstFunktionen->sizeHintForColumn(0) + 24, Zeichenbreite(*this, 66)));
+        std::min(lstFunktionen->sizeHintForColumn(0) + 24, Zeichenbreite(*this, 76)));
     Seiten = new QStackedWidget(this);
     SeitenAnlegen(Werte);
     connect(lstFunktionen, &QListWidget::currentRowChanged, Seiten, &QStackedWidget::setCurrentIndex);

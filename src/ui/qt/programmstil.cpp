@@ -15,14 +15,18 @@ void Programmstil::Umranden(QPainter& Maler, const QRect& Platz, const QStyleOpt
                             qreal Rundung) const {
     QColor Farbe = Rahmen;
     if (!(Angaben.state & State_Enabled)) Farbe.setAlphaF(0.5F);
-    // Where the keys go must stand out from its neighbours.
-    if (Angaben.state & State_HasFocus) Farbe = Angaben.palette.color(QPalette::WindowText);
+    // Where the keys go must stand out from its neighbours, also where these have the colour of the text.
+    const bool Fokus = Angaben.state & State_HasFocus;
+    const QColor Schrift = Angaben.palette.color(QPalette::WindowText);
+    if (Fokus) Farbe = Schrift == Rahmen ? Angaben.palette.color(QPalette::Highlight) : Schrift;
     Maler.save();
     Maler.setRenderHint(QPainter::Antialiasing);
     // A curve needs more than a line of one pixel, which its smoothing would wash out.
-    Maler.setPen(QPen(Farbe, Rundung > Ecke ? 1.5 : 1));
+    const qreal Breite = Fokus ? 2 : Rundung > Ecke ? 1.5 : 1;
+    const qreal Halbe = Breite / 2;
+    Maler.setPen(QPen(Farbe, Breite));
     Maler.setBrush(Qt::NoBrush);
-    Maler.drawRoundedRect(QRectF(Platz).adjusted(0.5, 0.5, -0.5, -0.5), Rundung, Rundung);
+    Maler.drawRoundedRect(QRectF(Platz).adjusted(Halbe, Halbe, -Halbe, -Halbe), Rundung, Rundung);
     Maler.restore();
 }
 

@@ -50,11 +50,11 @@ QTreeView* TerminansichtAnlegen(QWidget* Eltern, const std::vector<Termin>& Erei
     Ansicht->header()->setObjectName(u"lstEreignisseSpalten"_s);
     const int Zeichen = Ansicht->fontMetrics().averageCharWidth();
     const int Datumsbreite = Ansicht->fontMetrics().horizontalAdvance(u"00.00.0000 00:00:00"_s) + 2 * Zeichen;
-    Ansicht->setColumnWidth(0, Zeichen * 30);
+    Ansicht->setColumnWidth(0, Zeichen * 24);
     for (int Spalte = 1; Spalte < static_cast<int>(Spaltenzahl); ++Spalte) {
         const std::string_view Name = TerminSpalten[static_cast<std::size_t>(Spalte)];
         const bool Datum = Name == "Termin" || Name == "Erinnern" || Name == "Angelegt am";
-        Ansicht->setColumnWidth(Spalte, Datum ? Datumsbreite : Zeichen * 18);
+        Ansicht->setColumnWidth(Spalte, Datum ? Datumsbreite : Zeichen * 12);
     }
     Ansicht->setMinimumSize(std::min(Ansicht->header()->length() + 3 * Zeichen, Zeichenbreite(*Ansicht, 155)),
                             Ansicht->fontMetrics().height() * 14);

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStyle>
+#include <QTimer>
 #include <QToolButton>
 #include <set>
 
@@ -46,7 +47,15 @@ class Angebotsleiste final : public QFrame {
         connect(cmdSchließen, &QToolButton::clicked, this, [this] { Verwerfen(); });
         // Behind the run, however it was started.
         connect(&Synchronisieren, &QAction::triggered, this, [this] {
-            if (Platz.Bereit()) Verwerfen();
+            if (!Platz.Bereit()) return;
+            // What came in meanwhile may lie where the run had been already.
+            Ungeprüft ? Prüfen() : Verwerfen();
+        });
+        constexpr int Wartezeit = 1000;  // milliseconds until the next look whether the window is free
+        Später.setSingleShot(true);
+        Später.setInterval(Wartezeit);
+        connect(&Später, &QTimer::timeout, this, [this] {
+            if (Ungeprüft) Prüfen();
         });
         hide();
     }
@@ -104,7 +113,7 @@ class Angebotsleiste final : public QFrame {
 
     // Shows the offer when there is something to do. While a run is active, the index is none to look into.
     void Prüfen() {
-        if (!Platz.Bereit()) return;
+        if (!Platz.Bereit()) return Später.start();
         Ungeprüft = false;
         const auto Bedarf =
             AbgleichbedarfPrüfen(Platz.Programm, Vorgabe, {Betroffen.begin(), Betroffen.end()});
@@ -125,6 +134,7 @@ class Angebotsleiste final : public QFrame {
     Wachtvorgabe Vorgabe;
     int Auftragsnummer = 0;
     std::set<std::string> Betroffen;
+    QTimer Später;
     bool Ungenau = false;
     bool Ungeprüft = false;
 };
