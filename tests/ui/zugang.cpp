@@ -325,6 +325,15 @@ TEST(Zugang, JedeFormLässtSichAbbilden) {
     }
 }
 
+// What a screen reader is given for a widget. Qt 6.4 keeps what stands for a widget that was asked about
+// while it was being destroyed, and gives that, empty by now, to the next widget at the same address.
+QAccessibleInterface* Fürsprecher(QWidget& Teil) {
+    QAccessibleInterface* const Gefunden = QAccessible::queryAccessibleInterface(&Teil);
+    if (Gefunden == nullptr || Gefunden->isValid()) return Gefunden;
+    QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(Gefunden));
+    return QAccessible::queryAccessibleInterface(&Teil);
+}
+
 TEST(Zugang, AllesHatNamenUndEigeneTasten) {
     Bühne B;
     JedeForm(B, [](QWidget& Form) {
@@ -350,7 +359,7 @@ TEST(Zugang, AllesHatNamenUndEigeneTasten) {
         }
         for (QWidget* const Teil : Anlaufstellen(Form)) {
             EXPECT_FALSE(Teil->objectName().isEmpty()) << Teil->metaObject()->className();
-            QAccessibleInterface* const Stimme = QAccessible::queryAccessibleInterface(Teil);
+            QAccessibleInterface* const Stimme = Fürsprecher(*Teil);
             EXPECT_TRUE(Stimme != nullptr && !Stimme->text(QAccessible::Name).isEmpty())
                 << Beschreibe(*Teil).toStdString() << " hat keinen Namen";
         }
