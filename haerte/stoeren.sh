@@ -7,7 +7,7 @@ set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/../werkzeuge/gemeinsam.sh"
 
 case "${1:-}" in
-    "") TEILE=(ungestoert eigenschaften rufe toeten=500 paare=400 platte riesen) ;;
+    "") TEILE=(ungestoert eigenschaften rufe toeten=500 paare=400 platte riesen server) ;;
     kurz) TEILE=(ungestoert eigenschaften rufe-kurz toeten=20 paare=10) ;;
     *) TEILE=("$@") ;;
 esac

@@ -57,7 +57,9 @@ class Server {
     };
     using Verhalten = std::function<void(const std::string& Anfrage, Leitung& Weg)>;
 
-    explicit Server(Verhalten Wie) : Tun(std::move(Wie)), Griff(socket(AF_INET, SOCK_STREAM, 0)) {
+    // OhneFrage: it acts on each guest at once, without waiting for a request.
+    explicit Server(Verhalten Wie, bool OhneFrage = false)
+        : Tun(std::move(Wie)), Sofort(OhneFrage), Griff(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
         sockaddr_in Ort{};
         Ort.sin_family = AF_INET;
         Ort.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
@@ -90,7 +92,8 @@ class Server {
         while (!Ende) {
             pollfd Hören{Griff, POLLIN, 0};
             if (poll(&Hören, 1, 10) <= 0) continue;
-            const int Gast = accept(Griff, nullptr, nullptr);
+            // A program that is started meanwhile must not hold the connection open.
+            const int Gast = accept4(Griff, nullptr, nullptr, SOCK_CLOEXEC);
             if (Gast >= 0) Bedienungen.emplace_back([this, Gast] { Bedienen(Gast); });
         }
     }
@@ -103,14 +106,14 @@ class Server {
     void Bedienen(int Gast) {
         std::string Anfrage;
         char Puffer[4096];
-        while (!Ende && !Vollständig(Anfrage)) {
+        while (!Ende && !Sofort && !Vollständig(Anfrage)) {
             pollfd Hören{Gast, POLLIN, 0};
             if (poll(&Hören, 1, 10) == 0) continue;
             const ssize_t Anzahl = recv(Gast, Puffer, sizeof Puffer, 0);
             if (Anzahl <= 0) break;
             Anfrage.append(Puffer, static_cast<std::size_t>(Anzahl));
         }
-        if (Vollständig(Anfrage)) {
+        if (Sofort || Vollständig(Anfrage)) {
             {
                 const std::lock_guard Halten(Riegel);
                 Gehört.push_back(Anfrage);
@@ -122,6 +125,7 @@ class Server {
     }
 
     Verhalten Tun;
+    bool Sofort;
     int Griff;
     int Port = 0;
     std::atomic<bool> Ende = false;
@@ -130,5 +134,20 @@ class Server {
     std::vector<std::thread> Bedienungen;
     std::thread Annahme;
 };
+
+// Sends the beginning once and the rest over and over, as long as somebody listens.
+inline Server::Verhalten Endlos(std::string Anfang, std::string Rest, std::chrono::milliseconds Pause = {}) {
+    while (Pause == Pause.zero() && Rest.size() < 30000)
+        Rest += Rest;
+    return [=](const std::string&, Server::Leitung& Weg) {
+        Weg.Senden(Anfang);
+        while (Weg.Senden(Rest) && Weg.Warten(Pause)) {
+        }
+    };
+}
+
+inline Server::Verhalten Einmal(std::string Alles) {
+    return [=](const std::string&, Server::Leitung& Weg) { Weg.Senden(Alles); };
+}
 
 }  // namespace liedwerk::werkzeuge

@@ -8,6 +8,7 @@
 //   platte             a really full disk at 36 fill levels (needs the right to mount)
 //   eigenschaften      what a rewritten file keeps; strangers under temporary names
 //   riesen             memory and time with huge files and lying lengths
+//   server             servers of the CD database that mean harm
 //
 // The last line counts the cases. The seed is the environment's SAAT, else 1.
 #include <cstdlib>
@@ -29,6 +30,7 @@
 
 #include "haerte/stoerung/pruefung.h"
 #include "haerte/stoerung/riesen.h"
+#include "haerte/stoerung/server.h"
 
 namespace liedwerk::haerte {
 namespace {
@@ -226,6 +228,8 @@ bool Teil(const Orte& Wo, Bericht& Wohin, const std::string& Name, const std::st
         });
     } else if (Name == "riesen") {
         RiesenPrüfen(Wo, Wohin);
+    } else if (Name == "server") {
+        ServerPrüfen(Wo, Wohin);
     } else {
         return false;
     }

@@ -59,7 +59,7 @@ std::vector<std::string> Umgebung(const Orte& Wo, const Störung& Wie, const std
                                       "XDG_CACHE_HOME=" + Heim + "/cache",
                                       "XDG_RUNTIME_DIR=" + Heim + "/lauf",
                                       "LD_PRELOAD=" + Wo.Vorlader,
-                                      "STOERUNG_ORDNER=" + Wo.Welt,
+                                      "STOERUNG_ORDNER=" + (Wie.Überall ? "/" : Wo.Welt),
                                       "STOERUNG_PROTOKOLL=" + Protokoll};
     if (Wie.Ruf > 0) Werte.push_back("STOERUNG_RUF=" + std::to_string(Wie.Ruf));
     if (!Wie.Art.empty()) Werte.push_back("STOERUNG_ART=" + Wie.Art);
@@ -67,6 +67,7 @@ std::vector<std::string> Umgebung(const Orte& Wo, const Störung& Wie, const std
     if (!Wie.Grenze.empty()) Werte.push_back("STOERUNG_GRENZE=" + Wie.Grenze);
     if (Wie.Pause > 0) Werte.push_back("STOERUNG_PAUSE=" + std::to_string(Wie.Pause));
     if (Wie.Saat > 0) Werte.push_back("STOERUNG_SAAT=" + std::to_string(Wie.Saat % 1'000'000'007));
+    if (Wie.Namensdauer > 0) Werte.push_back("STOERUNG_NAMEN=" + std::to_string(Wie.Namensdauer));
     if (Wie.Raffer > 0) Werte.push_back("STOERUNG_RAFFER=" + std::to_string(Wie.Raffer));
     return Werte;
 }
@@ -88,7 +89,10 @@ void Umlenken(const std::string& Datei, int Griff) {
 
 Gestarteter::Gestarteter(const Orte& Wo, const std::vector<std::string>& Befehl, const Störung& Wie,
                          int Kennung)
-    : Anfang(Wo.Ablage + "/" + std::to_string(Kennung)), Beginn(Jetzt()), TötenNach(Wie.TötenNach) {
+    : Anfang(Wo.Ablage + "/" + std::to_string(Kennung)),
+      Beginn(Jetzt()),
+      TötenNach(Wie.TötenNach),
+      AbbruchNach(Wie.AbbruchNach) {
     std::filesystem::remove(Anfang + ".rufe");
     std::vector<std::string> Worte = Befehl;
     std::vector<std::string> Werte = Umgebung(Wo, Wie, Anfang + ".rufe");
@@ -111,11 +115,17 @@ Laufergebnis Gestarteter::Abwarten(std::int64_t Höchstens) {
     rusage Verbrauch{};
     while (::wait4(Prozess, &Stand, WNOHANG, &Verbrauch) == 0) {
         const std::int64_t Seitdem = Jetzt() - Beginn;
+        if (AbbruchNach >= 0 && Seitdem >= AbbruchNach && Ergebnis.SeitAbbruch < 0) {
+            ::kill(Prozess, SIGINT);
+            Ergebnis.SeitAbbruch = Seitdem;
+        }
         if (Seitdem > Höchstens) Ergebnis.Hängt = true;
         if (Ergebnis.Hängt || (TötenNach >= 0 && Seitdem >= TötenNach)) ::kill(Prozess, SIGKILL);
-        std::this_thread::sleep_for(std::chrono::microseconds(200));
+        // Long runs go side by side, and looking at them must not hold them up.
+        std::this_thread::sleep_for(std::chrono::microseconds(Seitdem < 1'000'000 ? 200 : 5000));
     }
     Ergebnis.Dauer = Jetzt() - Beginn;
+    if (Ergebnis.SeitAbbruch >= 0) Ergebnis.SeitAbbruch = Ergebnis.Dauer - Ergebnis.SeitAbbruch;
     if (WIFEXITED(Stand)) Ergebnis.Status = WEXITSTATUS(Stand);
     if (WIFSIGNALED(Stand)) Ergebnis.Signal = WTERMSIG(Stand);
     Ergebnis.Höchststand = Verbrauch.ru_maxrss;

@@ -30,8 +30,11 @@ struct Störung {
     std::string Grenze;
     long Pause = 0;  // microseconds
     std::uint64_t Saat = 0;
-    long Raffer = 1000;           // waiting takes so many times less
-    std::int64_t TötenNach = -1;  // microseconds until SIGKILL from outside; below 0: never
+    long Raffer = 1000;             // waiting takes so many times less
+    std::int64_t TötenNach = -1;    // microseconds until SIGKILL from outside; below 0: never
+    std::int64_t AbbruchNach = -1;  // the same for one SIGINT
+    bool Überall = false;           // calls on names outside the world count as well
+    long Namensdauer = 0;           // seconds that the look-up of a host's name takes
 };
 
 struct Laufergebnis {
@@ -41,9 +44,10 @@ struct Laufergebnis {
     std::string Ausgabe;
     std::string Meldungen;  // standard error
     std::vector<Rufzeile> Rufe;
-    std::int64_t Dauer = 0;        // microseconds
-    std::int64_t Höchststand = 0;  // KiB of memory
-    std::int64_t Rechenzeit = 0;   // microseconds of processor time
+    std::int64_t Dauer = 0;         // microseconds
+    std::int64_t SeitAbbruch = -1;  // of these behind the SIGINT; below 0: it had ended before
+    std::int64_t Höchststand = 0;   // KiB of memory
+    std::int64_t Rechenzeit = 0;    // microseconds of processor time
     bool Gelungen() const { return Status == 0; }
 };
 
@@ -68,6 +72,7 @@ class Gestarteter {
     std::string Anfang;  // of the names of outputs
     std::int64_t Beginn;
     std::int64_t TötenNach;
+    std::int64_t AbbruchNach;
     int Prozess = -1;
 };
 

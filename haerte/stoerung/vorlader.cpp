@@ -1,7 +1,7 @@
 // A library to be loaded in front of the C library (LD_PRELOAD): counts the calls by which a program changes
 // files below a folder, and disturbs one of them, or all from one on. What it does stands in the environment:
 //
-//   STOERUNG_ORDNER     only calls on names below this folder count; without it nothing happens
+//   STOERUNG_ORDNER     only calls on names below this folder count, "/": on any name; without it none do
 //   STOERUNG_RUF        1-based number of the call that is disturbed; 0 or missing: none
 //   STOERUNG_ART        the errno of the answer as a number, or "halb" (a write writes half), "halbvoll"
 //   (half,
@@ -12,8 +12,13 @@
 //   STOERUNG_GRENZE     a folder that counts as another file system: renames into or out of it give EXDEV
 //   STOERUNG_PAUSE      each counted call waits up to so many microseconds first; STOERUNG_SAAT seeds that
 //   STOERUNG_RAFFER     sleeping takes so many times less; the monotonic clock jumps ahead by the rest
+//   STOERUNG_NAMEN      the look-up of a host's name takes so many seconds
+//
+// The protocol also tells of connections over the internet's protocols: "0 verbunden 0 address:port" and,
+// when one is closed, "0 empfangen bytes".
 //
 // Flushing is answered without waiting for the disk: nothing here survives a loss of power anyway.
+#include <arpa/inet.h>
 #include <atomic>
 #include <cerrno>
 #include <climits>
@@ -23,7 +28,10 @@
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
+#include <dlfcn.h>
 #include <fcntl.h>
+#include <netdb.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/uio.h>
@@ -83,6 +91,7 @@ __attribute__((constructor)) void Einrichten() {
 
 bool Darunter(const char* Pfad, const char* Ordner) {
     if (Pfad == nullptr || Ordner == nullptr) return false;
+    if (std::strcmp(Ordner, "/") == 0) return true;
     const std::size_t Länge = std::strlen(Ordner);
     return std::strncmp(Pfad, Ordner, Länge) == 0 && (Pfad[Länge] == '/' || Pfad[Länge] == '\0');
 }
@@ -175,6 +184,53 @@ int Öffnen(int Ordner, const char* Pfad, int Weise, mode_t Rechte) {
     return Griff;
 }
 
+// Each connection: one more than the bytes that came, so that 0 stands for none.
+std::atomic<long> Verbindungen[HöchsterGriff];
+
+void Notieren(const char* Name, long Zahl, const char* Text) {
+    char Zeile[256];
+    const int Vorher = errno;
+    const int Länge = std::snprintf(Zeile, sizeof Zeile, "0\t%s\t%ld\t%s\n", Name, Zahl, Text);
+    if (P.Protokoll >= 0) syscall(SYS_write, P.Protokoll, Zeile, Länge);
+    errno = Vorher;
+}
+
+void Verbunden(int Griff, const sockaddr* Ziel) {
+    char Adresse[INET6_ADDRSTRLEN] = "";
+    char Text[INET6_ADDRSTRLEN + 8];
+    int Port = 0;
+    if (Ziel->sa_family == AF_INET) {
+        const auto* const Ort = reinterpret_cast<const sockaddr_in*>(Ziel);
+        inet_ntop(AF_INET, &Ort->sin_addr, Adresse, sizeof Adresse);
+        Port = ntohs(Ort->sin_port);
+    } else if (Ziel->sa_family == AF_INET6) {
+        const auto* const Ort = reinterpret_cast<const sockaddr_in6*>(Ziel);
+        inet_ntop(AF_INET6, &Ort->sin6_addr, Adresse, sizeof Adresse);
+        Port = ntohs(Ort->sin6_port);
+    } else {
+        return;
+    }
+    std::snprintf(Text, sizeof Text, "%s:%d", Adresse, Port);
+    Notieren("verbunden", 0, Text);
+    if (Griff >= 0 && Griff < HöchsterGriff && Verbindungen[Griff] == 0) Verbindungen[Griff] = 1;
+}
+
+ssize_t Empfangen(int Griff, ssize_t Anzahl) {
+    if (Anzahl > 0 && Griff >= 0 && Griff < HöchsterGriff && Verbindungen[Griff] > 0)
+        Verbindungen[Griff] += Anzahl;
+    return Anzahl;
+}
+
+void Getrennt(int Griff) {
+    const long Zahl = Griff >= 0 && Griff < HöchsterGriff ? Verbindungen[Griff].exchange(0) : 0;
+    if (Zahl > 0) Notieren("empfangen", Zahl - 1, "");
+}
+
+__attribute__((destructor)) void Abrechnen() {
+    for (int Griff = 0; Griff < HöchsterGriff; ++Griff)
+        Getrennt(Griff);
+}
+
 bool ÜberGrenze(const char* Alt, const char* Neu) {
     return P.Grenze != nullptr && Darunter(Alt, P.Grenze) != Darunter(Neu, P.Grenze);
 }
@@ -225,7 +281,19 @@ int openat(int Ordner, const char* Pfad, int Weise, ...) {
 int openat64(int Ordner, const char* Pfad, int Weise, ...) {
     MIT_RECHTEN(Öffnen(Ordner, Pfad, Weise | O_LARGEFILE, R));
 }
+int connect(int Griff, const sockaddr* Ziel, socklen_t Länge) {
+    Verbunden(Griff, Ziel);
+    return static_cast<int>(syscall(SYS_connect, Griff, Ziel, Länge));
+}
+ssize_t read(int Griff, void* Bytes, size_t Anzahl) {
+    return Empfangen(Griff, syscall(SYS_read, Griff, Bytes, Anzahl));
+}
+ssize_t recv(int Griff, void* Bytes, size_t Anzahl, int Weise) {
+    const ssize_t Menge = syscall(SYS_recvfrom, Griff, Bytes, Anzahl, Weise, nullptr, nullptr);
+    return (Weise & MSG_PEEK) != 0 ? Menge : Empfangen(Griff, Menge);
+}
 int close(int Griff) {
+    Getrennt(Griff);
     const auto Tun = [&] { return syscall(SYS_close, Griff); };
     if (Griff < 0 || Griff >= HöchsterGriff || !Schreibend[Griff].exchange(false))
         return static_cast<int>(Tun());
@@ -331,6 +399,17 @@ int utimensat(int Ordner, const char* Pfad, const timespec* Zeiten, int Weise) n
     return static_cast<int>(Ruf("utimensat", Pfad).Ausführen([&] {
         return syscall(SYS_utimensat, Ordner, Pfad, Zeiten, Weise);
     }));
+}
+
+int getaddrinfo(const char* Wirt, const char* Dienst, const addrinfo* Wunsch, addrinfo** Ergebnis) {
+    if (const long Sekunden = Zahl("STOERUNG_NAMEN"); Sekunden > 0) {
+        const timespec Dauer{Sekunden, 0};
+        syscall(SYS_nanosleep, &Dauer, nullptr);
+        return EAI_AGAIN;
+    }
+    using Tun = int(const char*, const char*, const addrinfo*, addrinfo**);
+    static const auto Echt = reinterpret_cast<Tun*>(dlsym(RTLD_NEXT, "getaddrinfo"));
+    return Echt(Wirt, Dienst, Wunsch, Ergebnis);
 }
 
 int nanosleep(const timespec* Dauer, timespec* Rest) {

@@ -13,8 +13,8 @@ namespace liedwerk {
 
 // What a reply may cost. A server that goes beyond is left; nothing of its reply is used.
 struct Httpgrenzen {
-    std::size_t Inhalt = std::size_t{1} << 20;  // bytes of the body
-    std::size_t Kopf = std::size_t{64} << 10;   // bytes of the status line and all header fields
+    std::size_t Gesamt = std::size_t{1} << 20;  // bytes of the whole reply, as they are sent
+    std::size_t Kopf = std::size_t{64} << 10;   // bytes of these in status lines and header fields
     std::chrono::milliseconds Gesamtdauer{
         16'000};  // of each request; two of them answer a question about a CD
 };

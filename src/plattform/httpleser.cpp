@@ -33,7 +33,7 @@ std::size_t Kopfende(std::string_view Text) {
 
 bool Httpleser::Aufnehmen(std::string_view Bytes) {
     if (Jetzt == Lage::Fertig) return true;
-    if (Jetzt != Lage::Kopf) Inhaltsgröße += Bytes.size();
+    Empfangen += Bytes.size();
     Rest += Bytes;
     if (Jetzt == Lage::Kopf) KopfLesen();
     if (Jetzt != Lage::Kopf && Jetzt != Lage::Fertig) {
@@ -42,8 +42,9 @@ bool Httpleser::Aufnehmen(std::string_view Bytes) {
         Rest.erase(0, Stelle);
         Stelle = 0;
         // What is complete within the bound counts, whatever came behind it.
-        const std::size_t Dahinter = Jetzt == Lage::Fertig ? Rest.size() : 0;
-        if (Inhaltsgröße - Dahinter > Grenzen.Inhalt) Scheitern(Httpfehler::Größe);
+        const bool Vollständig = Jetzt == Lage::Fertig;
+        if (Vollständig ? Empfangen - Rest.size() > Grenzen.Gesamt : Platz() == 0)
+            Scheitern(Httpfehler::Größe);
     }
     return Jetzt == Lage::Fertig;
 }
@@ -123,14 +124,13 @@ bool Httpleser::FeldLesen(std::string_view Zeile) {
 }
 
 void Httpleser::InhaltBeginnen() {
-    Inhaltsgröße = Rest.size();
     if (Antwort.Status == 204 || Antwort.Status == 304) {
         Jetzt = Lage::Fertig;
     } else if (Gestückelt) {
         Jetzt = Lage::Stückgröße;
     } else if (!LängeBekannt) {
         Jetzt = Lage::BisEnde;
-    } else if (Fehlend > Grenzen.Inhalt) {
+    } else if (Kopfgröße > Grenzen.Gesamt || Fehlend > Grenzen.Gesamt - Kopfgröße) {
         Scheitern(Httpfehler::Größe);
     } else {
         Jetzt = Lage::Länge;
@@ -191,7 +191,7 @@ bool Httpleser::ZeileNehmen(std::string_view& Zeile) {
 void Httpleser::StückgrößeLesen(std::string_view Zeile) {
     if (!Ziffern(OhneRand(Zeile.substr(0, Zeile.find(';'))), 16, Fehlend)) {
         Scheitern(Httpfehler::Antwort);
-    } else if (Fehlend > Grenzen.Inhalt) {
+    } else if (Fehlend > Grenzen.Gesamt) {
         Scheitern(Httpfehler::Größe);
     } else {
         Jetzt = Fehlend == 0 ? Lage::Nachspann : Lage::Stück;

@@ -1,6 +1,7 @@
 // Reading a reply of HTTP/1.x (RFC 9112) piece by piece, within bounds.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -9,14 +10,16 @@
 
 namespace liedwerk {
 
-// Takes the bytes of a connection as they come. What it holds never grows beyond the bounds: bytes of the
-// body count as they are sent, with the framing of their chunks.
+// Takes the bytes of a connection as they come. What it holds never grows beyond the bounds: bytes count as
+// they are sent, with all heads and the framing of chunks.
 class Httpleser {
   public:
     explicit Httpleser(const Httpgrenzen& Erlaubt) : Grenzen(Erlaubt) {}
 
     // True when nothing more is wanted: the reply is complete, or it has failed.
     bool Aufnehmen(std::string_view Bytes);
+    // How many more bytes the reply may have; above 0 until Aufnehmen says true.
+    std::size_t Platz() const { return Grenzen.Gesamt - std::min(Empfangen, Grenzen.Gesamt); }
     // The connection is at its end: a reply of unknown length is complete now, any other has failed.
     void Enden();
 
@@ -40,9 +43,9 @@ class Httpleser {
     Lage Jetzt = Lage::Kopf;
     std::string Rest;  // received; judged up to Stelle
     std::size_t Stelle = 0;
-    std::size_t Kopfgröße = 0;     // bytes of all heads: interim replies have one of their own
-    std::size_t Inhaltsgröße = 0;  // bytes behind the head
-    std::uint64_t Fehlend = 0;     // bytes to come of the body or of the present chunk
+    std::size_t Empfangen = 0;  // bytes of the connection
+    std::size_t Kopfgröße = 0;  // bytes of all heads: interim replies have one of their own
+    std::uint64_t Fehlend = 0;  // bytes to come of the body or of the present chunk
     bool LängeBekannt = false;
     bool Gestückelt = false;
 };

@@ -10,6 +10,8 @@ namespace liedwerk::test {
 namespace {
 
 using namespace std::chrono_literals;
+using werkzeuge::Einmal;
+using werkzeuge::Endlos;
 using werkzeuge::Server;
 using Leitung = Server::Leitung;
 
@@ -21,21 +23,6 @@ Httpantwort Holen(
     Httpgrenzen Grenzen;
     Grenzen.Gesamtdauer = Frist;
     return Qthttp(Grenzen).Anfragen({Url, {}, {}}, Weiter);
-}
-
-// Sends the beginning once and the rest over and over, as long as somebody listens.
-Server::Verhalten Endlos(std::string Anfang, std::string Rest, std::chrono::milliseconds Pause = 0ms) {
-    while (Pause == 0ms && Rest.size() < 30000)
-        Rest += Rest;
-    return [=](const std::string&, Leitung& Weg) {
-        Weg.Senden(Anfang);
-        while (Weg.Senden(Rest) && Weg.Warten(Pause)) {
-        }
-    };
-}
-
-Server::Verhalten Einmal(std::string Alles) {
-    return [=](const std::string&, Leitung& Weg) { Weg.Senden(Alles); };
 }
 
 TEST(Http, BöseServerWerdenVerlassen) {

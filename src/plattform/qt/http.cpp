@@ -37,7 +37,9 @@ struct Ziel {
 };
 
 Ziel ZielVon(const QUrl& Adresse) {
-    Ziel Weg{Adresse.host(), static_cast<quint16>(Adresse.port(Webport)), {}, {}, false};
+    Ziel Weg;
+    Weg.Wirt = Adresse.host();
+    Weg.Port = static_cast<quint16>(Adresse.port(Webport));
     const QNetworkProxy Erster =
         QNetworkProxyFactory::systemProxyForQuery(QNetworkProxyQuery(Adresse)).value(0);
     if (Erster.type() == QNetworkProxy::Socks5Proxy) {
@@ -122,6 +124,8 @@ Httpantwort Austauschen(const Auftrag& Ganzes) {
         for (qint64 Anzahl = 0; (Anzahl = Verbindung.read(Puffer, sizeof Puffer)) > 0;) {
             if (Leser.Aufnehmen({Puffer, static_cast<std::size_t>(Anzahl)})) return Schleife.quit();
         }
+        // Nothing is taken that the reply may not have.
+        Verbindung.setReadBufferSize(std::min(Lesegröße, static_cast<qint64>(Leser.Platz())));
     };
     qsizetype Versuchte = 0;
     bool Verbunden = false;
