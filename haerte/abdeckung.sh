@@ -15,12 +15,12 @@ set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/../werkzeuge/gemeinsam.sh"
 
 command -v llvm-cov-16 >/dev/null || scheitern "llvm-16 fehlt: apt-get install --no-install-recommends llvm-16"
-bauen fuzz
+bauen sanitizer liedwerk-demosammlung liedwerk-indexgenerator
 bauen abdeckung
 BAU="$WURZEL/build/abdeckung"
 PROGRAMM="$BAU/haerte/fuzz/liedwerk-fuzz"
 SAAT="$WURZEL/build/fuzz/saat"
-bash "$WURZEL/haerte/fuzz/saat.sh" "$SAAT" "$WURZEL/build/fuzz"
+bash "$WURZEL/haerte/fuzz/saat.sh" "$SAAT" "$WURZEL/build/sanitizer"
 rm -rf -- "$BAU/profile"
 mkdir "$BAU/profile"
 

@@ -4,7 +4,7 @@
 # with 1 when there was a finding. The corpus grows in build/fuzz/korpus from run to run; --sparen first drops
 # what adds no coverage. build/fuzz/ergebnis.txt says "gut" or "fund" for each target.
 #
-# A finding: LIEDWERK_FUZZ_ZIEL=<target> build/fuzz/haerte/fuzz/liedwerk-fuzz <file> shows it again. Once the
+# A finding: LIEDWERK_FUZZ_ZIEL=<target> build/sanitizer/haerte/fuzz/liedwerk-fuzz <file> shows it again. Once the
 # fault is mended, its (minimised) input goes to haerte/funde/<target>/, where every later run starts with it.
 set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/../werkzeuge/gemeinsam.sh"
@@ -17,12 +17,11 @@ fi
 export SEKUNDEN="${1:-3600}"
 if [ $# -gt 0 ]; then shift; fi
 
-command -v clang++-16 >/dev/null || scheitern "clang-16 fehlt: apt-get install --no-install-recommends clang-16 libclang-rt-16-dev"
-bauen fuzz
+bauen sanitizer liedwerk-fuzz liedwerk-demosammlung liedwerk-indexgenerator
 export BAU="$WURZEL/build/fuzz" FUNDE="$WURZEL/haerte/funde"
-export PROGRAMM="$BAU/haerte/fuzz/liedwerk-fuzz"
+export PROGRAMM="$WURZEL/build/sanitizer/haerte/fuzz/liedwerk-fuzz"
 export ASAN_OPTIONS=detect_leaks=1:allocator_may_return_null=0 UBSAN_OPTIONS=print_stacktrace=1
-bash "$WURZEL/haerte/fuzz/saat.sh" "$BAU/saat" "$BAU"
+bash "$WURZEL/haerte/fuzz/saat.sh" "$BAU/saat" "$WURZEL/build/sanitizer"
 
 if [ $# -gt 0 ]; then ZIELE=("$@"); else mapfile -t ZIELE < <("$PROGRAMM"); fi
 TMPDIR="$(mktemp -d -p /dev/shm liedwerk-fuzzen-XXXXXX)"

@@ -162,7 +162,7 @@ TEST_F(Schreiben, TonBleibtInJederFolgeVonÄnderungenGanz) {
     for (const std::string& Start :
          {Ton, V2 + Ton, "Vorspann" + V2 + Ton, Ton + V1, Ton + Text, V2 + Ton + Text + V1}) {
         const std::string Pfad = Anlegen("t.mp3", Start);
-        for (const std::size_t Länge : {20, 5, 900, 900, 0}) {
+        for (const std::size_t Länge : {20U, 5U, 900U, 900U, 0U}) {
             for (const Tagblock Block : AlleBlöcke) {
                 ASSERT_TRUE(Speichern(Pfad, Block, Fülle(Länge))) << Meldung;
                 const std::string Erst = Inhalt(Pfad);
@@ -312,7 +312,7 @@ TEST_F(Schreiben, RechteMerkmaleUndVerweiseBleiben) {
 
     const std::string Zweiter = (Ordner / "zweiter.mp3").string();
     fs::create_hard_link(Ziel, Zweiter);
-    for (const std::size_t Länge : {900, 3}) {
+    for (const std::size_t Länge : {900U, 3U}) {
         ASSERT_TRUE(Speichern(Verweis, Tagblock::Id3v2, Fülle(Länge))) << Meldung;
         ASSERT_TRUE(Speichern(Zweiter, Tagblock::Lyrics, Fülle(Länge))) << Meldung;
     }

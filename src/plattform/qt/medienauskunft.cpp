@@ -30,7 +30,7 @@
 namespace liedwerk {
 namespace {
 
-constexpr std::chrono::seconds Frist(10);
+constexpr std::chrono::seconds Lesefrist(10);
 
 // A file of ours as TagLib reads it: bounded by its real size, by time, and by what may be read of it in all.
 // A reader that gets no more bytes comes to its end.
@@ -82,7 +82,7 @@ class Lesestrom final : public TagLib::IOStream {
     std::string Name;
     Lesedatei Datei;
     unsigned long Stelle = 0;
-    std::chrono::steady_clock::time_point Ende = std::chrono::steady_clock::now() + Frist;
+    std::chrono::steady_clock::time_point Ende = std::chrono::steady_clock::now() + Lesefrist;
 };
 
 // TagLib tells the world about broken files on standard error, unless somebody listens.
@@ -163,7 +163,7 @@ TaglibAuskunft::TaglibAuskunft() {
 
 std::optional<Medienangaben> TaglibAuskunft::Lesen(std::string_view Pfad,
                                                    const std::function<bool()>& Weiter) const {
-    return InFristLesen([Pfad = std::string(Pfad)] { return DateiBefragen(Pfad); }, Frist, Weiter);
+    return InFristLesen([Pfad = std::string(Pfad)] { return DateiBefragen(Pfad); }, Lesefrist, Weiter);
 }
 
 std::optional<Medienangaben> InFristLesen(std::function<std::optional<Medienangaben>()> Arbeit,

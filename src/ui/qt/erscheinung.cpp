@@ -82,7 +82,7 @@ QPalette Programmpalette(const QPalette& Desktop, const Einstellungen& Werte) {
     const QColor Listenschrift = FarbeOder(Werte.FarbeListen, SchriftAuf(Listengrund));
     const QColor Rahmen = FarbeOder(Werte.FarbeRahmen, Mischung(Schrift, Grund, 3));
     const QColor Wahl = FarbeOder(Werte.FarbeÜberschriftHintergrund, Desktop.color(QPalette::Highlight));
-    const QColor Besucht = FarbeOder(Werte.FarbeFunktionenBesucht, Schrift);
+    const QColor Besuchtes = FarbeOder(Werte.FarbeFunktionenBesucht, Schrift);
     QPalette Palette(Schrift, Grund, Mischung(Grund, Qt::white, 8), Rahmen, Rahmen, Schrift, Listengrund);
     Palette.setColor(QPalette::Text, Listenschrift);
     Palette.setColor(QPalette::AlternateBase, Mischung(Listenschrift, Listengrund, 1));
@@ -96,8 +96,8 @@ QPalette Programmpalette(const QPalette& Desktop, const Einstellungen& Werte) {
     Palette.setColor(QPalette::Shadow, Rahmen);
     Palette.setColor(QPalette::Highlight, Wahl);
     Palette.setColor(QPalette::HighlightedText, FarbeOder(Werte.FarbeÜberschrift, SchriftAuf(Wahl)));
-    Palette.setColor(QPalette::Link, Besucht);
-    Palette.setColor(QPalette::LinkVisited, Besucht);
+    Palette.setColor(QPalette::Link, Besuchtes);
+    Palette.setColor(QPalette::LinkVisited, Besuchtes);
     for (const auto Rolle : {QPalette::WindowText, QPalette::ButtonText})
         Palette.setColor(QPalette::Disabled, Rolle, Mischung(Schrift, Grund, 5));
     Palette.setColor(QPalette::Disabled, QPalette::Text, Mischung(Listenschrift, Listengrund, 5));
