@@ -249,8 +249,9 @@ TEST(Tagverzeichnis, GibtDieselbenSätzeWieDerGangDurchDenIndex) {
         // Half of the new records are read ahead; some of these and of the others change once more.
         EXPECT_FALSE(Verzeichnis.Vorbereiten(Index.Sätze, 20));
         for (int i = 0; i < 20; ++i)
-            Index.Sätze.Setzen(static_cast<Satznummer>(Zufall() % static_cast<unsigned>(Index.Sätze.Anzahl()) + 1), "/z",
-                               Zufälliger());
+            Index.Sätze.Setzen(
+                static_cast<Satznummer>(Zufall() % static_cast<unsigned>(Index.Sätze.Anzahl()) + 1), "/z",
+                Zufälliger());
         const Satznummer Anzahl = Index.IndexAnzahl();
         for (const std::string& Name : Namen) {
             for (Satznummer Ab = 1; Ab <= Anzahl; ++Ab) {
