@@ -1,8 +1,11 @@
 #!/usr/bin/env bash
 # fuzzen.sh [--sparen] [SEKUNDEN_JE_ZIEL] [ZIEL...]: builds the fuzz targets, makes their seeds and runs each
 # target for so long (default 3600 seconds), two at a time; without names all targets. Prints a table and ends
-# with 1 when there was a finding. The corpus grows in build/fuzz/korpus from run to run; --sparen first drops
-# what adds no coverage. build/fuzz/ergebnis.txt says "gut" or "fund" for each target.
+# with 1 when there was a finding. The corpus grows in build/fuzz/korpus from run to run; it begins with
+# haerte/korpus.tar.xz, and whenever that is another one, it is added. --sparen first drops what adds no coverage.
+# build/fuzz/ergebnis.txt says "gut" or "fund" for each target.
+#
+# fuzzen.sh --sichern [ORDNER...]: makes haerte/korpus.tar.xz anew from build/fuzz/korpus and further such folders.
 #
 # A finding: LIEDWERK_FUZZ_ZIEL=<target> build/sanitizer/haerte/fuzz/liedwerk-fuzz <file> shows it again. Once the
 # fault is mended, its (minimised) input goes to haerte/funde/<target>/, where every later run starts with it.
@@ -10,19 +13,25 @@ set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/../werkzeuge/gemeinsam.sh"
 
 SPAREN=0
-if [ "${1:-}" = --sparen ]; then
-    SPAREN=1
-    shift
-fi
-export SEKUNDEN="${1:-3600}"
-if [ $# -gt 0 ]; then shift; fi
+SICHERN=0
+case "${1:-}" in
+    --sparen) SPAREN=1 && shift ;;
+    --sichern) SICHERN=1 && shift ;;
+esac
 
 bauen sanitizer liedwerk-fuzz liedwerk-demosammlung liedwerk-indexgenerator
 export BAU="$WURZEL/build/fuzz" FUNDE="$WURZEL/haerte/funde"
 export PROGRAMM="$WURZEL/build/sanitizer/haerte/fuzz/liedwerk-fuzz"
 export ASAN_OPTIONS=detect_leaks=1:allocator_may_return_null=0 UBSAN_OPTIONS=print_stacktrace=1
 bash "$WURZEL/haerte/fuzz/saat.sh" "$BAU/saat" "$WURZEL/build/sanitizer"
+bash "$WURZEL/haerte/fuzz/korpus.sh" auspacken "$BAU/korpus"
 
+if [ "$SICHERN" -eq 1 ]; then
+    bash "$WURZEL/haerte/fuzz/korpus.sh" sichern "$BAU" "$@"
+    exit
+fi
+export SEKUNDEN="${1:-3600}"
+if [ $# -gt 0 ]; then shift; fi
 if [ $# -gt 0 ]; then ZIELE=("$@"); else mapfile -t ZIELE < <("$PROGRAMM"); fi
 TMPDIR="$(mktemp -d -p /dev/shm liedwerk-fuzzen-XXXXXX)"
 export TMPDIR

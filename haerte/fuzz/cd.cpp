@@ -1,5 +1,6 @@
 // Audio CDs: xmcd text, the replies of the CD database and of HTTP, images of discs.
 #include <algorithm>
+#include <deque>
 #include <filesystem>
 
 #include "basis/text.h"
@@ -10,7 +11,6 @@
 #include "plattform/httpleser.h"
 #include "plattform/linux/ordner.h"
 #include "plattform/speicher/cdlaufwerke.h"
-#include "plattform/speicher/netz.h"
 #include "plattform/speicher/person.h"
 
 namespace liedwerk::fuzz {
@@ -43,6 +43,49 @@ class Titelordner final : public Ordnerleser {
     }
 };
 
+// Everything of a record that its xmcd text holds.
+std::string Angaben(const CDDaten& Daten) {
+    std::string Alles = Daten.Album + "|" + Daten.Interpret + "|" + Daten.Kategorie + "|" + Daten.Jahr + "|" +
+                        Daten.Erweitert + "|" + std::to_string(Daten.ID3Genre);
+    for (const CDTitel& Titel : Daten.Titel)
+        Alles += "|" + Titel.Titel;
+    return Alles;
+}
+
+// A line of free text that is too long for a line of xmcd becomes two.
+bool HatLangeZeile(const CDDaten& Daten) {
+    const auto Zeilen = Teilen(Daten.Erweitert, "\r\n");
+    return std::ranges::any_of(Zeilen, [](const std::string& Zeile) { return Zeile.size() > 200; });
+}
+
+// A server by script: a letter for each request says how it ends.
+class Skriptnetz final : public Http {
+  public:
+    explicit Skriptnetz(std::string_view Ablauf) : Ausgänge(Ablauf) {}
+    std::deque<std::string> Antworten;
+    std::vector<Httpanfrage> Gestellt;
+
+    Httpantwort Anfragen(const Httpanfrage& Anfrage, const std::function<bool()>& Weiter) override {
+        const char Ausgang = Gestellt.size() < Ausgänge.size() ? Ausgänge[Gestellt.size()] : ' ';
+        Gestellt.push_back(Anfrage);
+        std::string Inhalt;
+        if (!Antworten.empty()) {
+            Inhalt = std::move(Antworten.front());
+            Antworten.pop_front();
+        }
+        if (!Weiter()) return {Httpfehler::Abgebrochen, {}, 0, {}};
+        if (Ausgang >= 'A' && Ausgang <= 'H') {
+            // What the system says of it may be anything.
+            return {static_cast<Httpfehler>(Ausgang - 'A' + 1), Inhalt, 0, {}};
+        }
+        if (Ausgang == 'u') return {Httpfehler::Keiner, {}, 302, "<html>", Inhalt};
+        return {Httpfehler::Keiner, {}, Ausgang == '4' ? 404 : 200, Inhalt};
+    }
+
+  private:
+    std::string Ausgänge;
+};
+
 Httpantwort HttpGelesen(std::string_view Eingabe, std::size_t Stück) {
     Httpleser Leser({1000, 400, std::chrono::milliseconds(1000)});
     bool Fertig = false;
@@ -59,26 +102,52 @@ Httpantwort HttpGelesen(std::string_view Eingabe, std::size_t Stück) {
 void XmcdPrüfen(std::string_view Eingabe) {
     if (Eingabe.empty()) return;
     const CDDaten Daten = XmcdGelesen(Eingabe);
-    // A line of free text that is too long for a line of xmcd becomes two.
-    const auto Zeilen = Teilen(Daten.Erweitert, "\r\n");
-    if (std::ranges::any_of(Zeilen, [](const std::string& Zeile) { return Zeile.size() > 200; })) return;
+    if (HatLangeZeile(Daten)) return;
     const std::string Text = CDDBTextErstellen(Daten, Programm);
     const std::string Bytes = XmcdBytesVonText(Text);
     Gleich("Der Text kommt aus der Datei wieder", Text, XmcdTextVonBytes(Bytes));
     const CDDaten Wieder = XmcdGelesen(Bytes);
     Gleich("Das zweite Schreiben gibt denselben Text", Text, CDDBTextErstellen(Wieder, Programm));
-    const auto Angaben = [](const CDDaten& Eine) {
-        std::string Alles = Eine.Album + "|" + Eine.Interpret + "|" + Eine.Kategorie + "|" + Eine.Jahr + "|" +
-                            Eine.Erweitert + "|" + std::to_string(Eine.ID3Genre);
-        for (const CDTitel& Titel : Eine.Titel)
-            Alles += "|" + Titel.Titel;
-        return Alles;
-    };
     Gleich("Die Daten der CD kommen wieder", Angaben(Daten), Angaben(Wieder));
 }
 
+void CDSpeicherPrüfen(std::string_view Eingabe) {
+    namespace fs = std::filesystem;
+    const std::string Ordner = Ablage() + "/cdspeicher";
+    fs::remove_all(Ordner);
+    fs::create_directory(Ordner);
+    constexpr std::string_view ID = "8a0b2c0d";
+    // The second name is that of another system, in capitals.
+    DateiLegen("cdspeicher/8a0b2c0d.dat", "lwifcddb1\r\n" + std::string(Eingabe));
+    DateiLegen("cdspeicher/8A0B2C0E.DAT", Eingabe);
+    const Systemordnerleser Leser;
+    speicher::Protokollliste Log;
+    const CDSpeicherumgebung Umgebung{Ordner, Leser, Log, std::string(Programm)};
+    for (const CDEintrag& Eintrag : CDDBCDsSuchen(Umgebung))
+        Fordern(CDZeilentext(Eintrag).find_first_of("\r\n") == std::string::npos, "Eine CD ist eine Zeile");
+
+    CDStand Stand;
+    if (CDDBCDLesen(Stand, Umgebung, "8a0b2c0e", true))
+        Fordern(Stand.CDDBZuletztID == "8a0b2c0e", "Was gelesen wurde, ist gemerkt");
+    Stand = {};
+    Fordern(CDDBCDLesen(Stand, Umgebung, ID, true), "Eine Datei mit unserem Kopf wird gelesen");
+    if (HatLangeZeile(Stand.Daten)) return;
+    const CDDaten Gelesen = Stand.Daten;
+    if (!CDDBCDSpeichern(Stand, Umgebung, ID, Gelesen)) return;  // nothing in it
+    const std::string Einmal = DateiInhalt(CDDatei(Umgebung, ID));
+    CDStand Wieder;
+    Fordern(CDDBCDLesen(Wieder, Umgebung, ID, true), "Was geschrieben wurde, wird gelesen");
+    Gleich("Die Daten der CD kommen wieder", Angaben(Gelesen), Angaben(Wieder.Daten));
+    const CDDaten Zweite = Wieder.Daten;
+    Fordern(CDDBCDSpeichern(Wieder, Umgebung, ID, Zweite), "Das zweite Schreiben gelingt");
+    Gleich("Das zweite Schreiben schreibt dieselben Bytes", Einmal, DateiInhalt(CDDatei(Umgebung, ID)));
+    Fordern(CDDBCDLöschen(Wieder, Umgebung, ID) && Wieder.CDDBZuletztID.empty(),
+            "Eine CD lässt sich löschen");
+}
+
 void CddbPrüfen(std::string_view Eingabe) {
-    const auto Teile = Stücke(Eingabe, 3);
+    // Three replies, how the requests end, the row that is chosen, server and mail address, what was entered.
+    const auto Teile = Stücke(Eingabe, 8);
     namespace fs = std::filesystem;
     const std::string Ordner = Ablage() + "/cddb";
     fs::remove_all(Ordner);
@@ -86,26 +155,37 @@ void CddbPrüfen(std::string_view Eingabe) {
 
     speicher::CDs CDs;
     CDs.Liste["/cd"] = {0, {}, {{150, false}, {15000, false}, {60000, false}}, 210000};
-    speicher::Netz Netz;
-    for (const std::string_view Teil : Teile)
+    Skriptnetz Netz(Teile[3]);
+    for (const std::string_view Teil : {Teile[0], Teile[1], Teile[2]})
         Netz.Antworten.emplace_back(Teil);
     speicher::Person Person;
     speicher::Protokollliste Log;
     const Titelordner Leser;
     Einstellungen Werte;
-    Werte.CDDBServer = "cd.example";
-    Werte.CDDBEmail = "anna@example.org";
+    Werte.CDDBServer = Teile[5].empty() ? "cd.example" : Teile[5];
+    Werte.CDDBEmail = Teile[6].empty() ? "anna@example.org" : Teile[6];
+    const auto Wählen = [&](const std::vector<std::string>& Zeilen) {
+        for (const std::string& Zeile : Zeilen)
+            Fordern(Zeile.find_first_of("\r\n") == std::string::npos, "Ein Angebot ist eine Zeile");
+        return Teile[4].empty() ? Zeilen.size() : Teile[4].size() - 1;
+    };
     const CDDBUmgebung Umgebung{
         {CDs, {Ordner + "/CDDB", Leser, Log, std::string(Programm)}, [](std::string_view) { return true; }},
         Werte,
         &Netz,
         Person,
-        [](const std::vector<std::string>& Zeilen) { return Zeilen.size(); }};
+        Wählen};
     CDStand Stand;
+    CDDaten Eingaben = XmcdGelesen(Teile[7]);
     const CDDBWunsch Fragen{.Speichern = true, .Abfragen = true};
     CDDBStart(Stand, Umgebung, "/cd", Fragen);
-    const CDDBWunsch Senden{.Senden = true};
+    const CDDBWunsch Senden{.Senden = true, .Probe = Teile[4].empty()};
     CDDBStart(Stand, Umgebung, "/cd", Senden);
+    if (!Teile[7].empty()) {
+        Eingaben.ID = Stand.Daten.ID;
+        const CDDBWunsch Eigene{.Senden = true, .Eingaben = &Eingaben};
+        CDDBStart(Stand, Umgebung, "/cd", Eigene);
+    }
 
     for (const Httpanfrage& Anfrage : Netz.Gestellt) {
         Fordern(std::ranges::all_of(Anfrage.Url, [](char Byte) { return Byte > 0x20 && Byte < 0x7F; }),

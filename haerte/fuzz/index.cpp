@@ -2,41 +2,13 @@
 #include <filesystem>
 
 #include "basis/text.h"
-#include "fuzz/ziel.h"
+#include "fuzz/indexwelt.h"
 #include "index/felderaustausch.h"
 #include "index/indexinhalt.h"
-#include "index/schreiber.h"
-#include "plattform/linux/ordner.h"
-#include "plattform/speicher/person.h"
-#include "plattform/speicher/welt.h"
 #include "suche/spaltenlayout.h"
 
 namespace liedwerk::fuzz {
 namespace {
-
-// A load or save with everything around it.
-struct Indexwelt {
-    Katalog Index;
-    Einstellungen Werte;
-    speicher::Person Person;
-    speicher::Protokollliste Log;
-    speicher::StehendeUhr Uhr;
-    Systemordnerleser Ordner;
-    Indexumgebung Umgebung{Person, Log, Uhr, Ordner, Ablage(), {}, {}};
-
-    Indexwelt() { Werte.BackupsSpeichern = 0; }
-    bool Laden(const std::string& Datei) {
-        const auto Ergebnis = DateiLaden(Index, Werte, Umgebung, Datei, false, true, 1);
-        Index.Programmmodus = static_cast<std::int16_t>(Ergebnis);
-        Werte.BackupsSpeichern = 0;
-        return Ergebnis == Ladeergebnis::Index;
-    }
-    std::string Speichern(const std::string& Datei) {
-        Fordern(DateiSpeichern(Index, Werte, Umgebung, Datei, false) == Speicherergebnis::Gespeichert,
-                "Ein geladener Index lässt sich speichern");
-        return DateiInhalt(Datei);
-    }
-};
 
 void SätzeVergleichen(std::string_view Regel, const Satzspeicher& A, const Satzspeicher& B) {
     Gleich(Regel, std::to_string(A.Anzahl()), std::to_string(B.Anzahl()));

@@ -66,6 +66,16 @@ klangdateien() {
     printf '\377\373\220\0%036dXing\0\0\0\001\0\0\020\0' 0 | tr 0 '\0' | saat klang xing
 }
 
+# indexzeile ART WERT...: a line of an index file with the lengths of its values.
+indexzeile() {
+    local art="$1" laengen="" wert LC_ALL=C
+    shift
+    for wert in "$@"; do
+        if [ -n "$wert" ]; then laengen+="${#wert}/"; else laengen+="/"; fi
+    done
+    printf '#%s:%s|%s\r\n' "$art" "$laengen" "$(printf '%s' "$@")"
+}
+
 indexe() {
     local nummer version
     for nummer in 1 2 3; do
@@ -83,6 +93,20 @@ indexe() {
     printf '%s\r\n' '#indexfelder11' '#TAG:1/1/19/4/1|a201.02.2003 04:05:06Text7' \
         '#TAG:8/1/19//1|/m/b.mp3301.02.2003 04:05:068' '#TAG:8/1/10/2/2/3|C:\c.mp3101.02.2003ab10neu' |
         saat felderaustausch felder
+    # Reminders of each kind; records whose lines are alike.
+    {
+        printf '#TAG:lw102\r\n'
+        indexzeile TERMIN Test Musik 1 '01.02.2030 10:00:00' '' '01.02.2003 10:00:00' '01.01.2003 10:00:00' d 2 0 Hallo ''
+        indexzeile TERMIN Einmal '' 1 '' '' '01.02.2003 10:00:00' '' '' '' 5 '' /bin/fehlt
+        indexzeile TERMIN Monat '' 1 '' '31.01.2026 10:00:00' '31.01.2020 10:00:00' '' m 1 0 '' ''
+        indexzeile TERMIN Falsch '' 1 '' '' morgen '' y 1
+        indexzeile TERMIN Bald '' 1 '' '' '31.12.2999 10:00:00' '' h 30000
+        indexzeile TAG /m/b.mp3 Album Wer viel 17 Was 3 1999 1000 CD1 128 61 44100
+        indexzeile TAG /n/b.mp3 Album Wer viel 17 Was 3 1999 1000 CD1 128 61 44100
+        indexzeile TAG /n/a.mp3 '' '' '' '' '' '' '' 1000 '' '' 61
+    } | saat index bestand
+    mkdir -p "$ORDNER/bestand"
+    cp "$ORDNER"/index/* "$ORDNER/bestand/"
 }
 
 # The table of the settings as a file of them.
@@ -116,6 +140,13 @@ cds() {
     printf "$satz" | saat xmcd satz
     printf '210 rock 8a0b2c0d ok\r\nDTITLE=A / B\nTTITLE0=\303\244 / b\r.\r\n' | saat xmcd antwort
     printf "200 rock 8a0b2c0d Wer / Was\r\n\000210 rock 8a0b2c0d ok\r\n$satz.\r\n\000200 gut" | saat cddb genau
+    printf "$satz" | saat cdspeicher satz
+    printf "lwifcddb1\r\n$satz" | saat cdspeicher mit-kopf
+    printf '500 schlecht\0\0\000DE4uA' | saat cddb fehler
+    printf 'http://anderswo.example:80/x?y\0ftp://x\0\000uuu' | saat cddb umgeleitet
+    printf "211 aehnlich\r\nrock 8a0b2c0d A / B\r\nmisc 8a0b2c0e C / D\r\n.\r\n\000210 misc 8a0b2c0e ok\r\n$satz.\r\n\000500 schlecht\000\0001\000http://x.example:8080/\000a@b@c.de\000$satz" |
+        saat cddb eingaben
+    printf "200 rock 8a0b2c0d A / B\r\n\000210 rock 8a0b2c0d ok\r\n$satz.\r\n\000200 gut\000\0001\000\000\000$satz" | saat cddb senden
     printf "211 aehnlich\r\nrock 8a0b2c0d A / B\r\nmisc 8a0b2c0e C / D\r\n.\r\n\000210 misc 8a0b2c0e ok\r\n$satz.\r\n\000500 schlecht" |
         saat cddb auswahl
     printf '202 nichts' | saat cddb nichts
@@ -154,6 +185,16 @@ listen() {
     printf '\00712\n@x\0alt\0neu' | saat rettung falsch
 }
 
+# What a player tells, and lists of addresses.
+nachbarn() {
+    printf 'file:///m/Wer%%20-%%20Was.mp3\0Was\0Wer\000301000000\0Was' | saat spieler adresse
+    printf 'file://rechner/m/100%%.mp3\0\0\0/org/x/1\0wer' | saat spieler name
+    printf '/m/a b.mp3\0Straße\0Ärger\tZwei\0-1\0STRASSE' | saat spieler pfad
+    printf '# von Hand\r\nfile:///m/a%%20b.mp3\r\nhttp://x/y\r\nfile:///C:/x/y.mp3\r\n' | saat ablage adressen
+    printf 'file:/m/\303\244\n file://rechner/m/%%41%%\n/m/x' | saat ablage formen
+    printf 'pbkdf2-sha256$300000$00112233445566778899aabbccddeeff$%064d' 0 | saat ablage kennwort
+}
+
 werte() {
     printf '31.12.1999 23:59:58' | saat werte datum
     printf '2003-02-01T04:05:06' | saat werte iso
@@ -170,6 +211,7 @@ einstellungen
 aufrufe
 cds
 listen
+nachbarn
 werte
 
 TAGS='"ID3\x02"
@@ -198,18 +240,21 @@ TAGS='"ID3\x02"
 for ziel in klang id3v1 id3v2 id3v2modern lyrics wave ogg; do
     woerter "$ziel" medien/{id3v1,id3v2,id3v2modern,id3v2modernwerte,id3v2modernrahmen,lyrics,ogg,mpeg,wave}.{h,cpp} <<<"$TAGS"
 done
-woerter index index/{indexformat.h,optionszeilen.cpp} <<<'"#TAG:lw102\x0d\x0a"
+for ziel in index bestand; do
+    woerter "$ziel" index/{indexformat.h,optionszeilen.cpp} <<<'"#TAG:lw102\x0d\x0a"
 "100000/"
 "100001/"
 "4294967297/"
 "\xef\xbb\xbf"
 "\x0d\x0a"
+"#TERMIN:"
 "31.12.9999"'
+done
 woerter felderaustausch index/indexformat.h <<<'"#indexfelder11\x0d\x0a"
 "a01.02.2003"
 "/m/b.mp3"'
 woerter kommandozeile ui/text/{aufruf,befehle}.cpp core/startauftrag.cpp <<<'"--setze\x0aStart=1"'
-for ziel in xmcd cddb http cdabbild; do
+for ziel in xmcd cdspeicher cddb http cdabbild; do
     woerter "$ziel" cd/{xmcd,cddb,cddbstart,cddaten}.{h,cpp} plattform/{cdabbildcue,cdabbildtoc,cdabbild,httpleser}.cpp <<<'"\x0d\x0a.\x0d\x0a"
 "TTITLE99="
 "210 rock "
@@ -218,9 +263,10 @@ for ziel in xmcd cddb http cdabbild; do
 "99:59:74"
 "\\n"' 2>/dev/null
 done
-for ziel in playliste namensplan suche werte rettung; do
+for ziel in playliste namensplan suche werte rettung spieler ablage; do
     woerter "$ziel" index/spalten.h dateien/playlisten.cpp basis/{dateiname,uri}.cpp <<<'"%Titel%"
 "%2e%2f"
+"file:///m/"
 "(Standardsuche)"
 "\xe4"
 "\xed\xb0\x80"

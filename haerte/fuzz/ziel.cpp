@@ -19,8 +19,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array<Ziel, 20> Ziele = {{
+constexpr std::array<Ziel, 24> Ziele = {{
     {"index", IndexPrüfen},
+    {"bestand", BestandPrüfen},
     {"felderaustausch", FelderaustauschPrüfen},
     {"einstellungen", EinstellungenPrüfen},
     {"kommandozeile", KommandozeilePrüfen},
@@ -35,10 +36,13 @@ constexpr std::array<Ziel, 20> Ziele = {{
     {"playliste", PlaylistePrüfen},
     {"namensplan", NamensplanPrüfen},
     {"xmcd", XmcdPrüfen},
+    {"cdspeicher", CDSpeicherPrüfen},
     {"cddb", CddbPrüfen},
     {"http", HttpPrüfen},
     {"cdabbild", CDAbbildPrüfen},
     {"suche", SuchePrüfen},
+    {"spieler", SpielerPrüfen},
+    {"ablage", AblagePrüfen},
     {"werte", WertePrüfen},
 }};
 

@@ -22,6 +22,7 @@ struct Ziel {
 };
 
 void IndexPrüfen(std::string_view Eingabe);
+void BestandPrüfen(std::string_view Eingabe);
 void FelderaustauschPrüfen(std::string_view Eingabe);
 void EinstellungenPrüfen(std::string_view Eingabe);
 void KommandozeilePrüfen(std::string_view Eingabe);
@@ -36,10 +37,13 @@ void RettungPrüfen(std::string_view Eingabe);
 void PlaylistePrüfen(std::string_view Eingabe);
 void NamensplanPrüfen(std::string_view Eingabe);
 void XmcdPrüfen(std::string_view Eingabe);
+void CDSpeicherPrüfen(std::string_view Eingabe);
 void CddbPrüfen(std::string_view Eingabe);
 void HttpPrüfen(std::string_view Eingabe);
 void CDAbbildPrüfen(std::string_view Eingabe);
 void SuchePrüfen(std::string_view Eingabe);
+void SpielerPrüfen(std::string_view Eingabe);
+void AblagePrüfen(std::string_view Eingabe);
 void WertePrüfen(std::string_view Eingabe);
 
 // Ends the process: the rule that was broken, and the two things that differ.

@@ -13,6 +13,11 @@ namespace {
 constexpr qsizetype LängsterText = 1000;
 constexpr double LängsterTitel = 1e7;  // seconds
 
+// A line end would break out of the one line in which texts are shown.
+QString Anzeigezeile(const QString& Text) {
+    return Text.left(LängsterText).replace(QLatin1Char('\n'), QLatin1Char(' ')).trimmed();
+}
+
 // True when every "%" begins an encoded byte.
 bool KannVerschlüsseltSein(std::string_view Adresse) {
     const auto Hexziffer = [](char Zeichen) {
@@ -65,8 +70,7 @@ QString Bustext(const QVariant& Wert) {
     if (Wert.typeId() == QMetaType::QStringList) Text = Wert.toStringList().join(QStringLiteral(", "));
     if (Wert.metaType() == QMetaType::fromType<QDBusObjectPath>())
         Text = Wert.value<QDBusObjectPath>().path();
-    // A line end would break out of the one line in which texts are shown.
-    return Text.left(LängsterText).replace(QLatin1Char('\n'), QLatin1Char(' ')).trimmed();
+    return Anzeigezeile(Text);
 }
 
 std::vector<std::string> PfadeZurAdresse(const QString& Adresse) {
@@ -98,7 +102,8 @@ Mpristitel TitelLesen(const QVariantMap& Metadaten) {
     const QString Interpret = Bustext(Metadaten.value(QStringLiteral("xesam:artist")));
     QString Titel = Bustext(Metadaten.value(QStringLiteral("xesam:title")));
     if (Titel.isEmpty() && !Ergebnis.Dateien.empty())
-        Titel = QString::fromStdString(std::string(DateiOhneEndung(DateinameVon(Ergebnis.Dateien.front()))));
+        Titel = Anzeigezeile(
+            QString::fromStdString(std::string(DateiOhneEndung(DateinameVon(Ergebnis.Dateien.front())))));
     if (!Interpret.isEmpty() && !Titel.isEmpty()) Titel = Interpret + QStringLiteral(" - ") + Titel;
     Ergebnis.Titel = (Titel.isEmpty() ? Interpret : Titel).toStdString();
     return Ergebnis;
