@@ -3,6 +3,8 @@
 #include <functional>
 #include <iostream>
 #include <map>
+#include <numeric>
+#include <vector>
 
 #include "cd/cdspeicher.h"
 #include "core/dateilauf.h"
@@ -16,13 +18,19 @@
 namespace liedwerk::haerte {
 namespace {
 
-bool Löschen(Programmlauf& Lauf, bool Papierkorb) {
+// The files of the first records.
+bool Löschen(Programmlauf& Lauf, bool Papierkorb, Satznummer Anzahl = 1) {
     Anwendung& P = Lauf.Programm();
     const auto Eimer = SystempapierkorbÖffnen();
     P.Dienst.Eimer = Eimer.get();
-    const Satznummer Satz = 1;
-    const auto Ergebnis = LöschenLauf(P, std::span(&Satz, 1), Papierkorb, false);
-    return Ergebnis.Gelöscht.size() == 1 && Lauf.GeändertesSpeichern();
+    std::vector<Satznummer> Erste(static_cast<std::size_t>(Anzahl));
+    std::iota(Erste.begin(), Erste.end(), Satznummer{1});
+    const auto Ergebnis = LöschenLauf(P, Erste, Papierkorb, false);
+    return Ergebnis.Gelöscht.size() == Erste.size() && Lauf.GeändertesSpeichern();
+}
+
+bool AlleLöschen(Programmlauf& Lauf, bool Papierkorb) {
+    return Löschen(Lauf, Papierkorb, Lauf.Programm().Index.IndexAnzahl());
 }
 
 bool Wiederherstellen(Programmlauf& Lauf, const std::string&) {
@@ -57,6 +65,8 @@ int Ausführen(const std::string& Welt, const std::string& Name) {
     const std::map<std::string, Handgriff> Alle = {
         {"loeschen", [](Programmlauf& Lauf, const std::string&) { return Löschen(Lauf, false); }},
         {"papierkorb", [](Programmlauf& Lauf, const std::string&) { return Löschen(Lauf, true); }},
+        {"alle-loeschen", [](Programmlauf& Lauf, const std::string&) { return AlleLöschen(Lauf, false); }},
+        {"alle-papierkorb", [](Programmlauf& Lauf, const std::string&) { return AlleLöschen(Lauf, true); }},
         {"wiederherstellen", Wiederherstellen},
         {"cd-merken", CDMerken},
         {"einstellen", Einstellen},

@@ -49,7 +49,8 @@ std::vector<Rufzeile> ProtokollLesen(const std::string& Datei) {
 // The program sees neither the person's files nor a session; only the disturbance stands in front of it.
 std::vector<std::string> Umgebung(const Orte& Wo, const Störung& Wie, const std::string& Protokoll) {
     const std::string Heim = Wo.Welt + "/heim";
-    std::vector<std::string> Werte = {"PATH=/usr/bin:/bin",
+    const std::string Davor = Wo.Späher.empty() ? "" : Wo.Späher + ":";
+    std::vector<std::string> Werte = {"PATH=" + Wo.Suchpfad,
                                       "LC_ALL=C.UTF-8",
                                       "TZ=UTC",
                                       "QT_QPA_PLATFORM=offscreen",
@@ -58,9 +59,9 @@ std::vector<std::string> Umgebung(const Orte& Wo, const Störung& Wie, const std
                                       "XDG_CONFIG_HOME=" + Heim + "/config",
                                       "XDG_CACHE_HOME=" + Heim + "/cache",
                                       "XDG_RUNTIME_DIR=" + Heim + "/lauf",
-                                      "LD_PRELOAD=" + Wo.Vorlader,
-                                      "STOERUNG_ORDNER=" + (Wie.Überall ? "/" : Wo.Welt),
+                                      "LD_PRELOAD=" + Davor + Wo.Vorlader,
                                       "STOERUNG_PROTOKOLL=" + Protokoll};
+    if (Wo.Späher.empty()) Werte.push_back("STOERUNG_ORDNER=" + (Wie.Überall ? "/" : Wo.Welt));
     if (Wie.Ruf > 0) Werte.push_back("STOERUNG_RUF=" + std::to_string(Wie.Ruf));
     if (!Wie.Art.empty()) Werte.push_back("STOERUNG_ART=" + Wie.Art);
     if (Wie.Immer) Werte.emplace_back("STOERUNG_IMMER=1");

@@ -59,6 +59,8 @@ struct Orte {
     std::string Vorlader;    // the library
     std::string Ablage;      // protocols and outputs
     std::string Welt;        // the files that the program works on
+    std::string Späher{};  // a library that notes instead of the other one, which then only shortens waiting
+    std::string Suchpfad = "/usr/bin:/bin";
 };
 
 // A program that is running; several may run at once. Kennung tells their outputs apart.

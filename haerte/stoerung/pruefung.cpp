@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
-#include <cstdio>
 #include <filesystem>
-#include <iostream>
 #include <random>
 #include <stdexcept>
 
@@ -65,30 +63,6 @@ std::string Rufname(const Laufergebnis& Lauf, long Ruf, const std::string& Ordne
 }
 
 }  // namespace
-
-void Bericht::FallBeginnen(const std::string& Name) {
-    Fall = Name;
-    BrücheVorher = Brüche;
-    EingriffeVorher = Eingriffe;
-}
-
-void Bericht::FallBeenden() {
-    const int Neue = Brüche - BrücheVorher;
-    ++(Neue == 0 ? Bestanden : Misslungen);
-    std::printf("%-60s %6ld Eingriffe %4d Brüche\n", Fall.c_str(), Eingriffe - EingriffeVorher, Neue);
-    std::fflush(stdout);
-}
-
-void Bericht::Bruch(const std::string& Text) {
-    ++Brüche;
-    std::cout << "BRUCH " << Fall << ": " << Text << std::endl;
-}
-
-bool Bericht::Schluss() const {
-    std::printf("\n%ld Eingriffe, %d Brüche\n%d bestanden, %d misslungen\n", Eingriffe, Brüche, Bestanden,
-                Misslungen);
-    return Misslungen == 0;
-}
 
 Prüfung::Prüfung(const Orte& Alle, const Schreiber& Einer, Bericht& Ziel)
     : Wo(Alle), Wer(Einer), Wohin(Ziel) {

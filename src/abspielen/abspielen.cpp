@@ -17,6 +17,11 @@ constexpr std::int64_t Übernahmedauer = 5000;   // milliseconds that a player m
 constexpr std::int64_t Ladedauer = 400;         // milliseconds from the player's appearance to its list
 constexpr std::int64_t Übernahmepause = 20;
 
+// A full path, of this system or of Windows.
+bool NenntDatei(std::string_view Pfad) {
+    return IstPosixPfad(Pfad) || Pfad.starts_with("\\\\") || Pfad.substr(0, 3).ends_with(":\\");
+}
+
 bool GehörtDemSpieler(const Katalog& Index, Satznummer Nummer) {
     return DateiTypErlaubt(Index.Optionen.Dateitypen, Index.Sätze.Pfad(Nummer), false, false, true, false);
 }
@@ -294,6 +299,15 @@ bool PlaylisteEintrag(Abspielumgebung& Umgebung, Playliste& Liste, Satznummer Nu
             "Die Datei '" + Pfad +
                 "' kann nicht an Ihren Audioplayer übergeben werden, weil ihr Name einen Zeilenumbruch "
                 "enthält.\nBitte benennen Sie die Datei um.");
+        return false;
+    }
+    // Players take any other line for an address, a comment or a file beside the list.
+    if (!NenntDatei(Pfad)) {
+        Umgebung.Spieler.Person.Melden(
+            Symbol::Ausrufezeichen,
+            "Die Datei '" + Pfad +
+                "' kann nicht an Ihren Audioplayer übergeben werden, weil der Index keinen vollständigen Pfad "
+                "nennt.\nBitte fügen Sie die Datei neu hinzu.");
         return false;
     }
     if (Umgebung.Spieler.Werte.PlaylistFürWinamp == 1) {

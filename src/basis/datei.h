@@ -34,8 +34,8 @@ struct Dateifehler {
 // What stands under the path, links followed; nothing when it cannot be asked.
 std::optional<Dateistand> DateistandLesen(std::string_view Pfad);
 
-// True for an existing file of any kind but a folder. An empty path and one that ends in ":", "\" or "/" are
-// false.
+// True for an existing file of any kind but a folder. An empty path and one that ends in "/", or is a Windows
+// path and ends in ":" or "\", are false.
 bool DateiExistiert(std::string_view Pfad);
 // True for an existing folder.
 bool OrdnerExistiert(std::string_view Pfad);

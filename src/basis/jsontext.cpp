@@ -1,6 +1,7 @@
 #include "basis/jsontext.h"
 
 #include "basis/ansi.h"
+#include "basis/steuerzeichen.h"
 #include "basis/text.h"
 
 namespace liedwerk {
@@ -26,20 +27,19 @@ void ZeichenSchreiben(std::string& Ziel, char32_t Zeichen) {
         default:
             break;
     }
-    if (Zeichen < 0x20) {
+    if (IstBruchbyte(Zeichen)) Zeichen = AnsiZeichen(static_cast<unsigned char>(Zeichen & 0xFF));
+    if (IstSteuerzeichen(Zeichen)) {
         constexpr std::string_view Hex = "0123456789abcdef";
-        Ziel += "\\u00";
-        Ziel += Hex[Zeichen >> 4];
-        Ziel += Hex[Zeichen & 15];
-    } else if (IstBruchbyte(Zeichen)) {
-        ZeichenAnhängen(Ziel, AnsiZeichen(static_cast<unsigned char>(Zeichen & 0xFF)));
+        Ziel += "\\u";
+        for (int Stelle = 12; Stelle >= 0; Stelle -= 4)
+            Ziel += Hex[(Zeichen >> Stelle) & 15];
     } else {
         ZeichenAnhängen(Ziel, Zeichen);
     }
 }
 
 bool BrauchtNichts(char Byte) {
-    return Byte >= 0x20 && Byte != '"' && Byte != '\\';
+    return Byte >= 0x20 && Byte != 0x7F && Byte != '"' && Byte != '\\';
 }
 
 }  // namespace

@@ -39,7 +39,8 @@ Exportformatierung PlsFormat(const Katalog& Index, bool FürWinamp);
 Exportformatierung M3uFormat(const Katalog& Index, bool FürWinamp);
 
 // Formats for other programs of today. Their values are what the list shows, the other tag's included.
-// RFC 4180 with ";", which a German spreadsheet expects.
+// RFC 4180 with ";", which a German spreadsheet expects; an apostrophe stands in front of a value that would
+// be taken for a formula.
 Exportformatierung CsvFormat(const Katalog& Index, const Exportspalten& Spalten);
 // M3U with a title line for every record.
 Exportformatierung M3u8Format(const Katalog& Index);

@@ -29,8 +29,22 @@ std::vector<Tabellenfeld> Gezeigte(const Katalog& Index, const Exportspalten& Sp
     return Reihe;
 }
 
-// A field of RFC 4180: in quotation marks, doubled within, where it needs them.
+// A spreadsheet takes a text that begins so for a formula, which may start programs; a number is none.
+bool WäreFormel(std::string_view Wert) {
+    if (Wert.empty() || std::string_view("=+-@\t\r").find(Wert.front()) == std::string_view::npos)
+        return false;
+    const bool Vorzeichen = Wert.front() == '+' || Wert.front() == '-';
+    return !Vorzeichen || Wert.size() == 1 ||
+           Wert.find_first_not_of("0123456789.,", 1) != std::string_view::npos;
+}
+
+// A field of RFC 4180: in quotation marks, doubled within, where it needs them. An apostrophe in front makes
+// a text of what would be a formula.
 void CsvFeld(std::string& Ziel, std::string_view Wert) {
+    if (WäreFormel(Wert)) {
+        CsvFeld(Ziel, "'" + std::string(Wert));
+        return;
+    }
     const bool Blank = !Wert.empty() && (Wert.front() == ' ' || Wert.back() == ' ');
     if (!Blank && Wert.find_first_of(";\"\r\n") == std::string_view::npos) {
         Ziel += Wert;

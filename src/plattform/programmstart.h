@@ -23,7 +23,7 @@ class Programmstart {
                                        const std::vector<std::string>& Argumente) = 0;
     // True while a started program runs.
     virtual bool Läuft(const Programmlaufnummer& Gestartet) const = 0;
-    // Opens a file with the program that the desktop associates with it.
+    // Opens a file with the program that the desktop associates with it; only a full path is one.
     virtual Programmlaufnummer MitAnwendungÖffnen(std::string_view Pfad) = 0;
     // Full path of a program by its file name, as the system finds it; empty when it is not installed.
     virtual std::string Finden(std::string_view Name) const = 0;

@@ -187,12 +187,14 @@ TEST(Abspielen, JedeArtVonDateiGehtIhrenWegUndWasNichtGehtHältDieAnderenNichtAu
     W.Anhängen(W.Ordner + "/fort.png");
     W.Index.Optionen.Dateitypen.insert(W.Index.Optionen.Dateitypen.begin(), {"png=0", "001"});
     W.Anhängen(W.Datei("gut.mp3"));
-    const auto Ergebnis = W.Abspielen({1, 2, 3, 4, 5});
+    W.Anhängen("http://fremd/x.mp3");
+    const auto Ergebnis = W.Abspielen({1, 2, 3, 4, 6, 5});
     EXPECT_EQ(W.Bilder, Worte{Bild});
     EXPECT_EQ(W.Programme.Geöffnet, Worte{Text});
-    ASSERT_EQ(W.Person.Meldungen.size(), 2u);
+    ASSERT_EQ(W.Person.Meldungen.size(), 3u);
     EXPECT_NE(W.Person.Meldungen[0].find("Zeilenumbruch"), std::string::npos);
     EXPECT_EQ(W.Person.Meldungen[1], "Die Datei '' existiert nicht.");
+    EXPECT_NE(W.Person.Meldungen[2].find("keinen vollständigen Pfad"), std::string::npos);
     ASSERT_EQ(W.Programme.Starts.size(), 1u);
     EXPECT_EQ(W.Programme.Starts[0].Playliste, "#EXTM3U\n" + W.Ordner + "/gut.mp3\n");
     EXPECT_NE(W.Log.Zeilen.back().find("gut.mp3' über Playlisten-Funktion aus..."), std::string::npos);

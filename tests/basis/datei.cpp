@@ -53,6 +53,7 @@ TEST_F(Dateien, FragenNachDemBestand) {
     const auto Datei = Anlegen("a", "xy");
     ::mkfifo(Pfad("leitung").c_str(), 0600);
     EXPECT_TRUE(DateiExistiert(Datei) && DateiExistiert(Pfad("leitung")));
+    EXPECT_TRUE(DateiExistiert(Anlegen("b:", "")) && DateiExistiert(Anlegen("b\\", "")));
     EXPECT_FALSE(DateiExistiert(Ordner) || DateiExistiert(Datei + "/") || DateiExistiert("") ||
                  DateiExistiert("C:"));
     EXPECT_FALSE(DateiExistiert(Datei + std::string("\0x", 2))) << "a NUL must not cut the name";

@@ -53,7 +53,7 @@ TEST(Befehle, SindSortiertUndWerdenGefunden) {
 TEST(Json, KeinByteSprengtDasDokument) {
     EXPECT_EQ(JsonText("a\"\\\n\t\x01\x1f ü€😀"), "\"a\\\"\\\\\\n\\t\\u0001\\u001f ü€😀\"");
     // Bytes that are no UTF-8: their Windows-1252 characters, the free ones as C1.
-    EXPECT_EQ(JsonText("\xFC\x80\x81"), "\"ü€\u0081\"");
+    EXPECT_EQ(JsonText("\xFC\x80\x81\u009b\x7f\u202E"), R"("ü€\u0081\u009b\u007f\u202e")");
     EXPECT_EQ(JsonText("\xED\xA0\x80"), "\"í\u00A0€\"");  // a surrogate is no character
 }
 

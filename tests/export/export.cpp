@@ -150,6 +150,12 @@ TEST_F(Exporttest, FormateFürHeutigeProgramme) {
     Auftrag.Liste = {"Interpret", "", "Titel"};
     EXPECT_EQ(Inhalt("a.csv"),
               "\xEF\xBB\xBFInterpret;Titel\r\n\" Anna, Björn \";\"a;\"\"b\"\"\nc\"\r\nLea;Nur Zwei\r\n");
+    Auftrag.Liste = {"Album", "Kommentar", "Interpret"};
+    Satz.Album = "=cmd|' /C'!A0";
+    Satz.Kommentar = "-rf";
+    Satz.Interpret = "+44,5";
+    SatzAnhängen(Index, "/m/f.mp3", Satz);
+    EXPECT_TRUE(Inhalt("f.csv", {3}).ends_with("\r\n'=cmd|' /C'!A0;'-rf;+44,5\r\n"));
     Auftrag.Modus = Exportmodus::Json;
     Auftrag.Liste = {"Titel", "Dateiname"};
     EXPECT_EQ(Inhalt("a.json"),

@@ -116,7 +116,7 @@ TEST_F(AbspielenFenster, LangerTitelMachtDasFensterNichtBreiter) {
     Laufen(1);
     EXPECT_EQ(Eins.Fenster.minimumSizeHint().width(), Vorher);
     EXPECT_LE(Vorher, 900);
-    EXPECT_TRUE(Teil<QLabel>(Eins.Fenster, u"lblTitel"_s).toolTip().contains(u"&lt;b&gt;WW"_s));
+    EXPECT_TRUE(Teil<QLabel>(Eins.Fenster, u"lblTitel"_s).toolTip().contains(u"<b>WW"_s));
 }
 
 TEST_F(AbspielenFenster, GespielterTitelWirdErkanntGezeigtUndGezählt) {

@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "basis/dateiname.h"
+#include "basis/pfad.h"
 #include "plattform/linux/audiocd.h"
 #include "plattform/linux/griff.h"
 #include "plattform/linux/systemfehler.h"
@@ -122,7 +123,9 @@ std::optional<Dateistand> DateistandLesen(std::string_view Pfad) {
 }
 
 bool DateiExistiert(std::string_view Pfad) {
-    if (Pfad.empty() || Pfad.back() == ':' || Pfad.back() == '\\' || Pfad.back() == '/') return false;
+    if (Pfad.empty() || Pfad.back() == '/') return false;
+    // A drive or a folder on Windows; a POSIX name may end so, and what lies there must not count as absent.
+    if (!IstPosixPfad(Pfad) && (Pfad.back() == ':' || Pfad.back() == '\\')) return false;
     const auto Stand = DateistandLesen(Pfad);
     return Stand && !Stand->IstOrdner;
 }

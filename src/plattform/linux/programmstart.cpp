@@ -94,6 +94,8 @@ bool Systemprogramme::Läuft(const Programmlaufnummer& Gestartet) const {
 }
 
 Programmlaufnummer Systemprogramme::MitAnwendungÖffnen(std::string_view Pfad) {
+    // Anything else would be taken for a switch, an address, or a file of the folder that this runs in.
+    if (!IstPosixPfad(Pfad)) return {0, "Das ist auf diesem System kein Pfad einer Datei."};
     for (const auto& [Name, Befehl] : {std::pair{"xdg-open", ""}, std::pair{"gio", "open"}}) {
         const std::string Programm = Finden(Name);
         if (Programm.empty()) continue;

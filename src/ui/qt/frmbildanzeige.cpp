@@ -68,7 +68,8 @@ QPixmap BildLesen(std::string_view Pfad, QString& Fehler) {
 
 frmBildAnzeige::frmBildAnzeige(std::string_view Pfad, QWidget* Eltern) : QDialog(Eltern) {
     setObjectName(u"frmBildAnzeige"_s);
-    setWindowTitle(QtText(Pfad) + u" - Bild-Anzeige"_s);
+    // "[*]" in a title stands for the mark of changes unless it is doubled.
+    setWindowTitle(QtText(Pfad).replace(u"[*]"_s, u"[*][*]"_s) + u" - Bild-Anzeige"_s);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     setSizeGripEnabled(true);
     imgViewer = new QLabel(this);

@@ -64,7 +64,7 @@ void frmTagFeldFüllen::WerteZeigen() {
             fontMetrics().elidedText(Wert, Qt::ElideRight, fontMetrics().averageCharWidth() * 60);
         // An "&" of the value is no key.
         Knopf.setText(u"%1: '%2'"_s.arg(Tag, QString(Gekürzt).replace(u"&"_s, u"&&"_s)));
-        Knopf.setToolTip(Wert.toHtmlEscaped());
+        Knopf.setToolTip(Wert);
     };
     Zeigen(*optId3v1, u"ID3v&1"_s, Tagblock::Id3v1);
     Zeigen(*optId3v2, u"ID3v&2"_s, Tagblock::Id3v2);

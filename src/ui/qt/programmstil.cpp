@@ -1,5 +1,6 @@
 #include "ui/qt/programmstil.h"
 
+#include <QLabel>
 #include <QPainter>
 #include <QStyleOption>
 
@@ -28,6 +29,12 @@ void Programmstil::Umranden(QPainter& Maler, const QRect& Platz, const QStyleOpt
     Maler.setBrush(Qt::NoBrush);
     Maler.drawRoundedRect(QRectF(Platz).adjusted(Halbe, Halbe, -Halbe, -Halbe), Rundung, Rundung);
     Maler.restore();
+}
+
+void Programmstil::polish(QWidget* Teil) {
+    QProxyStyle::polish(Teil);
+    auto* const Zeile = qobject_cast<QLabel*>(Teil);
+    if (Zeile != nullptr && Zeile->textFormat() == Qt::AutoText) Zeile->setTextFormat(Qt::PlainText);
 }
 
 void Programmstil::drawPrimitive(PrimitiveElement Was, const QStyleOption* Angaben, QPainter* Maler,

@@ -1,4 +1,5 @@
-// The style of the windows: the desktop's own, with edges that can be seen in the program's own colours.
+// The style of the windows: the desktop's own, with edges that can be seen in the program's own colours, and
+// labels that show what they are given.
 #pragma once
 
 #include <QColor>
@@ -12,6 +13,11 @@ class Programmstil final : public QProxyStyle {
     explicit Programmstil(const QString& Grundstil) : QProxyStyle(Grundstil) {}
     // The edges of controls in this colour; an invalid one leaves them to the desktop's style.
     void RahmenSetzen(const QColor& Farbe) { Rahmen = Farbe; }
+
+    using QProxyStyle::polish;
+    // Makes plain text of a label, also that of a tooltip, which would else guess whether it is markup: names
+    // and tags stand in many of them.
+    void polish(QWidget* Teil) override;
 
     void drawPrimitive(PrimitiveElement Was, const QStyleOption* Angaben, QPainter* Maler,
                        const QWidget* Teil) const override;

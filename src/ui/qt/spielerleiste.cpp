@@ -227,8 +227,7 @@ void Spielerleiste::PlatzFestlegen() {
 
 void Spielerleiste::TitelKürzen() {
     lblTitel->setText(lblTitel->fontMetrics().elidedText(Titel, Qt::ElideRight, lblTitel->width()));
-    lblTitel->setToolTip(lblTitel->text() == Titel ? QString()
-                                                   : u"<qt>"_s + Titel.toHtmlEscaped() + u"</qt>"_s);
+    lblTitel->setToolTip(lblTitel->text() == Titel ? QString() : Titel);
 }
 
 void Spielerleiste::resizeEvent(QResizeEvent* Ereignis) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "basis/steuerzeichen.h"
 #include "basis/text.h"
 
 namespace liedwerk {
@@ -37,9 +38,6 @@ constexpr std::array<Zeichenbereich, 10> Doppelbreit = {{{0x1100, 0x115F},
                                                          {0xFF00, 0xFF60},
                                                          {0x1F300, 0x1FAFF},
                                                          {0x20000, 0x3FFFD}}};
-// Characters that change the direction of what follows: a name could pretend to be another one.
-constexpr std::array<Zeichenbereich, 3> Richtung = {{{0x200E, 0x200F}, {0x202A, 0x202E}, {0x2066, 0x2069}}};
-
 template <std::size_t Anzahl>
 bool Enthält(const std::array<Zeichenbereich, Anzahl>& Bereiche, char32_t Zeichen) {
     return std::any_of(Bereiche.begin(), Bereiche.end(), [Zeichen](const Zeichenbereich& Bereich) {
@@ -62,7 +60,7 @@ void SichtbarAnhängen(std::string& Ziel, char32_t Zeichen) {
         ZeichenAnhängen(Ziel, 0x2421);
     } else if ((Zeichen >= 0x80 && Zeichen < 0xA0) || IstBruchbyte(Zeichen)) {
         Ziel += "\\x" + Hexzahl(Zeichen & 0xFF, 2);
-    } else if (Zeichen == 0x2028 || Zeichen == 0x2029 || Enthält(Richtung, Zeichen)) {
+    } else if (IstSteuerzeichen(Zeichen)) {
         Ziel += "\\u" + Hexzahl(Zeichen, 4);
     } else {
         ZeichenAnhängen(Ziel, Zeichen);
