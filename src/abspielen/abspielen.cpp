@@ -303,11 +303,11 @@ bool PlaylisteEintrag(Abspielumgebung& Umgebung, Playliste& Liste, Satznummer Nu
     }
     // Players take any other line for an address, a comment or a file beside the list.
     if (!NenntDatei(Pfad)) {
-        Umgebung.Spieler.Person.Melden(
-            Symbol::Ausrufezeichen,
-            "Die Datei '" + Pfad +
-                "' kann nicht an Ihren Audioplayer übergeben werden, weil der Index keinen vollständigen Pfad "
-                "nennt.\nBitte fügen Sie die Datei neu hinzu.");
+        Umgebung.Spieler.Person.Melden(Symbol::Ausrufezeichen,
+                                       "Die Datei '" + Pfad +
+                                           "' kann nicht an Ihren Audioplayer übergeben werden, weil der "
+                                           "Index keinen vollständigen Pfad "
+                                           "nennt.\nBitte fügen Sie die Datei neu hinzu.");
         return false;
     }
     if (Umgebung.Spieler.Werte.PlaylistFürWinamp == 1) {
