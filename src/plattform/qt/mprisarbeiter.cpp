@@ -7,6 +7,7 @@
 #include <QFile>
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -185,14 +186,16 @@ void Mprisarbeiter::FähigkeitenLesen() {
 
 void Mprisarbeiter::Hören(const QString& Von, bool An) {
     if (Von.isEmpty()) return;
-    for (const auto& [Schnittstelle, Signal] :
-         {std::pair{Eigenschaften, "PropertiesChanged"}, std::pair{Player, "Seeked"}}) {
+    // The bus keeps back changes of other interfaces, which a player may tell of without end.
+    for (const auto& [Schnittstelle, Signal, Erstes] :
+         {std::tuple{Eigenschaften, "PropertiesChanged", QStringList{QLatin1String(Player)}},
+          {Player, "Seeked", QStringList()}}) {
         if (An) {
             Bus->connect(Von, QLatin1String(Objekt), QLatin1String(Schnittstelle), QLatin1String(Signal),
-                         &Empfang, SLOT(nachricht(QDBusMessage)));
+                         Erstes, {}, &Empfang, SLOT(nachricht(QDBusMessage)));
         } else {
             Bus->disconnect(Von, QLatin1String(Objekt), QLatin1String(Schnittstelle), QLatin1String(Signal),
-                            &Empfang, SLOT(nachricht(QDBusMessage)));
+                            Erstes, {}, &Empfang, SLOT(nachricht(QDBusMessage)));
         }
     }
     Eigner = An ? Von : QString();

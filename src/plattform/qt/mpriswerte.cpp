@@ -2,8 +2,10 @@
 
 #include <QDBusArgument>
 #include <QDBusObjectPath>
+#include <QSysInfo>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "basis/pfad.h"
 
@@ -11,12 +13,9 @@ namespace liedwerk {
 namespace {
 
 constexpr qsizetype LängsterText = 1000;
+// A path of the system has at most 4096 bytes, each of them up to three characters of an address.
+constexpr qsizetype LängsteAdresse = 3 * 4096 + 300;
 constexpr double LängsterTitel = 1e7;  // seconds
-
-// A line end would break out of the one line in which texts are shown.
-QString Anzeigezeile(const QString& Text) {
-    return Text.left(LängsterText).replace(QLatin1Char('\n'), QLatin1Char(' ')).trimmed();
-}
 
 // True when every "%" begins an encoded byte.
 bool KannVerschlüsseltSein(std::string_view Adresse) {
@@ -31,6 +30,25 @@ bool KannVerschlüsseltSein(std::string_view Adresse) {
             return false;
     }
     return true;
+}
+
+// True for the host of an address whose file lies here: none, or one of this machine's names.
+bool IstHier(const QString& Wirt) {
+    return Wirt.isEmpty() || Wirt.compare(QLatin1String("localhost"), Qt::CaseInsensitive) == 0 ||
+           Wirt.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0;
+}
+
+// A line end would break out of the one line in which texts are shown, other control characters reach a
+// terminal.
+bool IstSteuerzeichen(QChar Zeichen) {
+    const ushort Code = Zeichen.unicode();
+    return (Code < 32 && Code != '\t') || (Code >= 0x7F && Code < 0xA0) || Code == 0x2028 || Code == 0x2029;
+}
+
+QString Anzeigezeile(QString Text) {
+    Text.truncate(LängsterText);
+    std::replace_if(Text.begin(), Text.end(), IstSteuerzeichen, u' ');
+    return Text.trimmed();
 }
 
 }  // namespace
@@ -70,15 +88,20 @@ QString Bustext(const QVariant& Wert) {
     if (Wert.typeId() == QMetaType::QStringList) Text = Wert.toStringList().join(QStringLiteral(", "));
     if (Wert.metaType() == QMetaType::fromType<QDBusObjectPath>())
         Text = Wert.value<QDBusObjectPath>().path();
-    return Anzeigezeile(Text);
+    return Anzeigezeile(std::move(Text));
 }
 
 std::vector<std::string> PfadeZurAdresse(const QString& Adresse) {
+    if (Adresse.size() > LängsteAdresse) return {};
     QByteArray Bytes = Adresse.toUtf8();
     const bool IstAdresse = Bytes.startsWith("file:");
     if (IstAdresse) {
         Bytes.remove(0, 5);
-        if (Bytes.startsWith("//")) Bytes.remove(0, std::max<qsizetype>(0, Bytes.indexOf('/', 2)));
+        if (Bytes.startsWith("//")) {
+            const qsizetype Wurzel = Bytes.indexOf('/', 2);
+            if (Wurzel < 0 || !IstHier(QString::fromUtf8(Bytes.mid(2, Wurzel - 2)))) return {};
+            Bytes.remove(0, Wurzel);
+        }
     }
     if (!Bytes.startsWith('/') || Bytes.contains('\0')) return {};
     const std::string Wörtlich = Bytes.toStdString();
@@ -94,9 +117,10 @@ std::vector<std::string> PfadeZurAdresse(const QString& Adresse) {
 Mpristitel TitelLesen(const QVariantMap& Metadaten) {
     Mpristitel Ergebnis;
     Ergebnis.Kennung = Bustext(Metadaten.value(QStringLiteral("mpris:trackid")));
-    // Addresses are longer than texts, and a cut one would be another file.
-    Ergebnis.Adresse = Metadaten.value(QStringLiteral("xesam:url")).toString();
-    Ergebnis.Dateien = PfadeZurAdresse(Ergebnis.Adresse);
+    // Addresses are longer than texts, and a cut one would be another file: too long a one names none.
+    const QString Adresse = Metadaten.value(QStringLiteral("xesam:url")).toString();
+    Ergebnis.Dateien = PfadeZurAdresse(Adresse);
+    Ergebnis.Adresse = Adresse.left(LängsteAdresse);
     if (const auto Länge = Buszahl(Metadaten.value(QStringLiteral("mpris:length"))))
         Ergebnis.Länge = static_cast<std::int64_t>(std::clamp(*Länge / 1e6, -1.0, LängsterTitel));
     const QString Interpret = Bustext(Metadaten.value(QStringLiteral("xesam:artist")));

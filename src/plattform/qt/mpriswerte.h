@@ -13,7 +13,7 @@ namespace liedwerk {
 QVariantMap Busverzeichnis(const QVariant& Wert);
 // A number of any kind; nothing when it is none or lies beyond 64 bits.
 std::optional<double> Buszahl(const QVariant& Wert);
-// A text, or the texts of a list joined by ", "; at most 1000 characters.
+// A text, or the texts of a list joined by ", "; at most 1000 characters, none of them for control but TAB.
 QString Bustext(const QVariant& Wert);
 
 // What the metadata of a track say.
@@ -27,7 +27,8 @@ struct Mpristitel {
 Mpristitel TitelLesen(const QVariantMap& Metadaten);
 
 // The paths that an address of a local file may mean. Players encode them, leave them as they are, or name
-// the bare path; the likeliest reading comes first.
+// the bare path; the likeliest reading comes first. None for a file of another machine, or where the address
+// is longer than any path.
 std::vector<std::string> PfadeZurAdresse(const QString& Adresse);
 
 }  // namespace liedwerk
