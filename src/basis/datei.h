@@ -103,15 +103,24 @@ class Lesedatei {
     std::size_t Lesen(char* Ziel, std::uint64_t Stelle, std::size_t Länge) const;
     // The same as a string; never longer than the file.
     std::string Lesen(std::uint64_t Stelle, std::uint64_t Länge) const;
+    // True when bytes of the file did not come when they were asked for: the system refused them, or the file
+    // is shorter by now. What was read then tells nothing of its content.
+    bool Lesefehler() const { return Gestört; }
 
   private:
     friend class Dateiersatz;
     int Griff = -1;
     Dateistand Zustand;
+    mutable bool Gestört = false;
 };
 
 // The whole content of a file up to Höchstens bytes; nothing on failure or when it is longer.
 std::optional<std::string> DateiLesen(std::string_view Pfad, std::uint64_t Höchstens = UINT64_MAX);
+
+// True when the beginning and the end of a regular file come when they are asked for; so for an empty one. Of
+// what does not answer (rights, a network or a medium that is away, a bad sector) nobody can tell what it
+// holds: nothing may be emptied or concluded from it.
+bool IstLesbar(std::string_view Pfad);
 
 // Replaces a file by new content: the commit object of the house. Content goes to a temporary name in the
 // folder of the target, which is opened without following links and without truncation and is locked; only

@@ -80,7 +80,13 @@ TEST_F(Dateien, LesenBleibtInDenGrenzenUndHängtNie) {
         Dateifehler Fehler;
         EXPECT_FALSE(Lesedatei::Öffnen(Name, &Fehler).Offen());
         EXPECT_TRUE(Fehler && !Fehler.Text.empty());
+        EXPECT_FALSE(IstLesbar(Name)) << Name;
     }
+    EXPECT_TRUE(IstLesbar(Pfad("a")) && IstLesbar(Anlegen("leer", "")));
+    EXPECT_FALSE(Datei.Lesefehler()) << "nothing is missing behind the end";
+    Anlegen("a", "01234");
+    EXPECT_EQ(Datei.Lesen(0, 10), "01234");
+    EXPECT_TRUE(Datei.Lesefehler());
 }
 
 TEST_F(Dateien, DateianfangLiestNurSoWeitGefragtWird) {

@@ -300,11 +300,14 @@ Lesedatei Lesedatei::Öffnen(std::string_view Pfad, Dateifehler* Fehler) {
 }
 
 Lesedatei::Lesedatei(Lesedatei&& Andere) noexcept
-    : Griff(std::exchange(Andere.Griff, -1)), Zustand(std::exchange(Andere.Zustand, {})) {}
+    : Griff(std::exchange(Andere.Griff, -1)),
+      Zustand(std::exchange(Andere.Zustand, {})),
+      Gestört(std::exchange(Andere.Gestört, false)) {}
 
 Lesedatei& Lesedatei::operator=(Lesedatei&& Andere) noexcept {
     std::swap(Griff, Andere.Griff);
     std::swap(Zustand, Andere.Zustand);
+    std::swap(Gestört, Andere.Gestört);
     return *this;
 }
 
@@ -334,7 +337,10 @@ std::size_t Lesedatei::Lesen(char* Ziel, std::uint64_t Stelle, std::size_t Läng
         const auto Anzahl = Beharrlich([&] {
             return ::pread(Griff, Ziel + Gelesen, Länge - Gelesen, static_cast<off_t>(Stelle + Gelesen));
         });
-        if (Anzahl <= 0) break;
+        if (Anzahl <= 0) {
+            Gestört = Gestört || Anzahl < 0 || Stelle + Gelesen < Größe();
+            break;
+        }
         Gelesen += static_cast<std::size_t>(Anzahl);
     }
     return Gelesen;
@@ -354,6 +360,15 @@ std::optional<std::string> DateiLesen(std::string_view Pfad, std::uint64_t Höch
     // A part of a file must not pass for the whole.
     if (Inhalt.size() != Datei.Größe()) return std::nullopt;
     return Inhalt;
+}
+
+bool IstLesbar(std::string_view Pfad) {
+    constexpr std::uint64_t Rand = 65536;
+    const Lesedatei Datei = Lesedatei::Öffnen(Pfad);
+    if (!Datei.Offen()) return false;
+    static_cast<void>(Datei.Lesen(0, Rand));
+    static_cast<void>(Datei.Lesen(Datei.Größe() - std::min(Rand, Datei.Größe()), Rand));
+    return !Datei.Lesefehler();
 }
 
 Sperrzustand SperreLesen(std::string_view Temporär) {
