@@ -49,6 +49,11 @@ Satznummer Abschließen(Anwendung& Programm, const Hinzufügeergebnis& Ergebnis,
         " Datei(en) wurden nicht hinzugefügt, da ihr Name ein Zeilenende enthält. Benennen Sie diese "
         "um und fügen Sie sie erneut hinzu:\n",
         Ergebnis.Ausgelassen);
+    DateienMelden(
+        Programm.Dienst.Person,
+        " Ordner konnte(n) nicht oder nicht ganz gelesen werden, die Dateien darin wurden nicht "
+        "hinzugefügt. Bitte prüfen Sie Ihre Zugriffsrechte, den Datenträger und die Länge des Namens:\n",
+        Ergebnis.Ungelesene);
     return Ergebnis.Gelungen ? Ergebnis.Anzahl : -1;
 }
 
@@ -58,9 +63,14 @@ void DateienMelden(Oberfläche& Person, std::string_view Was, const std::vector<
     if (Dateien.empty()) return;
     std::string Text = std::to_string(Dateien.size()).append(Was);
     constexpr std::size_t Höchstens = 10;
+    constexpr std::size_t Namensrand = 150;  // characters of either end that are shown of a longer name
     for (std::size_t i = 0; i < std::min(Dateien.size(), Höchstens); ++i) {
+        const std::string Name = Ersetzen(Ersetzen(Dateien[i], "\r", " "), "\n", " ");
+        const bool Kurz = ZeichenAnzahl(Name) <= 2 * Namensrand;
         Text += '\n';
-        Text += Ersetzen(Ersetzen(Dateien[i], "\r", " "), "\n", " ");
+        Text += Kurz ? Name
+                     : std::string(LinkerTeil(Name, Namensrand)) + " ... " +
+                           std::string(RechterTeil(Name, Namensrand));
     }
     if (Dateien.size() > Höchstens) Text += "\n...";
     Person.Melden(Symbol::Ausrufezeichen, Text);

@@ -106,8 +106,10 @@ Hinzufügeergebnis EinfachOrdnerHinzufügen(const Hinzufügeumgebung& Umgebung, 
     const Satznummer ElternAnzahl = Lauf.Anzahl();
 
     std::vector<std::string> FundListe;
-    bool Gelungen = DateienSuchenAPI(
-        Umgebung.Ordner, Ordner, {{}, Auftrag.Unterordner, Auftrag.DateimanagerAnsicht}, &Person, FundListe);
+    std::vector<std::string> Ungelesene;
+    bool Gelungen =
+        DateienSuchenAPI(Umgebung.Ordner, Ordner, {{}, Auftrag.Unterordner, Auftrag.DateimanagerAnsicht},
+                         &Person, FundListe, &Ungelesene);
     const bool SucheAbgebrochen = !Gelungen;
     if (Gelungen && !FundListe.empty()) {
         FortschrittBeginnen(Umgebung, "Füge gefundene Dateien hinzu", true, FundListe.size());
@@ -119,6 +121,7 @@ Hinzufügeergebnis EinfachOrdnerHinzufügen(const Hinzufügeumgebung& Umgebung, 
 
     auto Ergebnis = Lauf.Abschließen();
     Ergebnis.Gelungen = Gelungen;
+    Ergebnis.Ungelesene = std::move(Ungelesene);
     if (!Gelungen) {
         AbbruchZeigen(Umgebung);
     } else if (Auftrag.StatusMelden) {

@@ -47,6 +47,7 @@ struct Hinzufügeergebnis {
     Satznummer ErsterNeuer = 0;  // first appended record, 0 when none
     Satznummer Anzahl = 0;       // appended records
     std::vector<std::string> Ausgelassen;  // names that hold a line end and so can stand in no index
+    std::vector<std::string> Ungelesene;   // folders that could not be listed, or not to their end
 };
 
 // EinfachOrdnerHinzufügen, EinfachDateiHinzufügen up to the commit and the status text. Following the list,

@@ -16,6 +16,7 @@ struct Suchlauf {
     const Ordnersuche& Suche;
     Oberfläche* Person;
     std::vector<std::string>& FundListe;
+    std::vector<std::string>* Ungelesen;
     std::set<std::pair<std::uint64_t, std::uint64_t>> Besucht;
     std::vector<std::pair<std::string, Ordnereintrag>> Verweise;  // links to folders, each with its folder
 
@@ -38,7 +39,7 @@ struct Suchlauf {
     bool Durchsuchen(const std::string& Ordner) {
         std::vector<Ordnereintrag> Unterordner;
         bool Fortsetzen = true;
-        Leser.Auflisten(Ordner, [&](const Ordnereintrag& Eintrag) {
+        const bool Gelesen = Leser.Auflisten(Ordner, [&](const Ordnereintrag& Eintrag) {
             if (Eintrag.IstOrdner) {
                 if (Suche.OrdnerAuflisten) FundListe.push_back(Ordner + Eintrag.Name);
                 if (Suche.Unterordner && Eintrag.IstVerweis) {
@@ -53,6 +54,9 @@ struct Suchlauf {
             return Fortsetzen;
         });
         if (!Fortsetzen) return false;
+        // What a file system saves from broken files belongs to the system, and holds nobody's files.
+        if (!Gelesen && Ungelesen != nullptr && !Ordner.ends_with("/lost+found/"))
+            Ungelesen->push_back(Ordner);
         return std::all_of(Unterordner.begin(), Unterordner.end(),
                            [&](const Ordnereintrag& Eintrag) { return Absteigen(Ordner, Eintrag); });
     }
@@ -76,8 +80,9 @@ struct Suchlauf {
 }  // namespace
 
 bool DateienSuchenAPI(const Ordnerleser& Leser, std::string_view Ordner, const Ordnersuche& Suche,
-                      Oberfläche* Person, std::vector<std::string>& FundListe) {
-    Suchlauf Lauf{Leser, Suche, Person, FundListe, {}, {}};
+                      Oberfläche* Person, std::vector<std::string>& FundListe,
+                      std::vector<std::string>* Ungelesen) {
+    Suchlauf Lauf{Leser, Suche, Person, FundListe, Ungelesen, {}, {}};
     if (const auto Stand = DateistandLesen(Ordner)) Lauf.Besucht.emplace(Stand->Gerät, Stand->Inode);
     return Lauf.Durchsuchen(MitTrenner(Ordner)) && Lauf.VerweisenFolgen();
 }

@@ -21,8 +21,8 @@ class Ordnerleser {
   public:
     virtual ~Ordnerleser() = default;
     // Calls Besuch for every entry, hidden ones too; it ends the listing by giving false. A folder that
-    // cannot be listed yields nothing; the result says whether it could be opened. Entries that are neither
-    // file nor folder (pipes, sockets, devices, dead links) are left out.
+    // cannot be listed yields nothing; the result says whether it could be, to its end. Entries that are
+    // neither file nor folder (pipes, sockets, devices, dead links) are left out.
     virtual bool Auflisten(std::string_view Ordner,
                            const std::function<bool(const Ordnereintrag&)>& Besuch) const = 0;
 };

@@ -3,12 +3,15 @@
 
 #include <atomic>
 #include <chrono>
+#include <fcntl.h>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <mutex>
 #include <set>
 #include <stdexcept>
 #include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 
 #include "basis/pfad.h"
 #include "dateien/ordnersuche.h"
@@ -210,7 +213,16 @@ TEST_F(Hinzufügeprobe, NamenMitZeilenendeWerdenGenanntUndNichtAufgenommen) {
     const auto Böse = Ordner.Datei("a\nb.mp3");
     Ordner.Datei("c\r.txt");
     Ordner.Datei("gut.mp3");
+    // A name of 255 bytes each, until no path reaches the deepest folder.
+    const int Hier = open(".", O_RDONLY | O_DIRECTORY);
+    std::filesystem::current_path(Ordner.Pfad);
+    const std::string Lang(255, 't');
+    for (int i = 0; i < 17; ++i)
+        ASSERT_TRUE(mkdir(Lang.c_str(), 0700) == 0 && chdir(Lang.c_str()) == 0);
+    ASSERT_EQ(fchdir(Hier), 0);
+    close(Hier);
     const auto Ergebnis = OrdnerDazu();
+    EXPECT_EQ(Ergebnis.Ungelesene.size(), 1U);
     EXPECT_EQ(Ergebnis.Ausgelassen, std::vector<std::string>{Böse})
         << "a file that is not managed is no loss";
     EXPECT_EQ(AlleNamen(), Namen{"gut.mp3"});

@@ -56,14 +56,16 @@ bool Systemordnerleser::Auflisten(std::string_view Ordner,
     const std::unique_ptr<DIR, Ordnerschließer> Offen(::opendir(Name->c_str()));
     if (!Offen) return errno == ENOTDIR && CDAuflisten(Ordner, Besuch);
     const int Griff = ::dirfd(Offen.get());
-    while (const dirent* Roh = ::readdir(Offen.get())) {
+    for (;;) {
+        errno = 0;  // the end of the folder and an error look alike else
+        const dirent* const Roh = ::readdir(Offen.get());
+        if (Roh == nullptr) return errno == 0;
         if (IstPunktname(Roh->d_name)) continue;
         Ordnereintrag Eintrag;
         Eintrag.Name = Roh->d_name;
         if (!ArtLesen(Griff, *Roh, Eintrag)) continue;
-        if (!Besuch(Eintrag)) break;
+        if (!Besuch(Eintrag)) return true;
     }
-    return true;
 }
 
 }  // namespace liedwerk
