@@ -9,7 +9,10 @@ source "$(dirname -- "${BASH_SOURCE[0]}")/../werkzeuge/gemeinsam.sh"
 JEDER="${1:-1}"
 if [ "$JEDER" = kurz ]; then JEDER=9; fi
 
-bauen release liedwerk-cli liedwerk-namen liedwerk-handgriffe liedwerk-attrappe liedwerk-cddbserver liedwerk_spaeher \
+bauen release liedwerk liedwerk-cli liedwerk-namen liedwerk-handgriffe liedwerk-attrappe liedwerk-cddbserver liedwerk_spaeher \
     liedwerk_vorlader
 BAU="$WURZEL/build/release"
-exec nice "$BAU/haerte/namen/liedwerk-namen" "$BAU" "$JEDER"
+# The window speaks with a session bus of its own.
+BUS=()
+if command -v dbus-run-session >/dev/null; then BUS=(dbus-run-session --); fi
+exec nice "${BUS[@]}" "$BAU/haerte/namen/liedwerk-namen" "$BAU" "$JEDER"

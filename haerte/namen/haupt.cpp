@@ -30,6 +30,8 @@ int Ausführen(const std::string& Bau, std::size_t Jeder) {
     ListenPrüfen(Stand);
     ÄndernPrüfen(Stand);
     DiscsPrüfen(Stand, Bau + "/werkzeuge/liedwerk-cddbserver");
+    Stand.VollständigkeitPrüfen();
+    FensterPrüfen(Stand, Bau + "/src/ui/qt/liedwerk");
     fs::remove_all(Ablage);
     return Wohin.Schluss() ? 0 : 1;
 }

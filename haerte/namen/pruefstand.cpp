@@ -165,6 +165,7 @@ Laufergebnis Prüfstand::Programm(const Worte& Ganz, const Erlaubnis& Darf) cons
 Laufergebnis Prüfstand::Ausführen(const Worte& Ganz, const Erlaubnis& Darf, bool JsonAusgabe) const {
     const Welt Vorher = Teil(WeltAufnehmen(Wo.Welt), Darf.Ordner);
     auto Lauf = Laufen(Wo, Ganz);
+    Benutzte.insert(Ganz.begin(), Ganz.end());
     Wohin.Eingriff();
     Urteilen(Lauf, Ganz, Darf, Vorher, JsonAusgabe);
     return Lauf;
@@ -177,9 +178,10 @@ void Prüfstand::RufPrüfen(const Rufzeile& Ruf, const Erlaubnis& Darf) const {
     } else if (Ruf.Name == "shell") {
         Bruch("Shell: " + Ruf.Pfad);
     } else if (Ruf.Name == "bind" || Ruf.Name == "listen" || Ruf.Name == "connect") {
-        const bool Verbunden = Ruf.Name == "connect" && Darf.Netz && Ruf.Pfad == "inet 127.0.0.1";
-        // A bound socket of the kernel's own kind (netlink) opens no port.
-        Prüfen(Verbunden || (Ruf.Name == "connect" && Ruf.Pfad == "unix"), Ruf.Name + ": " + Ruf.Pfad);
+        const bool Lokal = Ruf.Name == "connect" || (Ruf.Name == "bind" && Darf.Sperrname);
+        const bool Erlaubt =
+            Ruf.Pfad == "unix" ? Lokal : Ruf.Name == "connect" && Darf.Netz && Ruf.Pfad == "inet 127.0.0.1";
+        Prüfen(Erlaubt, Ruf.Name + ": " + Ruf.Pfad);
     } else {
         Worte Erlaubte = {"prog", "heim", "aus"};
         Erlaubte.insert(Erlaubte.end(), Darf.Ordner.begin(), Darf.Ordner.end());
@@ -197,6 +199,11 @@ void Prüfstand::RufPrüfen(const Rufzeile& Ruf, const Erlaubnis& Darf) const {
     }
 }
 
+void Prüfstand::RufePrüfen(const Laufergebnis& Lauf, const Erlaubnis& Darf) const {
+    for (const Rufzeile& Ruf : Lauf.Rufe)
+        RufPrüfen(Ruf, Darf);
+}
+
 void Prüfstand::Urteilen(const Laufergebnis& Lauf, const Worte& Ganz, const Erlaubnis& Darf,
                          const Welt& Vorher, bool JsonAusgabe) const {
     const auto Sagen = [&](const std::string& Was) {
@@ -212,9 +219,23 @@ void Prüfstand::Urteilen(const Laufergebnis& Lauf, const Worte& Ganz, const Erl
         Sagen("Meldung: " + Fehler);
     if (const std::string Fehler = Terminalbefehl(Lauf.Ausgabe); !Fehler.empty()) Sagen("Ausgabe: " + Fehler);
     if (JsonAusgabe && Lauf.Gelungen() && !JsonEinträge(Lauf.Ausgabe)) Sagen("kein JSON");
-    for (const Rufzeile& Ruf : Lauf.Rufe)
-        RufPrüfen(Ruf, Darf);
+    RufePrüfen(Lauf, Darf);
     if (Teil(WeltAufnehmen(Wo.Welt), Darf.Ordner) != Vorher) Sagen("Dateien verändert");
+}
+
+void Prüfstand::VollständigkeitPrüfen() const {
+    Wohin.FallBeginnen("jeder Befehl");
+    std::string Hilfe = Programm({Wo.Programm, "--hilfe"}, {}).Ausgabe;
+    Hilfe.erase(0, Hilfe.find("\nBefehle:\n"));
+    int Befehle = 0;
+    for (const std::string& Zeile : Zeilen(Hilfe)) {
+        if (!Zeile.starts_with("  ")) continue;
+        const std::string Name = Zeile.substr(2, Zeile.find(' ', 2) - 2);
+        ++Befehle;
+        Prüfen(Benutzte.contains(Name), "nicht versucht: " + Name);
+    }
+    Prüfen(Befehle > 0, "keine Befehle in der Hilfe");
+    Wohin.FallBeenden();
 }
 
 std::string Prüfstand::Inhalt(const std::string& Name) const {

@@ -5,9 +5,11 @@
 // command and judges: no shell, only the programs that were to start; only paths in the folders that were to
 // change; no port, no connection; an end in time with status 0 or 1, with a message when it failed; nothing
 // on the terminal but text; the person's files byte for byte what they were, where they were not to change.
-// lesen.cpp, listen.cpp and aendern.cpp hold the functions; urteil.h reads what they wrote.
+// lesen.cpp, listen.cpp, aendern.cpp and discs.cpp hold the functions, fenster.cpp starts the desktop
+// program; urteil.h reads what they wrote.
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -25,6 +27,7 @@ struct Erlaubnis {
     Worte Ordner{};           // below the world: "musik", "ziel"
     Worte Programme{};        // full paths
     bool Netz = false;        // a connection to 127.0.0.1
+    bool Sperrname = false;   // a Unix name that only marks a folder as taken
     bool AuchFalsch = false;  // the call may be refused as a wrong one
 };
 
@@ -43,6 +46,9 @@ class Prüfstand {
     Laufergebnis Handgriff(const std::string& Name, const Erlaubnis& Darf) const;
     // Any program in the surroundings of a run.
     Laufergebnis Programm(const Worte& Ganz, const Erlaubnis& Darf) const;
+
+    // Every command that the program's help names has been run.
+    void VollständigkeitPrüfen() const;
 
     void Bruch(const std::string& Text) const { Wohin.Bruch(Text); }
     void Prüfen(bool Gut, const std::string& Text) const {
@@ -67,6 +73,9 @@ class Prüfstand {
     std::vector<BöserName> Werte() const;
     // The files below a folder of the world still hold each sound of the collection once.
     void TönePrüfen(const Worte& Ordner) const;
+    // The judgement of what a run has started, changed and connected to.
+    void RufePrüfen(const Laufergebnis& Lauf, const Erlaubnis& Darf) const;
+    const Orte& Plätze() const { return Wo; }
     void FallBeginnen(const std::string& Name) const { Wohin.FallBeginnen(Name); }
     void FallBeenden() const { Wohin.FallBeenden(); }
 
@@ -84,12 +93,14 @@ class Prüfstand {
     Worte Alle;
     Worte ImIndex;
     Worte Töne;
+    mutable std::set<std::string> Benutzte;  // words of all calls
 };
 
 // The functions, one case each.
-void LesenPrüfen(const Prüfstand& Stand);                             // lesen.cpp
-void ListenPrüfen(const Prüfstand& Stand);                            // listen.cpp
-void ÄndernPrüfen(const Prüfstand& Stand);                            // aendern.cpp
-void DiscsPrüfen(const Prüfstand& Stand, const std::string& Server);  // discs.cpp
+void LesenPrüfen(const Prüfstand& Stand);                                 // lesen.cpp
+void ListenPrüfen(const Prüfstand& Stand);                                // listen.cpp
+void ÄndernPrüfen(const Prüfstand& Stand);                                // aendern.cpp
+void DiscsPrüfen(const Prüfstand& Stand, const std::string& Server);      // discs.cpp
+void FensterPrüfen(const Prüfstand& Stand, const std::string& Programm);  // fenster.cpp
 
 }  // namespace liedwerk::haerte

@@ -62,6 +62,7 @@ std::vector<std::string> Umgebung(const Orte& Wo, const Störung& Wie, const std
                                       "LD_PRELOAD=" + Davor + Wo.Vorlader,
                                       "STOERUNG_PROTOKOLL=" + Protokoll};
     if (Wo.Späher.empty()) Werte.push_back("STOERUNG_ORDNER=" + (Wie.Überall ? "/" : Wo.Welt));
+    Werte.insert(Werte.end(), Wo.Umgebung.begin(), Wo.Umgebung.end());
     if (Wie.Ruf > 0) Werte.push_back("STOERUNG_RUF=" + std::to_string(Wie.Ruf));
     if (!Wie.Art.empty()) Werte.push_back("STOERUNG_ART=" + Wie.Art);
     if (Wie.Immer) Werte.emplace_back("STOERUNG_IMMER=1");

@@ -61,6 +61,7 @@ struct Orte {
     std::string Welt;        // the files that the program works on
     std::string Späher{};  // a library that notes instead of the other one, which then only shortens waiting
     std::string Suchpfad = "/usr/bin:/bin";
+    std::vector<std::string> Umgebung{};  // further variables, "NAME=value"
 };
 
 // A program that is running; several may run at once. Kennung tells their outputs apart.
@@ -69,6 +70,7 @@ class Gestarteter {
     Gestarteter(const Orte& Wo, const std::vector<std::string>& Befehl, const Störung& Wie, int Kennung);
     // Waits for the end, killing at the time that was asked for, and after Höchstens microseconds.
     Laufergebnis Abwarten(std::int64_t Höchstens = Zeitgrenze);
+    int Prozessnummer() const { return Prozess; }
 
   private:
     std::string Anfang;  // of the names of outputs

@@ -30,6 +30,12 @@ std::map<std::string, Ordnereintrag> Liste(std::string_view Ordner) {
     return Ergebnis;
 }
 
+TEST(Systemprogramme, ÖffnenNurGanzePfade) {
+    for (const char* Name : {"", "--help", "a.mp3", "http://fremd/x", "file:///etc/passwd", "C:\\x"})
+        EXPECT_EQ(SystemprogrammeÖffnen()->MitAnwendungÖffnen(Name).Fehler,
+                  "Das ist auf diesem System kein Pfad einer Datei.");
+}
+
 TEST(Systemordner, NurDateienUndOrdnerAuchÜberLinks) {
     const Probeordner Ordner;
     Ordner.Datei(".versteckt");

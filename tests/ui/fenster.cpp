@@ -1,12 +1,15 @@
 // The main window in use: start, search row, columns, selection, end.
+#include <QAccessible>
 #include <QHeaderView>
 #include <QLabel>
 #include <QListView>
 #include <QTextBrowser>
 #include <QToolButton>
+#include <QToolTip>
 
 #include "core/suchlauf.h"
 #include "tests/ui/fensterlauf.h"
+#include "ui/qt/meldung.h"
 
 using namespace Qt::StringLiterals;
 
@@ -178,6 +181,46 @@ TEST_F(Fenster, AuswahlFührtBeschreibungUndFunktionen) {
     QTest::keyClick(&Eins.Suchfeld(), Qt::Key_Return);
     EXPECT_EQ(Eins.Zeilen(), 1);
     EXPECT_EQ(Eins.Songs().AuswahlLesen(), Gewählt);
+}
+
+// What a label, a box or a hint shows and says of a text that looks like markup: the text.
+void AlsTextErwarten(const QString& Klasse, const QString& Text) {
+    int Gezeigte = 0;
+    for (QWidget* const Einer : QApplication::allWidgets()) {
+        auto* const Zeile = qobject_cast<QLabel*>(Einer);
+        if (Zeile == nullptr || !Zeile->isVisible() || Zeile->text() != Text ||
+            !Zeile->inherits(Klasse.toLatin1()))
+            continue;
+        ++Gezeigte;
+        EXPECT_EQ(Zeile->textFormat(), Qt::PlainText);
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(Zeile)->text(QAccessible::Name), Text);
+    }
+    EXPECT_GT(Gezeigte, 0) << Klasse.toStdString();
+}
+
+TEST_F(Fenster, WasEineDateiEnthältIstNieAuszeichnung) {
+    Lauf Eins(Welt);
+    const std::string Ordner = Welt.Ordner() + "/<b>M";
+    ASSERT_TRUE(std::filesystem::create_directory(Ordner));
+    const std::string Titel = "<b>x</b><img src=y>&lt;";
+    MusikdateiAnlegen(Ordner + "/<i>a&lt;.mp3", Titel, "<img src=x>");
+    Eins.OrdnerHinzufügen(Ordner);
+    EXPECT_EQ(Eins.Zelle(0, 1), u"<i>a&lt;.mp3"_s);
+    EXPECT_EQ(Eins.Zelle(0, 2), QtText(Titel));
+    const auto* const Tabelle = QAccessible::queryAccessibleInterface(&Eins.Songs())->tableInterface();
+    EXPECT_EQ(Tabelle->cellAt(0, 2)->text(QAccessible::Name), QtText(Titel));
+    AlsTextErwarten(u"QLabel"_s, u"<i>a&lt;.mp3"_s);
+    auto& Text = Teil<QTextBrowser>(Eins.Fenster, u"txtBeschreibung"_s);
+    const QString Pfad = QtText(Ordner + "/<i>a&lt;.mp3");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Text.toPlainText().contains(Pfad); }, 3000))
+        << Text.toPlainText().toStdString();
+    QToolTip::showText(QPoint(5, 5), QtText(Titel), &Eins.Fenster);
+    AlsTextErwarten(u"QTipLabel"_s, QtText(Titel));
+    QTimer::singleShot(0, qApp, [&] {
+        AlsTextErwarten(u"QLabel"_s, QtText(Titel));
+        QApplication::activeModalWidget()->close();
+    });
+    MeldungZeigen(&Eins.Fenster, Symbol::Information, Titel);
 }
 
 TEST_F(Fenster, SchließenFragtMerktSichDieAntwortUndSpeichert) {

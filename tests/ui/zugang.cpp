@@ -353,8 +353,10 @@ TEST(Zugang, AllesHatNamenUndEigeneTasten) {
         }
         for (QWidget* const Teil : Form.findChildren<QWidget*>()) {
             if (!Teil->isVisible() || VonQt(*Teil)) continue;
-            if (const auto* const Zeile = qobject_cast<QLabel*>(Teil); Zeile && Zeile->buddy())
-                Vergeben(Zeile->text());
+            const auto* const Zeile = qobject_cast<QLabel*>(Teil);
+            EXPECT_TRUE(Zeile == nullptr || Zeile->textFormat() == Qt::PlainText)
+                << Beschreibe(*Teil).toStdString() << " nimmt Auszeichnung an";
+            if (Zeile != nullptr && Zeile->buddy()) Vergeben(Zeile->text());
             if (auto* const Knopf = qobject_cast<QAbstractButton*>(Teil)) Vergeben(Knopf->text());
         }
         for (QWidget* const Teil : Anlaufstellen(Form)) {
