@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# welten.sh: lets liedwerk-cli add and synchronise folders that loop and hold evil names, and work on an index
+# welten.sh [kurz]: lets liedwerk-cli add and synchronise folders that loop and hold evil names, and work on an index
 # whose values have up to 100,000 characters; see docs/verlaesslichkeit.md. Bind mounts are left out where
-# mounting is not allowed. Ends with 0 only when all is as it should be; the last line counts the cases.
+# mounting is not allowed. Ends with 0 only when all is as it should be; the last line counts the cases. "kurz" is all.
 set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/../werkzeuge/gemeinsam.sh"
 
