@@ -17,11 +17,6 @@ constexpr std::int64_t Übernahmedauer = 5000;   // milliseconds that a player m
 constexpr std::int64_t Ladedauer = 400;         // milliseconds from the player's appearance to its list
 constexpr std::int64_t Übernahmepause = 20;
 
-// A full path, of this system or of Windows.
-bool NenntDatei(std::string_view Pfad) {
-    return IstPosixPfad(Pfad) || Pfad.starts_with("\\\\") || Pfad.substr(0, 3).ends_with(":\\");
-}
-
 bool GehörtDemSpieler(const Katalog& Index, Satznummer Nummer) {
     return DateiTypErlaubt(Index.Optionen.Dateitypen, Index.Sätze.Pfad(Nummer), false, false, true, false);
 }
@@ -96,6 +91,11 @@ class Abspiellauf {
     void AnAnwendung(Satznummer Nummer, std::string_view Programm) {
         const std::string Pfad = Umgebung.Index.Sätze.Pfad(Nummer);
         Melden(Pfad, "mit Standard-Anwendung aus (gewünscht)");
+        // What a stranger's index calls a path may be an address or a switch. Neither reaches a program.
+        if (!IstVollerPfad(Pfad)) {
+            Gestartet({0, "Das ist kein vollständiger Pfad."}, Pfad);
+            return;
+        }
         const bool Läuft = Gestartet(Programm.empty() ? Umgebung.Spieler.Programme.MitAnwendungÖffnen(Pfad)
                                                       : Umgebung.Spieler.Programme.Starten(Programm, {Pfad}),
                                      Pfad);
@@ -302,7 +302,7 @@ bool PlaylisteEintrag(Abspielumgebung& Umgebung, Playliste& Liste, Satznummer Nu
         return false;
     }
     // Players take any other line for an address, a comment or a file beside the list.
-    if (!NenntDatei(Pfad)) {
+    if (!IstVollerPfad(Pfad)) {
         Umgebung.Spieler.Person.Melden(Symbol::Ausrufezeichen,
                                        "Die Datei '" + Pfad +
                                            "' kann nicht an Ihren Audioplayer übergeben werden, weil der "

@@ -18,6 +18,11 @@ bool IstPosixPfad(std::string_view Pfad) {
     return !Pfad.empty() && Pfad.front() == '/';
 }
 
+bool IstVollerPfad(std::string_view Pfad) {
+    const bool Laufwerk = Pfad.size() > 2 && Pfad[1] == ':' && Pfad[2] == '\\';
+    return IstPosixPfad(Pfad) || Laufwerk || Pfad.starts_with("\\\\");
+}
+
 char Trenner(std::string_view Pfad) {
     return IstPosixPfad(Pfad) ? '/' : '\\';
 }

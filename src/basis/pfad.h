@@ -13,6 +13,9 @@
 namespace liedwerk {
 
 bool IstPosixPfad(std::string_view Pfad);
+// From the root on: "/x", "C:\\x" or "\\\\server\\x". Anything else could be an address, a switch of a
+// program, or mean another file in each folder.
+bool IstVollerPfad(std::string_view Pfad);
 // The separator of the path's style: '/' or '\'.
 char Trenner(std::string_view Pfad);
 

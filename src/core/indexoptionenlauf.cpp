@@ -51,12 +51,6 @@ bool Lesbar(const SyncRegel& Regel) {
     return Zurück.SyncOrdner == Hin.SyncOrdner;
 }
 
-// From the root on: "/x", "C:\\x" or "\\\\server\\x".
-bool IstVollerPfad(std::string_view Pfad) {
-    const bool Laufwerk = Pfad.size() > 2 && Pfad[1] == ':' && Pfad[2] == '\\';
-    return IstPosixPfad(Pfad) || Laufwerk || Pfad.starts_with("\\\\");
-}
-
 bool LiegtIn(std::string_view Ordner, std::string_view Oberer) {
     const std::string Anfang = MitTrenner(Oberer);
     return Ordner.size() > Anfang.size() && PfadeGleich(Ordner.substr(0, Anfang.size()), Anfang);

@@ -139,6 +139,8 @@ Exportformatierung HtmlFormat(const Katalog& Index, const Exportspalten& Spalten
         for (const Platzfeld& Feld : Reihe) {
             // Kept: a value that cannot be read has no cell at all.
             if (!WertLesen(Index, Nummer, Feld.Feld, Wert)) continue;
+            // Kept: a value's markup passes, so that tags may hold links. Nothing else of the program shows
+            // it.
             Ziel.append("<td>").append(Wert).append("</td>").append(Zeilenende);
         }
         ZeileAnhängen(Ziel, "</tr>");

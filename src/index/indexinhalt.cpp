@@ -82,10 +82,11 @@ class Übernahme {
             Log.Schreiben("DateiLaden: Zeile " + std::to_string(Nummer) +
                           " - Datenfeld nicht erkannt, da neuer (Termine)");
         }
-        Index.Termine.emplace_back();
+        Termin Neuer;
         WerteSchneiden(Zeile, Längen, TerminLängenAnzahl, [&](std::string_view Wert, int Feld) {
-            TerminFeldSetzen(Index.Termine, IndexwertLesen(Wert), Index.Termine.size(), Feld);
+            TerminFeldSetzen(Neuer, IndexwertLesen(Wert), Feld);
         });
+        Index.Termine.push_back(Neuer);
     }
 
     void OptionÜbernehmen(std::string_view Zeile, std::int64_t Nummer) {

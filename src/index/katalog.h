@@ -59,7 +59,7 @@ struct Katalog {
     Satznummer LetzterTreffer = 0;
 
     Indexoptionen Optionen;
-    std::vector<Termin> Termine;
+    Terminliste Termine;
 
     std::string IndexDateiname;  // full path of the loaded file, or the folder or names handed over
     Dateistand IndexDateiZeit;   // the file as seen at load, for the change test

@@ -30,12 +30,20 @@ struct Satzspeicher::Blöcke {
     std::size_t Rest = 0;
     std::uint64_t Belegt = 0;
     std::uint64_t Lebend = 0;
-    std::string Entwurf;  // the line being built
+    std::string Entwurf;      // the line being built
+    std::string_view Letzte;  // the line that was added last
 
     void BlockAnlegen(std::size_t Größe) {
         Alle.push_back(std::make_unique_for_overwrite<char[]>(Größe));
         Frei = Alle.back().get();
         Rest = Größe;
+    }
+
+    // The line being built gets a place. A file of a million lines that say nothing gives a million equal
+    // ones: neighbours share theirs.
+    const char* EntwurfAblegen() {
+        if (Entwurf != Letzte) Letzte = {Kopieren(Entwurf.data(), Entwurf.size()), Entwurf.size()};
+        return Letzte.data();
     }
 
     const char* Kopieren(const char* Zeile, std::size_t Länge) {
@@ -111,7 +119,7 @@ Satzspeicher::Platz Satzspeicher::Ablegen(std::string_view Pfad, const Datensatz
     SatzzeileBilden(Speicher->Entwurf, Roh.Werte, Anzahl);
     Platz Neu;
     Neu.Länge = static_cast<std::uint32_t>(Speicher->Entwurf.size());
-    Neu.Zeile = Speicher->Kopieren(Speicher->Entwurf.data(), Neu.Länge);
+    Neu.Zeile = Speicher->EntwurfAblegen();
     Neu.Id3v1 = Daten.HatId3v1 & 3U;
     Neu.Id3v2 = Daten.HatId3v2 & 3U;
     Neu.Lyrics = Daten.HatLyrics & 3U;

@@ -23,7 +23,8 @@ bool HatLaufwerk(std::string_view Text) {
     return Text.size() > 1 && Text[1] == ':';
 }
 
-bool IstVollerPfad(std::string_view Text) {
+// Wider than IstVollerPfad: a typed "C:x" is refused as such a place, not taken for a name.
+bool NenntEigenenOrt(std::string_view Text) {
     return IstPosixPfad(Text) || HatLaufwerk(Text);
 }
 
@@ -119,7 +120,7 @@ Namensplan NamePlanenNachFormat(const Katalog& Index, Satznummer Nummer, std::st
     const std::string Pfad = Index.Sätze.Pfad(Nummer);
     const std::string Rückgabe = FormatAuflösen(Index, Nummer, Format);
     Namensplan Plan = ZielBilden(Pfad, FormatAuflösen(Index, Nummer, Format, TrennerEntschärfen),
-                                 IstVollerPfad(Format), EndungVon(Pfad));
+                                 NenntEigenenOrt(Format), EndungVon(Pfad));
     if (Rückgabe == FormatAuflösen(Index, 0, Format)) {
         Plan.Frage = "Das von Ihnen angegebene Format '" + std::string(Format) +
                      "' konnte nicht in einen sinnvollen Dateinamen umgewandelt werden, da keine der "
@@ -173,14 +174,14 @@ Namensplan NamePlanenMitEndung(std::string_view Pfad, std::string_view Endung) {
 Namensplan NamePlanenEingegeben(std::string_view Pfad, std::string_view Eingabe) {
     // The old name is no new one, whatever it holds.
     if (Eingabe == DateinameVon(Pfad) || Eingabe == Pfad) return {std::string(Pfad), {}, {}};
-    return ZielBilden(Pfad, Eingabe, IstVollerPfad(Eingabe), {});
+    return ZielBilden(Pfad, Eingabe, NenntEigenenOrt(Eingabe), {});
 }
 
 Namensplan FortlaufendenNamenBilden(std::string_view Pfad, std::string_view Anfang, std::string& Zähler,
                                     std::string_view Ende,
                                     const std::function<bool(std::string_view)>& Existiert) {
     constexpr int WeitereVersuche = 10000;
-    const bool Voll = IstVollerPfad(Anfang);
+    const bool Voll = NenntEigenenOrt(Anfang);
     for (int Versuch = 0;; ++Versuch) {
         std::string Name(Anfang);
         Name.append(Zähler).append(Ende);

@@ -322,12 +322,16 @@ bool Lesung::Dateilesen(Feldkennung Kennung) {
     }
 }
 
+// No name and no cell needs more. A format of a thousand fields would multiply the longest value of a record.
+constexpr std::size_t HöchsterVorlagenwert = 100000;
+
+// Appends the format with its values; ends behind the value that reaches that length.
 void VorlageAnwenden(std::string& Ziel, const Katalog& Index, Satznummer Nummer, std::string_view Vorlage,
                      bool BeideTags, bool ImNutzerformat,
                      const std::function<void(std::string&)>& Säubern = {}) {
     std::string Wert;
     Feldtyp Typ{};
-    for (;;) {
+    while (Ziel.size() < HöchsterVorlagenwert) {
         const std::size_t Erstes = Vorlage.find('%');
         const std::size_t Zweites = Erstes == std::string_view::npos ? Erstes : Vorlage.find('%', Erstes + 1);
         if (Zweites == std::string_view::npos) break;
@@ -338,7 +342,7 @@ void VorlageAnwenden(std::string& Ziel, const Katalog& Index, Satznummer Nummer,
         Ziel += Wert;
         Vorlage.remove_prefix(Zweites + 1);
     }
-    Ziel += Vorlage;
+    if (Ziel.size() < HöchsterVorlagenwert) Ziel += Vorlage;
 }
 
 bool Lesung::Lesen(const Feldwahl& Feld) {

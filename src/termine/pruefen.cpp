@@ -51,7 +51,7 @@ void AntwortÜbernehmen(Termin& Eintrag, const Terminantwort& Antwort, const std
 std::optional<Terminmeldung> TerminPrüfen(Katalog& Index, std::size_t Nummer, const Terminumgebung& Umgebung,
                                           std::vector<Termin>& Verpasste) {
     // A copy: while a notice is open, the event may be changed or go.
-    const Termin Eintrag = Index.Termine[Nummer - 1];
+    Termin Eintrag = Index.Termine[Nummer - 1];
     if (Eintrag.Benachrichtigen != 1 || Eintrag.Erledigt == "1") return std::nullopt;
     const auto Am = DatumLesen(Eintrag.BenachrichtigenAm);
     if (!Am) {
@@ -64,8 +64,9 @@ std::optional<Terminmeldung> TerminPrüfen(Katalog& Index, std::size_t Nummer, c
     if (!Lage.Fällig) {
         if (!Eintrag.Einheit.empty() || *Am > Jetzt) return std::nullopt;
         Index.IndexGeändert = true;
-        Index.Termine[Nummer - 1].Erledigt = "1";
         Verpasste.push_back(Eintrag);
+        Eintrag.Erledigt = "1";
+        Index.Termine.Setzen(Nummer - 1, Eintrag);
         Umgebung.ZeileAuffrischen(Nummer);
         return std::nullopt;
     }
@@ -74,7 +75,8 @@ std::optional<Terminmeldung> TerminPrüfen(Katalog& Index, std::size_t Nummer, c
     Terminmeldung Meldung = MeldungBilden(Eintrag, Nummer, Lage.Nächster);
     const Terminantwort Antwort = Umgebung.Melden(Meldung);
     if (Nummer <= Index.Termine.size() && Index.Termine[Nummer - 1] == Eintrag) {
-        AntwortÜbernehmen(Index.Termine[Nummer - 1], Antwort, Lage.Nächster);
+        AntwortÜbernehmen(Eintrag, Antwort, Lage.Nächster);
+        Index.Termine.Setzen(Nummer - 1, Eintrag);
         Umgebung.ZeileAuffrischen(Nummer);
     }
     return Meldung;

@@ -94,23 +94,24 @@ void TermineingabeNachführen(Termineingabe& Eingabe, const Termin& Geöffnet, c
     if (Eingabe.Zurücksetzen == Geöffnet.Erledigt.empty()) Eingabe.Zurücksetzen = Jetziger.Erledigt.empty();
 }
 
-std::size_t TerminHinzufügen(std::vector<Termin>& Termine, const Termineingabe& Eingabe,
-                             const Zeitpunkt& Jetzt) {
+std::size_t TerminHinzufügen(Terminliste& Termine, const Termineingabe& Eingabe, const Zeitpunkt& Jetzt) {
     Termin Neuer;
     Neuer.AngelegtAm = DatumZeitText(Jetzt);
     EingabeSpeichern(Neuer, Eingabe, Jetzt);
-    Termine.push_back(std::move(Neuer));
+    Termine.push_back(Neuer);
     return Termine.size();
 }
 
-void TerminÄndern(std::vector<Termin>& Termine, std::size_t Nummer, const Termineingabe& Eingabe,
+void TerminÄndern(Terminliste& Termine, std::size_t Nummer, const Termineingabe& Eingabe,
                   const Zeitpunkt& Jetzt) {
-    if (Nummer >= 1 && Nummer <= Termine.size()) EingabeSpeichern(Termine[Nummer - 1], Eingabe, Jetzt);
+    if (Nummer < 1 || Nummer > Termine.size()) return;
+    Termin Eintrag = Termine[Nummer - 1];
+    EingabeSpeichern(Eintrag, Eingabe, Jetzt);
+    Termine.Setzen(Nummer - 1, Eintrag);
 }
 
-void TerminEntfernen(std::vector<Termin>& Termine, std::size_t Nummer) {
-    if (Nummer >= 1 && Nummer <= Termine.size())
-        Termine.erase(Termine.begin() + static_cast<std::ptrdiff_t>(Nummer - 1));
+void TerminEntfernen(Terminliste& Termine, std::size_t Nummer) {
+    if (Nummer >= 1 && Nummer <= Termine.size()) Termine.Entfernen(Nummer - 1);
 }
 
 std::string TerminZelle(const Termin& Eintrag, std::string_view Spalte) {

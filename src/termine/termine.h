@@ -59,12 +59,11 @@ Termineingabe TermineingabeVon(const Termin& Eintrag);
 void TermineingabeNachführen(Termineingabe& Eingabe, const Termin& Geöffnet, const Termin& Jetziger);
 
 // Appends an event that was created at Jetzt; gives its number.
-std::size_t TerminHinzufügen(std::vector<Termin>& Termine, const Termineingabe& Eingabe,
-                             const Zeitpunkt& Jetzt);
+std::size_t TerminHinzufügen(Terminliste& Termine, const Termineingabe& Eingabe, const Zeitpunkt& Jetzt);
 // Stores into event Nummer; nothing happens when there is none.
-void TerminÄndern(std::vector<Termin>& Termine, std::size_t Nummer, const Termineingabe& Eingabe,
+void TerminÄndern(Terminliste& Termine, std::size_t Nummer, const Termineingabe& Eingabe,
                   const Zeitpunkt& Jetzt);
-void TerminEntfernen(std::vector<Termin>& Termine, std::size_t Nummer);
+void TerminEntfernen(Terminliste& Termine, std::size_t Nummer);
 
 inline constexpr std::array<std::string_view, 7> TerminSpalten = {
     "Ereignis", "Termin", "Kategorie", "Erinnern", "Angelegt am", "Wiederkehrend", "Anwendung starten"};

@@ -26,6 +26,11 @@ class Terminlauftest : public Kerntest {
         TerminGespeichert(*P, 1);
         ASSERT_TRUE(IndexSpeichern(*P));
     }
+    void WiederFällig() {
+        Termin Eintrag = P->Index.Termine[0];
+        Eintrag.BenachrichtigenAm = "20.11.2026 08:00:00";
+        P->Index.Termine.Setzen(0, Eintrag);
+    }
     speicher::Programme Programme;
 };
 
@@ -44,19 +49,19 @@ TEST_F(Terminlauftest, FremderIndexStartetNichtsUndWirdDurchSpeichernNichtVertra
     std::ofstream(Standard(), std::ios::app) << "\r\n";  // somebody else has written it
     for (int Lauf = 1; Lauf <= 2; ++Lauf) {
         Beginnen();
-        P->Index.Termine.at(0).BenachrichtigenAm = "20.11.2026 08:00:00";
+        WiederFällig();
         P->TerminePrüfen();
         EXPECT_TRUE(Programme.Starts.empty()) << "the preset answer is no";
         EXPECT_EQ(Person.Gefragt.size(), 1U);
         ASSERT_TRUE(IndexSpeichern(*P));
     }
     Beginnen();
-    P->Index.Termine.at(0).BenachrichtigenAm = "20.11.2026 08:00:00";
+    WiederFällig();
     Person.Antworten = {Antwort::Ja};
     P->TerminePrüfen();
     ASSERT_TRUE(IndexSpeichern(*P));
     Beginnen();
-    P->Index.Termine.at(0).BenachrichtigenAm = "20.11.2026 08:00:00";
+    WiederFällig();
     P->TerminePrüfen();
     EXPECT_EQ(Programme.Starts.size(), 2U) << "allowed once and saved: known from then on";
 }

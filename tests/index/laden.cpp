@@ -221,7 +221,8 @@ TEST_F(LadenTest, TermineKommenMitLeerenNullenUndÜberzähligenFeldern) {
     EXPECT_EQ(Index.Termine[2].Beschreibung, "kurz");
     EXPECT_TRUE(Geloggt("Datenfeld nicht erkannt, da neuer (Termine)"));
     EXPECT_TRUE(Geloggt("Checksumme ist 18 statt 14 (Termine), Zeile = '#TERMIN:9|kurz'"));
-    Index.Termine.resize(1);
+    Index.Termine.Entfernen(2);
+    Index.Termine.Entfernen(1);
     Speichern();
     EXPECT_NE(Inhalt(Datei).find(Gut), std::string::npos);
 }

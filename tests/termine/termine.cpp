@@ -77,7 +77,7 @@ TEST(Wiederkehr, NächsterTerminNachDenSchrittenDerEinheit) {
 
 TEST(Termine, SpeichernNachBenachrichtigungUndVergangenheit) {
     const Zeitpunkt Jetzt = Am("21.11.2026 12:00:00");
-    std::vector<Termin> Termine;
+    Terminliste Termine;
     Termineingabe Eingabe{
         "Buch zurückgeben", "1.12.26", "Verliehene Dinge", 1, "20.11.2026 8:00", 4, std::int16_t{7},
         std::int16_t{30},   "Bald",    "/usr/bin/true"};
@@ -96,8 +96,10 @@ TEST(Termine, SpeichernNachBenachrichtigungUndVergangenheit) {
     EXPECT_EQ(Termine[0].Intervall, 7);
     EXPECT_EQ(TerminZelle(Termine[0], "Wiederkehrend"), "Jeden 7. Monat");
     EXPECT_EQ(TermineingabeVon(Termine[0]).Einheitsnummer, 5);
-    Termine[0].Intervall = 1;
-    Termine[0].AngelegtAm = "?";
+    Termin Eintrag = Termine[0];
+    Eintrag.Intervall = 1;
+    Eintrag.AngelegtAm = "?";
+    Termine.Setzen(0, Eintrag);
     EXPECT_EQ(TerminZelle(Termine[0], "Wiederkehrend"), "Jeden Monat");
     EXPECT_EQ(TerminZelle(Termine[0], "Erinnern"), "20.11.2026 08:00:00");
     EXPECT_EQ(TerminZelle(Termine[0], "Angelegt am"), "Fehler");
@@ -125,10 +127,12 @@ struct Prüfung : ::testing::Test {
         Umgebung.ZeileAuffrischen = [&](std::size_t Nummer) { Aufgefrischt.push_back(Nummer); };
         return TerminePrüfen(Index, Umgebung, Läuft);
     }
-    Termin& Neu(std::string_view Datum, std::string_view Einheit) {
-        Index.Termine.push_back(Wiederkehrend(Datum, Einheit, 1));
-        Index.Termine.back().Beschreibung = "E" + std::to_string(Index.Termine.size());
-        return Index.Termine.back();
+    void Neu(std::string_view Datum, std::string_view Einheit,
+             const std::function<void(Termin&)>& Ändern = {}) {
+        Termin Neuer = Wiederkehrend(Datum, Einheit, 1);
+        Neuer.Beschreibung = "E" + std::to_string(Index.Termine.size() + 1);
+        if (Ändern) Ändern(Neuer);
+        Index.Termine.push_back(Neuer);
     }
 
     Katalog Index;
@@ -145,11 +149,11 @@ struct Prüfung : ::testing::Test {
 
 TEST_F(Prüfung, JederFälligeEinmalUndEinFehlerHältKeinenAuf) {
     Neu("kein Datum", "d");
-    Neu("21.11.2026 11:00:00", "d").Anwendung = "/gibt/es/nicht";
+    Neu("21.11.2026 11:00:00", "d", [](Termin& E) { E.Anwendung = "/gibt/es/nicht"; });
     Neu("22.11.2026 11:00:00", "d");
-    Neu("20.11.2026 11:00:00", "h").Anwendung = "/proc/self/exe";
-    Neu("20.11.2026 11:00:00", "h").Erledigt = "1";
-    Neu("20.11.2026 11:00:00", "h").Benachrichtigen = 0;
+    Neu("20.11.2026 11:00:00", "h", [](Termin& E) { E.Anwendung = "/proc/self/exe"; });
+    Neu("20.11.2026 11:00:00", "h", [](Termin& E) { E.Erledigt = "1"; });
+    Neu("20.11.2026 11:00:00", "h", [](Termin& E) { E.Benachrichtigen = 0; });
     Währenddessen = [&] { EXPECT_TRUE(Prüfen().empty()) << "a tick while a notice is open"; };
     const auto Gezeigte = Prüfen();
     ASSERT_EQ(Gezeigte.size(), 2U);

@@ -20,7 +20,7 @@ namespace {
 struct Terminformen : ::testing::Test {
     Umgebung Welt;
     Lauf Eins{Welt};
-    std::vector<Termin>& Termine() { return Eins.Programm.Index.Termine; }
+    Terminliste& Termine() { return Eins.Programm.Index.Termine; }
 };
 
 TEST_F(Terminformen, EreignisWirdAngelegtGeändertUndGelöscht) {
@@ -36,7 +36,7 @@ TEST_F(Terminformen, EreignisWirdAngelegtGeändertUndGelöscht) {
         });
         QTest::mouseClick(&Teil<QPushButton>(Liste, u"cmdHinzufügen"_s), Qt::LeftButton);
         ASSERT_EQ(Termine().size(), 1U);
-        const Termin& Neuer = Termine().front();
+        const Termin Neuer = Termine()[0];
         EXPECT_EQ(Neuer.Kategorie, "Erinnerung");
         EXPECT_EQ(Neuer.BenachrichtigenAm, "21.11.2026 13:00:00");
         EXPECT_EQ(Neuer.Einheit, "m");
@@ -58,11 +58,13 @@ TEST_F(Terminformen, EreignisWirdAngelegtGeändertUndGelöscht) {
             QTest::keyClicks(&Text, u"geben"_s);
             EXPECT_EQ(Text.toPlainText(), u"Platte zurück geben"_s) << "as the index will hold it";
             // The event fires while the form is open.
-            Termine().front().BenachrichtigenAm = "21.01.2027 13:00:00";
+            Termin Gemeldet = Termine()[0];
+            Gemeldet.BenachrichtigenAm = "21.01.2027 13:00:00";
+            Termine().Setzen(0, Gemeldet);
         });
         QTest::keyClick(&Zeilen, Qt::Key_Return);
         EXPECT_EQ(Zeilen.model()->index(0, 1).data().toString(), u"21.11.2026 13:00:00"_s);
-        EXPECT_EQ(Termine().front().BenachrichtigenAm, "21.01.2027 13:00:00") << "no old notice comes back";
+        EXPECT_EQ(Termine()[0].BenachrichtigenAm, "21.01.2027 13:00:00") << "no old notice comes back";
         Eins.Person.Antworten = {Antwort::Nein, Antwort::Ja};
         QTest::mouseClick(&Teil<QPushButton>(Liste, u"cmdLöschen"_s), Qt::LeftButton);
         EXPECT_EQ(Zeilen.model()->rowCount(), 1);
@@ -92,7 +94,7 @@ TEST_F(Terminformen, MeldungFragtNachDemNächstenMal) {
     });
     // The clock of the reminders is not waited for.
     QMetaObject::invokeMethod(&Teil<QTimer>(Eins.Fenster, u"tmrEreignisse"_s), "timeout");
-    EXPECT_EQ(Termine().front().BenachrichtigenAm, "24.12.2026 18:00:00");
+    EXPECT_EQ(Termine()[0].BenachrichtigenAm, "24.12.2026 18:00:00");
     EXPECT_TRUE(Teil<QTimer>(Eins.Fenster, u"tmrEreignisse"_s).isActive());
 }
 
@@ -113,7 +115,7 @@ TEST_F(Terminformen, VerpassteWerdenEinmalAufgelistet) {
     });
     Eins.Programm.TerminePrüfen();
     Eins.Programm.TerminePrüfen();
-    EXPECT_EQ(Termine().front().Erledigt, "1");
+    EXPECT_EQ(Termine()[0].Erledigt, "1");
 }
 
 }  // namespace

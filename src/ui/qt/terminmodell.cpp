@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace liedwerk {
 
-Terminmodell::Terminmodell(const std::vector<Termin>& Ereignisse, std::size_t Spaltenzahl, QObject* Eltern)
+Terminmodell::Terminmodell(const Terminliste& Ereignisse, std::size_t Spaltenzahl, QObject* Eltern)
     : QAbstractTableModel(Eltern),
       Termine(Ereignisse),
       Spalten(Spaltenzahl),
@@ -37,8 +37,7 @@ QVariant Terminmodell::headerData(int Abschnitt, Qt::Orientation Richtung, int R
     return QtText(TerminSpalten[static_cast<std::size_t>(Abschnitt)]);
 }
 
-QTreeView* TerminansichtAnlegen(QWidget* Eltern, const std::vector<Termin>& Ereignisse,
-                                std::size_t Spaltenzahl) {
+QTreeView* TerminansichtAnlegen(QWidget* Eltern, const Terminliste& Ereignisse, std::size_t Spaltenzahl) {
     auto* const Ansicht = new QTreeView(Eltern);
     Ansicht->setObjectName(u"lstEreignisse"_s);
     Ansicht->setAccessibleName(u"Ereignisse"_s);

@@ -11,7 +11,7 @@ namespace liedwerk {
 class Terminmodell final : public QAbstractTableModel {
   public:
     // The first Spaltenzahl columns of TerminSpalten over events that outlive the model.
-    Terminmodell(const std::vector<Termin>& Ereignisse, std::size_t Spaltenzahl, QObject* Eltern);
+    Terminmodell(const Terminliste& Ereignisse, std::size_t Spaltenzahl, QObject* Eltern);
 
     // Events have come, gone or changed; rows are read afresh and selections go.
     void Erneuern();
@@ -26,13 +26,12 @@ class Terminmodell final : public QAbstractTableModel {
     QVariant headerData(int Abschnitt, Qt::Orientation Richtung, int Rolle) const override;
 
   private:
-    const std::vector<Termin>& Termine;
+    const Terminliste& Termine;
     std::size_t Spalten;
     int Zeilen = 0;
 };
 
 // lstEreignisse: a list over such a model, with room for the texts.
-QTreeView* TerminansichtAnlegen(QWidget* Eltern, const std::vector<Termin>& Ereignisse,
-                                std::size_t Spaltenzahl);
+QTreeView* TerminansichtAnlegen(QWidget* Eltern, const Terminliste& Ereignisse, std::size_t Spaltenzahl);
 
 }  // namespace liedwerk

@@ -23,7 +23,7 @@ void TerminAlsJson(JsonSchreiber& Ziel, const Termin& Eintrag) {
     Ziel.ObjektEnde();
 }
 
-void TermineAlsTabelle(Ausgabe& Ziel, const std::vector<Termin>& Termine) {
+void TermineAlsTabelle(Ausgabe& Ziel, const Terminliste& Termine) {
     std::vector<std::string> Köpfe{"Nummer"};
     Köpfe.insert(Köpfe.end(), TerminSpalten.begin(), TerminSpalten.end());
     Tabelle Zeilen(Ziel, std::move(Köpfe));
@@ -42,7 +42,7 @@ void TermineAlsTabelle(Ausgabe& Ziel, const std::vector<Termin>& Termine) {
 Ausgang TermineAusführen(const Globaloptionen& Global, const Befehlseingabe&) {
     Programmlauf Lauf(Global);
     if (!Lauf.Bereit() || !Lauf.IndexLaden()) return Ausgang::Fehlgeschlagen;
-    const std::vector<Termin>& Termine = Lauf.Programm().Index.Termine;
+    const Terminliste& Termine = Lauf.Programm().Index.Termine;
     if (Lauf.Json()) {
         Lauf.Dokument().ListeAnfang();
         for (const Termin& Einer : Termine)
@@ -59,7 +59,7 @@ Ausgang TerminNächsterAusführen(const Globaloptionen& Global, const Befehlsein
     if (!Nummer || *Nummer < 1) return Falsch("Eine NUMMER ist eine ganze Zahl ab 1.");
     Programmlauf Lauf(Global);
     if (!Lauf.Bereit() || !Lauf.IndexLaden()) return Ausgang::Fehlgeschlagen;
-    const std::vector<Termin>& Termine = Lauf.Programm().Index.Termine;
+    const Terminliste& Termine = Lauf.Programm().Index.Termine;
     const auto Platz = static_cast<std::size_t>(*Nummer) - 1;
     if (Platz >= Termine.size())
         return Gescheitert("Das Ereignis " + std::to_string(*Nummer) + " gibt es nicht.");
