@@ -49,6 +49,10 @@ TEST(Pfad, GleichheitUndSchlüsselStimmenÜberein) {
     }
     EXPECT_TRUE(PfadeGleich("C:\\Ä", "c:\\ä"));
     EXPECT_FALSE(PfadeGleich("/a/B", "/a/b"));
+    for (const char* Voll : {"/", "/a", "C:\\a", "\\\\server\\a"})
+        EXPECT_TRUE(IstVollerPfad(Voll)) << Voll;
+    for (const char* Anderer : {"", "a", "C:a", "https://a/b", "--hilfe=/a", "./a", "file:///a"})
+        EXPECT_FALSE(IstVollerPfad(Anderer)) << Anderer;
     EXPECT_TRUE(HatZeilenende("/a\n") && HatZeilenende("C:\\\r") && !HatZeilenende("/a b"));
 }
 

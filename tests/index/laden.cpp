@@ -227,6 +227,30 @@ TEST_F(LadenTest, TermineKommenMitLeerenNullenUndÜberzähligenFeldern) {
     EXPECT_NE(Inhalt(Datei).find(Gut), std::string::npos);
 }
 
+TEST(Terminliste, GibtJedenInhaltWiederHer) {
+    const std::string Lang(100000, 'x');
+    Terminliste Liste{{}, {"\n", Lang, -1, "", "0", std::string(3, '\0'), "", "y", -32768, 32767, Lang, "a"}};
+    Liste.push_back({"", "", 0, "", "", "", "", "", 0, 0, "", std::string("b\0\0", 3)});
+    const std::vector<Termin> Alle(Liste.begin(), Liste.end());
+    ASSERT_EQ(Alle.size(), 3U);
+    EXPECT_EQ(Alle[0], Termin{});
+    EXPECT_EQ(Alle[1].Kategorie + Alle[1].BenachrichtigenAm + Alle[1].Anwendung,
+              Lang + std::string(3, '\0') + "a");
+    EXPECT_EQ(Alle[1].Benachrichtigen + Alle[1].Intervall + Alle[1].AnzeigeDauer, -2);
+    EXPECT_EQ(Alle[2].Anwendung, std::string("b\0\0", 3));
+    Liste.Setzen(0, Alle[2]);
+    Liste.Entfernen(2);
+    EXPECT_EQ(Liste, (Terminliste{Alle[2], Alle[1]}));
+}
+
+TEST_F(LadenTest, GleicheLeereZeilenSindJedeEinSatz) {
+    InhaltLaden(Kopf() + "#TAG:|\r\n#TAG:|\r\n#TAG:|\r\n");
+    ASSERT_EQ(Index.IndexAnzahl(), 3);
+    Index.Sätze.PfadSetzen(2, "/b");
+    Index.Sätze.Entfernen(std::vector<Satznummer>{1});
+    EXPECT_EQ(Index.Sätze.Pfad(1) + "," + Index.Sätze.Pfad(2), "/b,");
+}
+
 TEST_F(LadenTest, UnvollständigeSätzeWerdenNachgelesen) {
     const auto Zeile = [](std::string_view Datum, std::string_view Größe, std::string_view Typ) {
         return "#TAG:2////////" + std::to_string(Größe.size()) + "//1/1/1/1/1/" +

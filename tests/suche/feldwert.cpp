@@ -187,6 +187,22 @@ TEST(BenutzerFormat, SetztSortierformenEin) {
     EXPECT_EQ(WertVon(Index, 1, "%Benutzerdefiniert%"), "[Lied]");
 }
 
+TEST(BenutzerFormat, VervielfachtKeinenLangenWert) {
+    Datensatz Satz;
+    Satz.HatId3v1 = TagVorhanden;
+    Satz.Titel = std::string(90000, 'x');
+    Katalog Index = Mit(Satz);
+    std::string Format, Wert;
+    for (int i = 0; i < 10000; ++i)
+        Format += "%Titel%";
+    EXPECT_EQ(BenutzerFormatAnwenden(Index, 1, Format, true), std::string(180000, 'x'));
+    // A field that names the format again gives it one more time only.
+    Index.Optionen.SpaltenNutzerformat = Format + "%Benutzerdefiniert%";
+    Feldtyp Art{};
+    FeldWert(Index, 1, "Benutzerdefiniert", Wertform::Anzeigen, false, Wert, Art);
+    EXPECT_LT(Wert.size(), 300000U);
+}
+
 TEST(FeldWert, AnzeigetypStimmtFürAlleSätze) {
     std::mt19937 Zufall(1);
     const Katalog Index = ZufälligerKatalog(Zufall, 60);
