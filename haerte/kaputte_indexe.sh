@@ -60,13 +60,14 @@ awk -v messen="$([ "$VORGABE" = release ] && echo 1 || echo 0)" '
     }' "$ABLAGE/ergebnis" || FEHLER=1
 
 if [ "$VORGABE" = release ]; then
-    # Lines of no content become records and reminders all the same; no bound is set for their memory.
+    # Lines of no content become records, reminders, rules and types all the same.
     sagen "" "Eine Million Zeilen (Datei MB, Sekunden, Speicher MiB):"
-    for zeile in '' x '#TAG:' '#TAG:|' '#OPT:=' '#TERMIN:|'; do
+    for zeile in '' x '#TAG:' '#TAG:|' '#TAG:1|x' '#OPT:=' '#OPT:SYNC=a,1,b' '#OPT:VERWALTEN=' '#TERMIN:|' '#TERMIN:1|x'; do
         awk -v zeile="$zeile" 'BEGIN { printf "#TAG:lw102\r\n"; for (i = 0; i < 1000000; ++i) printf "%s\r\n", zeile }' >"$ABLAGE/million.lwi"
         read -r status zeit speicher < <(laufen "$ABLAGE/million.lwi")
         LC_ALL=C awk -v zeile="$zeile" -v groesse="$(stat -c %s "$ABLAGE/million.lwi")" -v status="$status" -v zeit="$zeit" -v speicher="$speicher" \
-            'BEGIN { printf "%-12s %6.1f %8.3f %7.0f  %s\n", "\"" zeile "\"", groesse / 1e6, zeit, speicher / 1024, status }'
+            'BEGIN { printf "%-18s %6.1f %8.3f %7.0f  %s\n", "\"" zeile "\"", groesse / 1e6, zeit, speicher / 1024, status
+                     exit status > 1 || speicher * 1024 > 3 * groesse + 64 * 1048576 }' || FEHLER=1
     done
     rm -f -- "$ABLAGE/million.lwi"
     sagen "" "Zeit für die doppelte Größe (Prozessorzeit, Median von 5):"
