@@ -65,9 +65,9 @@ class Hauptfenster {
     virtual void SuchfeldFokussieren() = 0;                    // when visible, not minimised and enabled
     virtual void TagEditorZeigen() = 0;                        // on all records, modal
     virtual void ShellEinträgeAnmelden() = 0;
-    virtual void EreignisuhrStarten() = 0;                                 // tmrEreignisse
-    virtual Terminantwort TerminMelden(const Terminmeldung& Meldung) = 0;  // "Ereignis erreicht", modal
-    virtual void VerpassteTermineZeigen(const std::vector<Termin>& Verpasste) = 0;  // modal
+    virtual void EreignisuhrStarten() = 0;                                  // tmrEreignisse
+    virtual Terminantwort TerminMelden(const Terminmeldung& Meldung) = 0;   // "Ereignis erreicht", modal
+    virtual void VerpassteTermineZeigen(const Terminliste& Verpasste) = 0;  // modal
     virtual Fensterlage LageLesen() = 0;  // makes a maximised or minimised window normal
     virtual void Minimieren() = 0;
     virtual void Verbergen() = 0;  // to the tray

@@ -52,7 +52,7 @@ void TerminePrüfenEinrichten(Anwendung& Programm) {
             {Dienst.Person, Programm.Log, Dienst.Zeit,
              [&](const Terminmeldung& Meldung) { return Dienst.Fenster.TerminMelden(Meldung); },
              [&](const Termin& Eintrag) { ProgrammStarten(Programm, Eintrag); },
-             [&](const std::vector<Termin>& Verpasste) { Dienst.Fenster.VerpassteTermineZeigen(Verpasste); },
+             [&](const Terminliste& Verpasste) { Dienst.Fenster.VerpassteTermineZeigen(Verpasste); },
              [&](std::size_t Nummer) {
                  if (Programm.TerminzeileAuffrischen) Programm.TerminzeileAuffrischen(Nummer);
              }},

@@ -49,7 +49,7 @@ void AntwortÜbernehmen(Termin& Eintrag, const Terminantwort& Antwort, const std
 
 // One event: what is told the person, if anything. Verpasste gets it when its only date has passed.
 std::optional<Terminmeldung> TerminPrüfen(Katalog& Index, std::size_t Nummer, const Terminumgebung& Umgebung,
-                                          std::vector<Termin>& Verpasste) {
+                                          Terminliste& Verpasste) {
     // A copy: while a notice is open, the event may be changed or go.
     Termin Eintrag = Index.Termine[Nummer - 1];
     if (Eintrag.Benachrichtigen != 1 || Eintrag.Erledigt == "1") return std::nullopt;
@@ -88,7 +88,7 @@ std::vector<Terminmeldung> TerminePrüfen(Katalog& Index, const Terminumgebung& 
     std::vector<Terminmeldung> Gezeigte;
     if (Läuft) return Gezeigte;
     Läuft = true;
-    std::vector<Termin> Verpasste;
+    Terminliste Verpasste;
     for (std::size_t Nummer = 1; Nummer <= Index.Termine.size(); ++Nummer) {
         if (auto Meldung = TerminPrüfen(Index, Nummer, Umgebung, Verpasste))
             Gezeigte.push_back(std::move(*Meldung));

@@ -41,7 +41,7 @@ struct Terminumgebung {
     // Starts an event's program, which exists, without parameters.
     std::function<void(const Termin&)> ProgrammStarten;
     // "Verpasste Ereignisse": those without recurrence whose date has passed. Modal; not called for none.
-    std::function<void(const std::vector<Termin>&)> VerpassteZeigen;
+    std::function<void(const Terminliste&)> VerpassteZeigen;
     // Event Nummer has changed: its row, if the list of events is open.
     std::function<void(std::size_t Nummer)> ZeileAuffrischen;
 };

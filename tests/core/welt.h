@@ -79,7 +79,7 @@ class Merkfenster final : public Hauptfenster {
         Merken("Termin " + std::to_string(Meldung.Nummer));
         return {};
     }
-    void VerpassteTermineZeigen(const std::vector<Termin>& Alle) override {
+    void VerpassteTermineZeigen(const Terminliste& Alle) override {
         Merken("Verpasst " + std::to_string(Alle.size()));
     }
     Fensterlage LageLesen() override { return Lage; }

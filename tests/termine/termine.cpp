@@ -123,7 +123,7 @@ struct Prüfung : ::testing::Test {
             return Antwort;
         };
         Umgebung.ProgrammStarten = [&](const Termin& Eintrag) { Gestartet.push_back(Eintrag.Anwendung); };
-        Umgebung.VerpassteZeigen = [&](const std::vector<Termin>& Alle) { Verpasst = Alle; };
+        Umgebung.VerpassteZeigen = [&](const Terminliste& Alle) { Verpasst = Alle; };
         Umgebung.ZeileAuffrischen = [&](std::size_t Nummer) { Aufgefrischt.push_back(Nummer); };
         return TerminePrüfen(Index, Umgebung, Läuft);
     }
@@ -142,7 +142,7 @@ struct Prüfung : ::testing::Test {
     Terminantwort Antwort;
     std::function<void()> Währenddessen;
     std::vector<std::string> Gestartet;
-    std::vector<Termin> Verpasst;
+    Terminliste Verpasst;
     std::vector<std::size_t> Aufgefrischt;
     bool Läuft = false;
 };

@@ -82,7 +82,8 @@ struct Bühne {
     Lauf Eins;
     Namensfunde Funde;
     Datensatz Satz;
-    std::vector<Termin> Verpasste{{"Konzert", "", 1, "", "", "20.11.2026 08:00:00", "", "", 0, 0, "", ""}};
+    Termin Verpasster{"Konzert", "", 1, "", "", "20.11.2026 08:00:00", "", "", 0, 0, "", ""};
+    Terminliste Verpasste{Verpasster};
 };
 
 using Bauplan = std::function<std::unique_ptr<QWidget>(Bühne&)>;
@@ -212,7 +213,7 @@ const std::vector<Eintrag>& Formen() {
         {"frmTerminÜberwachung", [](Bühne& B) { return Bau<frmTerminÜberwachung>(B.Eins.Programm); }},
         {"frmTerminÜberwachungHinzufügen",
          [](Bühne& B) {
-             return Bau<frmTerminÜberwachungHinzufügen>(&B.Verpasste[0], B.Welt.Zeit.Jetzt(), B.Eins.Person);
+             return Bau<frmTerminÜberwachungHinzufügen>(&B.Verpasster, B.Welt.Zeit.Jetzt(), B.Eins.Person);
          }},
         {"frmTerminÜberwachungTermin",
          [](Bühne& B) {

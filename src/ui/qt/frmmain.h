@@ -76,7 +76,7 @@ class frmMain final : public QMainWindow, public Hauptfenster {
     void ShellEinträgeAnmelden() override {}  // the package does it here
     void EreignisuhrStarten() override { EreignisuhrAnlegen(*this, *Programm); }
     Terminantwort TerminMelden(const Terminmeldung& Meldung) override;
-    void VerpassteTermineZeigen(const std::vector<Termin>& Verpasste) override;
+    void VerpassteTermineZeigen(const Terminliste& Verpasste) override;
     void EigentümerZeigen(std::string_view Name) override;
     void SuchfeldFokussieren() override;
     Fensterlage LageLesen() override;

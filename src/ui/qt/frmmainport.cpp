@@ -224,7 +224,7 @@ Terminantwort frmMain::TerminMelden(const Terminmeldung& Meldung) {
     return Form.Antwort();
 }
 
-void frmMain::VerpassteTermineZeigen(const std::vector<Termin>& Verpasste) {
+void frmMain::VerpassteTermineZeigen(const Terminliste& Verpasste) {
     QWidget* const Vorn = QApplication::activeModalWidget();
     frmTerminÜberwachungTerminVerpasst(Verpasste, Vorn != nullptr ? Vorn : (isVisible() ? this : nullptr))
         .exec();

@@ -80,7 +80,7 @@ void frmTerminÜberwachungTermin::done(int Ergebnis) {
     QDialog::done(Ergebnis);
 }
 
-frmTerminÜberwachungTerminVerpasst::frmTerminÜberwachungTerminVerpasst(const std::vector<Termin>& Verpasste,
+frmTerminÜberwachungTerminVerpasst::frmTerminÜberwachungTerminVerpasst(const Terminliste& Verpasste,
                                                                        QWidget* Eltern)
     : QDialog(Eltern) {
     setObjectName(u"frmTerminÜberwachungTerminVerpasst"_s);

@@ -31,7 +31,7 @@ class frmTerminÜberwachungTermin final : public QDialog {
 
 class frmTerminÜberwachungTerminVerpasst final : public QDialog {
   public:
-    frmTerminÜberwachungTerminVerpasst(const std::vector<Termin>& Verpasste, QWidget* Eltern);
+    frmTerminÜberwachungTerminVerpasst(const Terminliste& Verpasste, QWidget* Eltern);
 };
 
 }  // namespace liedwerk

@@ -115,7 +115,7 @@ void Textoberfläche::FortschrittSchließen() {
     ZeileLöschen();
 }
 
-void OhneFenster::VerpassteTermineZeigen(const std::vector<Termin>& Verpasste) {
+void OhneFenster::VerpassteTermineZeigen(const Terminliste& Verpasste) {
     Fehlerzeile("Über folgende Ereignisse erfolgte keine rechtzeitige Benachrichtigung.");
     for (const Termin& Einer : Verpasste)
         Fehlerzeile("  " + TerminZelle(Einer, "Erinnern") + "  " + Einer.Beschreibung);

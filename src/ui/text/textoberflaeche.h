@@ -83,7 +83,7 @@ class OhneFenster final : public Hauptfenster {
     void ShellEinträgeAnmelden() override {}
     void EreignisuhrStarten() override {}
     Terminantwort TerminMelden(const Terminmeldung&) override { return {}; }
-    void VerpassteTermineZeigen(const std::vector<Termin>& Verpasste) override;
+    void VerpassteTermineZeigen(const Terminliste& Verpasste) override;
     Fensterlage LageLesen() override { return {}; }
     void Minimieren() override {}
     void Verbergen() override {}
