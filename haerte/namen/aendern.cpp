@@ -1,4 +1,7 @@
 // What changes the person's files: tags, names, places.
+#include <algorithm>
+#include <functional>
+
 #include "haerte/namen/pruefstand.h"
 #include "haerte/namen/urteil.h"
 
@@ -14,8 +17,10 @@ Worte Mit(Worte Anfang, const Worte& Rest) {
 }
 
 // Runs it, judges where the sounds are, and puts everything back.
-void Mal(const Prüfstand& Stand, const Worte& Was, const Erlaubnis& Darf) {
+void Mal(const Prüfstand& Stand, const Worte& Was, const Erlaubnis& Darf,
+         const std::function<void()>& Danach = {}) {
     Stand.Befehl(Was, Darf);
+    if (Danach) Danach();
     Stand.TönePrüfen(Darf.Ordner);
     Stand.Prüfen(Anzahl(Stand.Inhalt("i.lwi"), "\n#TAG:") == Stand.Dateien().size(), "Sätze nach " + Was[0]);
     Stand.Zurück();
@@ -58,6 +63,14 @@ void AutoTags(const Prüfstand& Stand) {
     Stand.FallBeenden();
 }
 
+// How many folders lie within each other below the collection.
+std::ptrdiff_t Tiefe(const Prüfstand& Stand) {
+    std::ptrdiff_t Größte = 0;
+    for (const auto& [Name, Eintrag] : WeltAufnehmen(Stand.Pfad("musik")))
+        if (Eintrag.Art == 'd') Größte = std::max(Größte, std::ranges::count(Name, '/') + 1);
+    return Größte;
+}
+
 void Umbenennen(const Prüfstand& Stand) {
     Stand.FallBeginnen("Umbenennen");
     const Worte& Alle = Stand.AlleDateien();
@@ -65,7 +78,12 @@ void Umbenennen(const Prüfstand& Stand) {
          {"%Titel%", "%Interpret%/%Titel%", "%Interpret%\\%Album%\\%Titel%", "%Titel-ID3v2%",
           "%Interpret-ID3v2% - %Titel-ID3v2%", "neu/%Kommentar%/%Dateiname%", "%Pfad+Dateiname%"}) {
         Stand.Befehl(Mit({"umbenennen", "--probe", "--format", Format, "--"}, Alle));
-        Mal(Stand, Mit({"umbenennen", "--format", Format, "--"}, Alle), Musik);
+        // Each separator of the format may make a folder, no other one.
+        const std::string_view Text = Format;
+        const std::ptrdiff_t Erlaubte =
+            Tiefe(Stand) + std::ranges::count(Text, '/') + std::ranges::count(Text, '\\');
+        Mal(Stand, Mit({"umbenennen", "--format", Format, "--"}, Alle), Musik,
+            [&] { Stand.Prüfen(Tiefe(Stand) <= Erlaubte, std::string("Ordner aus einem TAG: ") + Format); });
     }
     // What the person typed may make folders below that of the file, but no tag and no name leads out of it.
     for (const auto& [Was, Name] : Stand.Namen())
