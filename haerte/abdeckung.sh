@@ -19,13 +19,15 @@ mkdir "$BAU/profile"
 
 # What reads outside bytes. The others of these folders ask, write or only pass on.
 LESER=(
-    index/{leser,indexinhalt,indexzeilen,zeilenpruefung,zeilenlaengen,satzzeile,optionszeilen,termin,wert,felder,felderaustausch}.cpp
+    index/{leser,indexinhalt,indexzeilen,zeilenpruefung,zeilenlaengen,satzzeile,satzspeicher,optionszeilen,dateitypen}.cpp
+    index/{termin,wert,felder,felderaustausch}.cpp termine/wiederkehr.cpp
     medien/{mpeg,id3v1,id3v2,id3v2modern,id3v2modernrahmen,id3v2moderntext,id3v2modernwerte,lyrics,ogg,wave}.cpp
     medien/{medienlesen,tagrettung,tagtext,tagverlust,umbenennplan}.cpp
     cd/{xmcd,cddb,cddbstart,cddaten,cdspeicher,inhaltsverzeichnis}.cpp
-    plattform/{httpleser,cdabbild,cdabbildcue,cdabbildtoc}.cpp plattform/linux/wertdatei.cpp
-    dateien/playlisten.cpp core/{startauftrag,einstellungsspeicher}.cpp ui/text/aufruf.cpp
-    basis/{ansi,datum,text,uri,zahl,jsontext}.cpp suche/{suchablage,spaltenlayout}.cpp
+    plattform/{httpleser,cdabbild,cdabbildcue,cdabbildtoc}.cpp plattform/linux/{wertdatei,einhaengungen,audiocd}.cpp
+    plattform/qt/{mpriswerte,medienauskunft}.cpp abspielen/{titelsuche,suchanker}.cpp
+    dateien/{playlisten,namensaufloesung}.cpp core/{startauftrag,einstellungsspeicher}.cpp ui/text/aufruf.cpp
+    basis/{ansi,datum,text,uri,zahl,jsontext,pfad,dateiname}.cpp suche/{suchablage,spaltenlayout}.cpp
 )
 
 PROFILE="$BAU/profile"

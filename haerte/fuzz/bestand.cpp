@@ -41,6 +41,19 @@ void FelderLesen(const Katalog& Index) {
     }
 }
 
+// One field set, as an import does it, and a new path.
+void EinzelnSetzen(Satzspeicher& Sätze) {
+    for (Satznummer Nummer = 1; Nummer <= std::min<Satznummer>(Sätze.Anzahl(), 5); ++Nummer) {
+        Datensatz Erwartet = Sätze.Lesen(Nummer);
+        Erwartet.BenutzerDaten = "neu";
+        const Rohfeld Neu{FeldBenutzerDaten, Erwartet.BenutzerDaten};
+        Sätze.RohwerteSetzen(Nummer, {&Neu, 1});
+        Sätze.PfadSetzen(Nummer, "/neu.mp3");
+        Gleich("Wird ein Feld gesetzt, so bleiben die anderen", Erwartet, Sätze.Lesen(Nummer));
+        Gleich("Ein gesetzter Pfad kommt wieder", "/neu.mp3", Sätze.Pfad(Nummer));
+    }
+}
+
 void Sortieren(Katalog& Index, std::size_t Zufall) {
     const auto Spalte = [&](std::size_t Stelle) {
         return std::string(SpaltenNamen[(Zufall * 7 + Stelle * 11) % SpaltenNamen.size()].Name);
@@ -142,6 +155,7 @@ void BestandPrüfen(std::string_view Eingabe) {
     }
     TermineMelden(Welt);
     Sortieren(Welt.Index, Eingabe.size());
+    EinzelnSetzen(Welt.Index.Sätze);
 }
 
 }  // namespace liedwerk::fuzz

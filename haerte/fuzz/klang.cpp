@@ -8,6 +8,7 @@
 #include "medien/infotext.h"
 #include "medien/medienlesen.h"
 #include "medien/wave.h"
+#include "plattform/speicher/person.h"
 #include "plattform/speicher/welt.h"
 
 namespace liedwerk::fuzz {
@@ -21,6 +22,8 @@ void Lesen(std::string_view Name, std::string_view Eingabe, bool TAGsModern) {
     Umgebung.Dateitypen = &DateitypenVorgabe();
     Umgebung.TAGsModern = TAGsModern;
     Umgebung.Zeit = &Uhr;
+    speicher::Protokollliste Log;
+    Umgebung.Log = &Log;
     const Leseauftrag Auftrag{Lesecode::Lesen("1111"), true, true, false};
     const Datensatz Satz = MedienDatenLesen(Umgebung, Pfad, {}, Auftrag);
     // The frames are counted by the size that the record had before, so only the second reading knows all.

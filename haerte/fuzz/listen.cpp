@@ -55,7 +55,8 @@ void NamensplanPrüfen(std::string_view Eingabe) {
         NamenPrüfen(NamePlanenNachFormat(Index, Nummer, Teile[2]));
         NamenPrüfen(NamePlanenErsetzt(Pfad, Teile[2], Teile[3], false));
         NamenPrüfen(NamePlanenErsetzt(Pfad, Teile[2], Teile[3], true));
-        NamenPrüfen(NamePlanenInSchreibweise(Pfad, Namensschreibweise::KleinWörterGroß));
+        for (int Wahl = 0; Wahl <= static_cast<int>(Namensschreibweise::KleinWörterGroß); ++Wahl)
+            NamenPrüfen(NamePlanenInSchreibweise(Pfad, static_cast<Namensschreibweise>(Wahl)));
         NamenPrüfen(NamePlanenMitEndung(Pfad, Teile[3]));
         NamenPrüfen(NamePlanenEingegeben(Pfad, Teile[3]));
         std::string Zähler(Teile[1].substr(0, 20));

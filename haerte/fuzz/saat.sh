@@ -64,6 +64,20 @@ klangdateien() {
     printf 'ID3\004\0\220\0\0\0\040TIT2\0\0\0\006\0\003\0\0\0\006\003Te\377\0stPOPM\0\0\0\006\0\0a\0\200\0\0\0' |
         saat id3v2modern version4
     printf '\377\373\220\0%036dXing\0\0\0\001\0\0\020\0' 0 | tr 0 '\0' | saat klang xing
+    printf '%036dXing\0\0\0\001\0\0\020\0%0400d' 0 0 | tr 0 '\0' | saat klang xing-ohne-kopf
+    # More frames that nobody shows than are named; all values of a version without brackets around genres.
+    { printf 'ID3\003\0\0\0\0\004\0' && for nummer in $(seq 40); do printf 'X%03d\0\0\0\002\0\0\0a' "$nummer"; done &&
+        head -c 32 /dev/zero; } | saat id3v2 viele
+    cp "$ORDNER/id3v2/viele" "$ORDNER/id3v2modern/viele"
+    {
+        printf 'ID3\004\0\0\0\0\002\0'
+        for rahmen in 'TCON:\003(17)Rock' 'TCON:\003(4)(5)' 'TIT2:\00317' 'WXXX:\003x\0http://x/\303\244' 'PCNT:\0\0\0\007' \
+            'TRCK:\0031/2' 'COMM:\003deux\0viel' 'TALB:\003A' 'POPM:a\0\200'; do
+            inhalt="${rahmen#*:}"
+            printf "${rahmen%%:*}\0\0\0\\$(printf '%03o' "$(printf "$inhalt" | wc -c)")\0\0$inhalt"
+        done
+        head -c 256 /dev/zero
+    } | head -c 266 | saat id3v2modern werte4
 }
 
 # indexzeile ART WERT...: a line of an index file with the lengths of its values.
@@ -142,7 +156,7 @@ cds() {
     printf "200 rock 8a0b2c0d Wer / Was\r\n\000210 rock 8a0b2c0d ok\r\n$satz.\r\n\000200 gut" | saat cddb genau
     printf "$satz" | saat cdspeicher satz
     printf "lwifcddb1\r\n$satz" | saat cdspeicher mit-kopf
-    printf '500 schlecht\0\0\000DE4uA' | saat cddb fehler
+    for ausgang in ABC DEF GH4 4u4; do printf '500 schlecht\0\0\000%s' "$ausgang" | saat cddb "fehler$ausgang"; done
     printf 'http://anderswo.example:80/x?y\0ftp://x\0\000uuu' | saat cddb umgeleitet
     printf "211 aehnlich\r\nrock 8a0b2c0d A / B\r\nmisc 8a0b2c0e C / D\r\n.\r\n\000210 misc 8a0b2c0e ok\r\n$satz.\r\n\000500 schlecht\000\0001\000http://x.example:8080/\000a@b@c.de\000$satz" |
         saat cddb eingaben
@@ -153,6 +167,8 @@ cds() {
     printf 'HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\nHallo' | saat http laenge
     printf 'HTTP/1.1 100 Weiter\r\n\r\nHTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n5;x=y\r\nHallo\r\n0\r\nEnde: 1\r\n\r\n' |
         saat http stuecke
+    printf 'HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n5\r\nHalloX\r\n0\r\n\r\n' | saat http stueck-ohne-ende
+    printf 'HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\nffff\r\nHallo' | saat http stueck-zu-gross
     printf 'HTTP/1.0 404 Nicht da\nServer: x\n\nText' | saat http bis-ende
     printf 'HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\n\r\nx' | saat http komprimiert
     printf '\001FILE "a b.bin" BINARY\r\n  TRACK 01 AUDIO\r\n    PREGAP 00:02:00\r\n    INDEX 01 00:00:00\r\n  TRACK 02 MODE1/2352\r\n    INDEX 00 00:10:00\r\n    INDEX 01 00:12:00\r\nPOSTGAP 00:00:10\r\n' |

@@ -69,6 +69,30 @@ bool RahmenSindGanz(std::string_view Rahmen) {
     return Rahmen.size() < 2;
 }
 
+// Every field gets the value of its neighbour: what is new in a frame comes back, or nothing changes.
+void GeändertSchreiben(const std::string& Pfad, const Datensatz& Satz, const Tagoptionen& Optionen) {
+    const std::string Vorher = DateiInhalt(Pfad);
+    Datensatz Anders = Satz;
+    for (std::size_t i = 0; i < Id3v2Rahmenfelder.size(); ++i)
+        Anders.*Id3v2Rahmenfelder[i].Feld =
+            Satz.*Id3v2Rahmenfelder[(i + 1) % Id3v2Rahmenfelder.size()].Feld;
+    Anders.V2Qualität = Satz.V2Qualität == 1 ? 255 : 1;
+    std::string Meldung;
+    if (!Id3v2Schreiben(Pfad, Anders, Optionen, Meldung)) {
+        Fordern(!Meldung.empty(), "Wer eine Änderung ablehnt, sagt warum");
+        Gleich("Wer eine Änderung ablehnt, ändert nichts", Vorher, DateiInhalt(Pfad));
+        return;
+    }
+    if (!Optionen.TAGsModern) return;
+    const std::string Geändert = DateiInhalt(Pfad);
+    const Datensatz Gelesen = Id3v2Gelesen(Pfad, true);
+    Fordern(Gelesen.V2Qualität == Anders.V2Qualität, "Die geänderte Bewertung kommt wieder");
+    Fordern(Id3v2Schreiben(Pfad, Gelesen, Optionen, Meldung), "Was geändert wurde, lässt sich schreiben");
+    Gleich("Ein geänderter TAG wird wieder so geschrieben", Geändert, DateiInhalt(Pfad));
+    Gleich("Der Klang bleibt bei Änderungen", OhneTag(Vorher, Tagblock::Id3v2, Optionen),
+           OhneTag(Geändert, Tagblock::Id3v2, Optionen));
+}
+
 void Id3v2WegPrüfen(std::string_view Eingabe, bool Modern) {
     const Tagoptionen Optionen{102400, 25, Modern};
     const std::string Pfad = DateiLegen("x.mp3", Eingabe);
@@ -94,6 +118,7 @@ void Id3v2WegPrüfen(std::string_view Eingabe, bool Modern) {
     Gleich("Der Klang bleibt",
            Satz.HatId3v2 == TagVorhanden ? OhneTag(Eingabe, Tagblock::Id3v2, Optionen) : std::string(Eingabe),
            OhneTag(Einmal, Tagblock::Id3v2, Optionen));
+    GeändertSchreiben(Pfad, Wieder, Optionen);
 }
 
 // The value of the last field of a Lyrics tag.
@@ -161,6 +186,8 @@ void LyricsPrüfen(std::string_view Eingabe) {
         Satz.LyricsPosition - 1 + Satz.LyricsGröße + Dahinter != std::ssize(Eingabe))
         return;
     SpeicherverlusteFinden(Pfad, Tagblock::Lyrics, Satz, {});
+    Fordern(EntfernverlusteFinden(Pfad, Tagblock::Lyrics, {}).empty() == Satz.LyricsWeitereFelder.empty(),
+            "Vor dem Verlust von Feldern wird gewarnt");
     std::string Meldung;
     Fordern(LyricsSchreiben(Pfad, Satz.LyricsText, Meldung), "Der Text wird geschrieben");
     const std::string Einmal = DateiInhalt(Pfad);

@@ -259,9 +259,9 @@ std::vector<std::string> SpeicherverlusteFinden(std::string_view Pfad, Tagblock 
             }
             return Ergebnis;
         case Tagblock::Lyrics:
-            return LyricsVerlusteFinden(Datei, Satz);
+            break;
     }
-    return Ergebnis;
+    return LyricsVerlusteFinden(Datei, Satz);
 }
 
 std::vector<std::string> EntfernverlusteFinden(std::string_view Pfad, Tagblock Block,
