@@ -47,8 +47,8 @@ if command -v dbus-run-session >/dev/null; then BUS=(dbus-run-session --); fi
 export QT_QPA_PLATFORM=offscreen
 objekte=("$PROGRAMM" -object "$BAU/src/ui/text/liedwerk-cli")
 while IFS= read -r -d '' test; do
-    LLVM_PROFILE_FILE="$PROFILE/${test##*/}-%4m.profraw" "${BUS[@]}" timeout 300 "$test" >"$PROFILE/protokoll" 2>&1 </dev/null ||
-        sagen "Der Test ${test##*/} ist misslungen."
+    (cd "$PROFILE" && LLVM_PROFILE_FILE="$PROFILE/${test##*/}-%4m.profraw" "${BUS[@]}" timeout 300 "$test" </dev/null) \
+        >"$PROFILE/protokoll" 2>&1 || sagen "Der Test ${test##*/} ist misslungen."
     objekte+=(-object "$test")
 done < <(find "$BAU/tests" -type f -name 'test_*' -executable -print0 | LC_ALL=C sort -z)
 llvm-profdata-16 merge -o "$PROFILE/alle" "$PROFILE"/*.profraw 2>/dev/null

@@ -1,5 +1,6 @@
 // What other programs of the desktop hand over: the title that a player plays, lists of addresses that are
 // dragged or pasted; and the stored password.
+#include <QDBusObjectPath>
 #include <QVariantMap>
 
 #include "abspielen/titelerkennung.h"
@@ -66,6 +67,36 @@ void TitelsuchePrüfen(std::string_view Titel, std::string_view Interpret, std::
           Großbuchstaben(Name) + " - " + std::string(Titel)})
         Fordern(SätzeZumTitel(Index, Gesucht) == EinzelnGefragt(Index, Gesucht),
                 "Die Suche nach einem Titel findet, was einzeln gefragt passt");
+    // By the paths that a player names, the likeliest first, and record by record.
+    const std::vector<std::string> Dateien{"/m/" + std::string(Titel), Großbuchstaben(Index.Sätze.Pfad(2)),
+                                           Index.Sätze.Pfad(1)};
+    Titelsuche Suche(Titel, Dateien);
+    while (!Suche.Weitersuchen(Index, 1)) {
+    }
+    std::vector<Satznummer> Erwartet;
+    for (const std::string& Datei : Dateien) {
+        for (Satznummer Nummer = 1; Nummer <= Index.IndexAnzahl() && Erwartet.size() < 100; ++Nummer) {
+            if (PfadeGleich(Index.Sätze.Pfad(Nummer), Datei)) Erwartet.push_back(Nummer);
+        }
+        if (!Erwartet.empty()) break;
+    }
+    Fordern(Suche.Gefundene() == Erwartet, "Eine Datei wird an ihrem Pfad erkannt");
+}
+
+// What a player may send in place of a number or a text.
+std::vector<QVariant> Buswerte(const QString& Text, qlonglong Zahl) {
+    return {Text,
+            Text.split(QLatin1Char('\t')),
+            QVariant::fromValue(QDBusObjectPath(Text)),
+            Zahl,
+            static_cast<qulonglong>(Zahl),
+            static_cast<int>(Zahl),
+            static_cast<uint>(Zahl),
+            QVariant::fromValue(static_cast<short>(Zahl)),
+            QVariant::fromValue(static_cast<uchar>(Zahl)),
+            static_cast<double>(Zahl) * 1e300,
+            QVariantMap{{Text, Zahl}},
+            QVariant()};
 }
 
 }  // namespace
@@ -77,6 +108,11 @@ void SpielerPrüfen(std::string_view Eingabe) {
                                 {QStringLiteral("xesam:artist"), QtText(Teile[2]).split(QLatin1Char('\t'))},
                                 {QStringLiteral("mpris:trackid"), QtText(Teile[3])},
                                 {QStringLiteral("mpris:length"), QtText(Teile[3]).toLongLong()}};
+    for (const QVariant& Wert : Buswerte(QtText(Teile[1]), QtText(Teile[3]).toLongLong())) {
+        Fordern(Bustext(Wert).size() <= 1000, "Ein Text vom Bus ist begrenzt");
+        Buszahl(Wert);
+        Busverzeichnis(Wert);
+    }
     const Mpristitel Titel = TitelLesen(Metadaten);
     for (const std::string& Pfad : Titel.Dateien)
         Fordern(Pfad.starts_with('/') && Pfad.find('\0') == std::string::npos,

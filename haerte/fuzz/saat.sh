@@ -156,7 +156,8 @@ cds() {
     printf "200 rock 8a0b2c0d Wer / Was\r\n\000210 rock 8a0b2c0d ok\r\n$satz.\r\n\000200 gut" | saat cddb genau
     printf "$satz" | saat cdspeicher satz
     printf "lwifcddb1\r\n$satz" | saat cdspeicher mit-kopf
-    for ausgang in ABC DEF GH4 4u4; do printf '500 schlecht\0\0\000%s' "$ausgang" | saat cddb "fehler$ausgang"; done
+    local ausgang
+    for ausgang in A B C D E F G H 4 u; do printf '500 schlecht\0\0\000%s' "$ausgang" | saat cddb "fehler$ausgang"; done
     printf 'http://anderswo.example:80/x?y\0ftp://x\0\000uuu' | saat cddb umgeleitet
     printf "211 aehnlich\r\nrock 8a0b2c0d A / B\r\nmisc 8a0b2c0e C / D\r\n.\r\n\000210 misc 8a0b2c0e ok\r\n$satz.\r\n\000500 schlecht\000\0001\000http://x.example:8080/\000a@b@c.de\000$satz" |
         saat cddb eingaben
@@ -185,6 +186,7 @@ listen() {
     printf '\0#EXTM3U\r\n#EXTINF:12,A - B\r\nC:\\m\\a.mp3\r\nb%%20c.mp3\r\nhttp://x/y\r\nfile:///m/a.mp3\r\n../x.mp3\n' | saat playliste m3u
     printf '\001[playlist]\r\nFile1=a.mp3\r\nTitle1=x\r\nLength1=1\r\nFile2=C:\\b.mp3\r\nNumberOfEntries=2\r\n' | saat playliste pls
     printf '\002"a.mp3"\t"b.mp3"\n# Bemerkung\nC:\\x.mp3 (3:12)\n' | saat playliste namen
+    printf '\0C:\\1\\2\\3\\4\\5\\6\\7\\8\\9\\10\\11\\12\\13\\14\\15\\16\\17\\x.mp3' | saat playliste tief
     printf '\0\377\376a\0.\0m\0p\0003\0\r\0\n\0' | saat playliste utf16
     printf '\0\357\273\277\303\244.mp3\n' | saat playliste marke
     printf 'Titel: 1/2\0Wer?\0%%Interpret%%\\%%Album%% (%%Jahr%%)/%%Titel%%\0C:\\a\\Wer - Was_1.mp3' | saat namensplan format
@@ -217,6 +219,7 @@ werte() {
     printf ' -1.234.567,89e+3 ' | saat werte zahl
     printf '\357\273\277\316\225\377' | saat werte roh
     printf '27 1 254:0 / /media/ute/MEINE\\040MUSIK rw shared:3 - ext4 /dev/vda rw\n/dev/sdb1 /mnt/x vfat user 0 0\n' | saat werte tabelle
+    printf 'x.mp3~0123456789abcdef-7~lwikopie' | saat werte kopie
     printf '3=2800=1,5=1400=2,1=0' | saat werte spalten
 }
 

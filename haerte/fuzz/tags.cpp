@@ -74,8 +74,7 @@ void GeändertSchreiben(const std::string& Pfad, const Datensatz& Satz, const Ta
     const std::string Vorher = DateiInhalt(Pfad);
     Datensatz Anders = Satz;
     for (std::size_t i = 0; i < Id3v2Rahmenfelder.size(); ++i)
-        Anders.*Id3v2Rahmenfelder[i].Feld =
-            Satz.*Id3v2Rahmenfelder[(i + 1) % Id3v2Rahmenfelder.size()].Feld;
+        Anders.*Id3v2Rahmenfelder[i].Feld = Satz.*Id3v2Rahmenfelder[(i + 1) % Id3v2Rahmenfelder.size()].Feld;
     Anders.V2Qualität = Satz.V2Qualität == 1 ? 255 : 1;
     std::string Meldung;
     if (!Id3v2Schreiben(Pfad, Anders, Optionen, Meldung)) {

@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "basis/ansi.h"
+#include "basis/dateiname.h"
 #include "basis/datum.h"
 #include "basis/jsontext.h"
 #include "basis/text.h"
@@ -46,6 +47,10 @@ void WertePrüfen(std::string_view Eingabe) {
         Gruppiert(*Ganz);
         Fordern(IstNumerisch(Eingabe), "Eine ganze Zahl ist eine Zahl");
     }
+    Fordern(
+        IstUnfertigeKopie(std::string(Eingabe) + "~" + KennzahlText(Eingabe) + std::string(KopieEndung)) &&
+            (!IstUnfertigeKopie(Eingabe) || Eingabe.find('~') != Eingabe.npos),
+        "Der Name einer unfertigen Kopie wird erkannt");
     EinhängungenLesen(Eingabe);
     VorgeseheneLesen(Eingabe);
     const std::string Layout = SpaltenSpeichern(SpaltenEinrichten(Eingabe), Eingabe);

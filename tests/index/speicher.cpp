@@ -126,6 +126,15 @@ TEST(Satzspeicher, BehältWasEinSpeichernKürzenOderWeglassenWürde) {
 }
 
 // A cache that follows the store must never miss a change.
+TEST(Satzspeicher, EinLeererWertStehtFürDenAnfangswert) {
+    const Datensatz Anfang = DatensatzVorZeile();
+    for (const auto& Feld : Felder) {
+        if (Feld.Inhalt == Feldinhalt::Zahl || Feld.Nummer == FeldV2Qualität)
+            EXPECT_EQ(RohwertZahl({}, Feld.Nummer), RohwertZahl(Rohwert(Anfang, Feld.Nummer), Feld.Nummer))
+                << Feld.Name;
+    }
+}
+
 TEST(Satzspeicher, MeldetJedeÄnderungDenZwischenspeichern) {
     Satzspeicher Sätze;
     for (int i = 0; i < 4; ++i)

@@ -88,8 +88,10 @@ TEST_F(Verteiler, WeitereFormateNurWennEingeschaltet) {
     Auskunft.Angaben = {.Genre = "Schuhplattler", .Kanäle = 6};
     const Datensatz Fremd = Lesen("x", "0010", {}, "a.m4b");
     EXPECT_EQ(Fremd.V2Genre + Fremd.Modus + Fremd.Jahr, "Schuhplattler6 Kanäle");
-    Auskunft.Angaben->Kanäle = 1;
-    EXPECT_EQ(Lesen("x", "0010", {}, "a.m4b").Modus, "Mono");
+    for (const auto& [Kanäle, Modus] : {std::pair(1, "Mono"), {0, ""}}) {
+        Auskunft.Angaben->Kanäle = Kanäle;
+        EXPECT_EQ(Lesen("x", "0010", {}, "a.m4b").Modus, Modus);
+    }
     Auskunft.Angaben = std::nullopt;
     EXPECT_EQ(Lesen("x", "0010", {}, "a.flac").HatId3v1, TagFehlt);
 }

@@ -243,6 +243,7 @@ TEST(Umbenennauftrag, FehlendeEingabenWerdenGenannt) {
          "Es wurde keine Start-Zeichenfolge bei der fortlaufenden Umbenennung angegeben."},
         {{.Funktion = F::Fortlaufend, .FortlaufendZahl = "a"},
          "Die Start-Zeichenfolge bei der fortlaufenden Umbenennung muss eine Zahl sein."},
+        {{.Funktion = F::Fortlaufend, .FortlaufendZahl = "7"}, ""},
         {{.Funktion = F::Schreibweise},
          "Bitte markieren Sie, ob Sie den Dateinamen in Groß- oder in Kleinschreibung ändern wollen."},
         {{.Funktion = F::Endung}, "Bitte geben Sie eine neue Datei-Endung ein."},

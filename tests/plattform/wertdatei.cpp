@@ -88,6 +88,13 @@ TEST_F(Wertdateiprobe, WasNichtLesbarIstWirdNieÜberschrieben) {
     EXPECT_NE(Datei.Sichern().find(Pfad), std::string::npos);
     EXPECT_TRUE(OrdnerExistiert(Pfad));
     EXPECT_FALSE(DateiExistiert(Pfad + "~"));
+    // Nor what is too large to be ours.
+    const std::string Riese = Ordner.Datei("riese.ini", "A=2\n");
+    std::filesystem::resize_file(Riese, (64U << 20U) + 1);
+    Wertdatei Zweite(Riese);
+    Zweite.Schreiben("A", 1);
+    EXPECT_EQ(Zweite.Sichern(), Zweite.Lesefehler());
+    EXPECT_EQ(std::filesystem::file_size(Riese), (64U << 20U) + 1);
 }
 
 TEST_F(Wertdateiprobe, EineGehalteneSperreLässtDieAlteDateiGanz) {
