@@ -134,6 +134,14 @@ void TermineMelden(Indexwelt& Welt) {
                                   [](const Termin&) {},
                                   [](const std::vector<Termin>&) {},
                                   [](std::size_t) {}};
+    for (const Termin& Eintrag : Welt.Index.Termine) {
+        for (int Feld = 1; Feld <= TerminFeldAnzahl; ++Feld) {
+            const auto Zahl = TerminFeldZahl(Eintrag, Feld);
+            if (Zahl)
+                Gleich("Zahl und Text eines Terminfeldes sind dasselbe",
+                       *Zahl == 0 ? "" : std::to_string(*Zahl), TerminFeldText(Eintrag, Feld));
+        }
+    }
     bool Läuft = false;
     for (int Runde = 0; Runde < 3; ++Runde)
         TerminePrüfen(Welt.Index, Umgebung, Läuft);

@@ -10,7 +10,6 @@
 #include <atomic>
 #include <chrono>
 #include <cstdint>
-#include <fileref.h>
 #include <flacfile.h>
 #include <future>
 #include <id3v2framefactory.h>
@@ -145,13 +144,9 @@ Medienangaben Angaben(const TagLib::Tag* Texte, const TagLib::AudioProperties* D
 std::optional<Medienangaben> DateiBefragen(std::string_view Pfad) {
     Lesestrom Strom(Pfad);
     if (!Strom.isOpen()) return std::nullopt;
-    if (const auto Datei = Öffnen(Strom, Pfad)) {
-        if (!Datei->isValid()) return std::nullopt;
-        return Angaben(Datei->tag(), Datei->audioProperties());
-    }
-    const TagLib::FileRef Datei(&Strom);
-    if (Datei.isNull()) return std::nullopt;
-    return Angaben(Datei.tag(), Datei.audioProperties());
+    const auto Datei = Öffnen(Strom, Pfad);
+    if (!Datei || !Datei->isValid()) return std::nullopt;
+    return Angaben(Datei->tag(), Datei->audioProperties());
 }
 
 }  // namespace
