@@ -129,9 +129,9 @@ TEST(Satzspeicher, BehältWasEinSpeichernKürzenOderWeglassenWürde) {
 TEST(Satzspeicher, EinLeererWertStehtFürDenAnfangswert) {
     const Datensatz Anfang = DatensatzVorZeile();
     for (const auto& Feld : Felder) {
-        if (Feld.Inhalt == Feldinhalt::Zahl || Feld.Nummer == FeldV2Qualität)
-            EXPECT_EQ(RohwertZahl({}, Feld.Nummer), RohwertZahl(Rohwert(Anfang, Feld.Nummer), Feld.Nummer))
-                << Feld.Name;
+        if (Feld.Inhalt != Feldinhalt::Zahl && Feld.Nummer != FeldV2Qualität) continue;
+        EXPECT_EQ(RohwertZahl({}, Feld.Nummer), RohwertZahl(Rohwert(Anfang, Feld.Nummer), Feld.Nummer))
+            << Feld.Name;
     }
 }
 
