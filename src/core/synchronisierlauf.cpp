@@ -1,5 +1,6 @@
 #include "core/synchronisierlauf.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "core/hinzufuegelauf.h"
@@ -27,8 +28,9 @@ bool OrdnerHinzufügen(Anwendung& Programm) {
     return true;
 }
 
-// Takes out the records whose files are gone; false when the person cancelled: then all stay.
-bool FehlendeEntfernen(Anwendung& Programm) {
+// Takes out the records whose files are gone; false when the person cancelled: then all stay. Bekannte: the
+// number of records that were there before the run, of which it takes off those that go.
+bool FehlendeEntfernen(Anwendung& Programm, Satznummer& Bekannte) {
     Programm.Medium.AlleÜberspringen = false;
     Katalog& Index = Programm.Index;
     if (Index.IndexAnzahl() == 0 || Index.Optionen.SyncEntfernen != 1) return true;
@@ -38,16 +40,19 @@ bool FehlendeEntfernen(Anwendung& Programm) {
     if (Prüfung.Unklar > 0)
         Programm.Log.Schreiben("Synchronisieren: " + std::to_string(Prüfung.Unklar) +
                                " Datei(en) sind zurzeit nicht erreichbar und bleiben im Index");
+    // A new file may have vanished by now as well.
+    Bekannte -= std::ranges::count_if(Prüfung.Fehlende, [Bis = Bekannte](Satznummer Nummer) {
+        return Nummer <= Bis;
+    });
     DatensätzeEntfernen(Index, Prüfung.Fehlende);
     return true;
 }
 
 // Renews the records whose files have changed; false when the person cancelled. What could not be read is
 // told at the end, in Unlesbar.
-bool GeänderteLesen(Anwendung& Programm, const Zeitpunkt& Beginn, Synchronisierergebnis& Ergebnis,
+bool GeänderteLesen(Anwendung& Programm, const Neuleseauftrag& Auftrag, Synchronisierergebnis& Ergebnis,
                     std::vector<std::string>& Unlesbar) {
     if (Programm.Werte.SyncGeänderteLesen != 1) return true;
-    const Neuleseauftrag Auftrag{Beginn, Programm.Index.IndexAnzahl() - Ergebnis.Hinzugefügt};
     auto Neues = GeänderteNeuLesen(HinzufügeumgebungVon(Programm), Programm.Dienst.Zeit, Auftrag);
     Ergebnis.NeuGelesen = Neues.Geändert;
     Unlesbar = std::move(Neues.Unlesbar);
@@ -92,6 +97,7 @@ Synchronisierergebnis SynchronisierenLauf(Anwendung& Programm) {
         Person.Melden(Symbol::Information, "Diese Funktion steht im Dateimanager-Modus nicht zur Verfügung.");
         return {};
     }
+    Programm.AbgleichGelungen = false;
     MediumVergessen(Programm.Medium);
     if (Index.Optionen.SyncOrdner.empty())
         Person.Melden(Symbol::Information,
@@ -105,9 +111,11 @@ Synchronisierergebnis SynchronisierenLauf(Anwendung& Programm) {
     const auto Stand = Änderungsstand(Index);
     Ergebnis.Gelungen = OrdnerHinzufügen(Programm);
     Ergebnis.Hinzugefügt = Index.IndexAnzahl() - Vorher;
-    if (Ergebnis.Gelungen) Ergebnis.Gelungen = FehlendeEntfernen(Programm);
+    Satznummer Bekannte = Vorher;
+    if (Ergebnis.Gelungen) Ergebnis.Gelungen = FehlendeEntfernen(Programm, Bekannte);
     std::vector<std::string> Unlesbar;
-    if (Ergebnis.Gelungen) Ergebnis.Gelungen = GeänderteLesen(Programm, Beginn, Ergebnis, Unlesbar);
+    if (Ergebnis.Gelungen) Ergebnis.Gelungen = GeänderteLesen(Programm, {Beginn, Bekannte}, Ergebnis, Unlesbar);
+    Programm.AbgleichGelungen = Ergebnis.Gelungen;
     Person.FortschrittSchließen();
     Ergebnis.Entfernt = Vorher + Ergebnis.Hinzugefügt - Index.IndexAnzahl();
     Person.StatusZeigen(Statustext(Programm, Ergebnis));

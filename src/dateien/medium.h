@@ -61,6 +61,11 @@ void WechselmediumVergleichenStarten(Mediumspeicher& Speicher, const Mediumumgeb
 bool WechselmediumVergleichen(Mediumspeicher& Speicher, const Mediumumgebung& Umgebung,
                               std::string_view Laufwerk, std::string_view Gespeichert, std::string& Aktuell);
 
+// True when a file that is missing may come back with its medium: its drive is a removable one, or its record
+// tells of a medium (the drive may be unknown to the system while the medium is out).
+bool KannWiederkommen(Mediumspeicher& Speicher, const Mediumumgebung& Umgebung, std::string_view Pfad,
+                      std::string_view Wechselmedium, std::string_view Laufwerk);
+
 enum class Verfügbarkeit { Weiter = 0, Überspringen = 1, Abbrechen = 2 };
 // Asks for the medium of a record's file when it is not at hand, and watches for it. A missing file that can
 // come back with no medium gives Weiter, or Überspringen with NichtLaufwerkÜberspringen.

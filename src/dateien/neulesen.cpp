@@ -7,10 +7,12 @@
 
 #include "basis/datei.h"
 #include "basis/datum.h"
+#include "basis/pfad.h"
 #include "basis/text.h"
 #include "basis/zahl.h"
 #include "dateien/synchronisieren.h"
 #include "dateien/vorleser.h"
+#include "index/indexformat.h"
 
 namespace liedwerk {
 namespace {
@@ -24,8 +26,8 @@ std::int64_t Frühestens(const Zeitpunkt& Punkt, const Uhr& Zeit) {
     return Kalender - Versatz - Stunde;
 }
 
-// What the index knows of the last run: its time, and the media and drives that were away then. Nobody can
-// tell what was changed there since.
+// What the index knows of the last run: its time, and the places that were out of reach then: media, drives
+// and folders, and single files that could not be read. Nobody can tell what was changed there before.
 struct Vorlauf {
     std::optional<std::int64_t> Zeit;
     std::set<std::string> Fehlten;
@@ -38,6 +40,19 @@ Vorlauf LetzterLauf(const Katalog& Index, std::int64_t Jetziger) {
     const auto Zeit = Teile.empty() ? std::nullopt : GanzzahlLesen<std::int64_t>(Teile.front());
     if (!Zeit || *Zeit > Jetziger) return {};
     return {Zeit, {Teile.begin() + 1, Teile.end()}};
+}
+
+// A name as it stands among those places.
+std::string Standname(std::string_view Name) {
+    return Ersetzen(Name, Standtrenner, "/");
+}
+
+// The option's text; nothing when there are more places than a line should hold.
+std::optional<std::string> Standtext(std::int64_t Zeit, const std::set<std::string>& Fehlen) {
+    std::string Text = std::to_string(Zeit);
+    for (const std::string& Eines : Fehlen)
+        Text.append(Standtrenner).append(Eines);
+    return Text.size() > static_cast<std::size_t>(HöchsteLänge) ? std::nullopt : std::optional(Text);
 }
 
 // Finds the records whose files are others by now.
@@ -58,51 +73,86 @@ class Änderungssuche {
     }
 
     std::vector<Satznummer> Geänderte;
-    std::set<std::string> Fehlen;  // media and drives whose files were not at hand
+    std::set<std::string> Fehlen;  // places that were out of reach
 
   private:
+    // A record and where its file lies.
+    struct Ort {
+        Satznummer Nummer;
+        std::string Pfad;
+        std::string Medium;
+        std::string Laufwerk;
+    };
+
     void Ansehen(Satznummer Nummer) {
         const auto& Sätze = Umgebung.Index.Sätze;
         // What a record of a CD's track tells does not come from a file.
         if (Sätze.Zahl(Nummer, FeldDateityp) == DateiartCdTitel) return;
         const std::string Pfad = Sätze.Pfad(Nummer);
+        const Ort Hier{Nummer, Pfad, Sätze.Text(Nummer, FeldWechselmedium),
+                       LaufwerkDesPfades(Umgebung.Laufwerk, Pfad)};
         const auto Datei = DateistandLesen(Pfad);
         if (!Datei) {
-            if (DateiNachsehen(Pfad, Umgebung.Laufwerk) != Dateiverbleib::Fort)
-                Fehlen.insert(Träger(Nummer, Pfad));
-        } else if (Datei->IstDatei && IstAnders(Nummer, Pfad, *Datei)) {
-            if (IstSeinMedium(Nummer, Pfad)) {
-                Geänderte.push_back(Nummer);
-            } else {
-                Fehlen.insert(Träger(Nummer, Pfad));
-            }
+            if (!IstSicherFort(Hier)) Vermissen(Hier);
+        } else if (!IstSeinMedium(Hier)) {
+            Vermissen(Hier);
+        } else if (Datei->IstDatei && IstAnders(Hier, *Datei)) {
+            Geänderte.push_back(Nummer);
         }
     }
 
-    // What a record's file lies on: its medium, or the drive of its path.
-    std::string Träger(Satznummer Nummer, const std::string& Pfad) const {
-        const std::string Medium = Umgebung.Index.Sätze.Text(Nummer, FeldWechselmedium);
-        return Ersetzen(Medium.empty() ? LaufwerkDesPfades(Umgebung.Laufwerk, Pfad) : Medium, Standtrenner,
-                        "/");
+    bool IstWechsel(const std::string& Laufwerk) const {
+        return LaufwerkIstWechsellaufwerk(Umgebung.Medium, Umgebung.Laufwerk, Laufwerk);
     }
 
-    bool IstAnders(Satznummer Nummer, const std::string& Pfad, const Dateistand& Datei) const {
-        const auto& Sätze = Umgebung.Index.Sätze;
-        if (Sätze.Zahl(Nummer, FeldGröße) != static_cast<std::int64_t>(Datei.Größe)) return true;
-        const bool Gesehen =
-            Voriger.Zeit && (Voriger.Fehlten.empty() || !Voriger.Fehlten.contains(Träger(Nummer, Pfad)));
-        if (Gesehen) return Datei.Änderungszeit >= *Voriger.Zeit;
-        const auto Hinzugefügt = DatumLesen(Sätze.Text(Nummer, FeldHinzufügeDatum));
-        return Hinzugefügt && Kalendertage(Zeit.Lokal(Datei.Änderungszeit)) > Kalendertage(*Hinzugefügt);
-    }
-
-    // On a removable drive another medium may hold a file of the same path.
-    bool IstSeinMedium(Satznummer Nummer, const std::string& Pfad) const {
-        const std::string Laufwerk = LaufwerkDesPfades(Umgebung.Laufwerk, Pfad);
-        if (!LaufwerkIstWechsellaufwerk(Umgebung.Medium, Umgebung.Laufwerk, Laufwerk)) return true;
+    bool MediumGleich(const Ort& Hier) const {
         std::string Aktuell;
-        return WechselmediumVergleichen(Umgebung.Medium, Umgebung.Laufwerk, Laufwerk,
-                                        Umgebung.Index.Sätze.Text(Nummer, FeldWechselmedium), Aktuell);
+        return WechselmediumVergleichen(Umgebung.Medium, Umgebung.Laufwerk, Hier.Laufwerk, Hier.Medium,
+                                        Aktuell);
+    }
+
+    // On a removable drive another medium may hold a file of the same path, even of the same size and time.
+    bool IstSeinMedium(const Ort& Hier) const { return !IstWechsel(Hier.Laufwerk) || MediumGleich(Hier); }
+
+    // True for a file that is not on its medium. Where that cannot be told from its medium being away (one
+    // without a name; an empty folder where a drive was), the file may come back with changes from elsewhere.
+    bool IstSicherFort(const Ort& Hier) const {
+        const bool MediumDa = Hier.Medium.empty() ? !KannWiederkommen(Umgebung.Medium, Umgebung.Laufwerk,
+                                                                      Hier.Pfad, {}, Hier.Laufwerk)
+                                                  : MediumGleich(Hier);
+        return MediumDa && FehltGewiss(Hier.Pfad, Umgebung.Laufwerk);
+    }
+
+    void Vermissen(const Ort& Hier) {
+        const bool Ganz = IstWechsel(Hier.Laufwerk) || !Umgebung.Laufwerk.Drives.Vorhanden(Hier.Laufwerk);
+        Fehlen.insert(Standname(!Hier.Medium.empty() ? Hier.Medium
+                                : Ganz               ? Hier.Laufwerk
+                                                     : OrdnerDer(Hier.Pfad)));
+    }
+
+    // True when the last run could not look at this file. A drive's place has another name while nothing is
+    // mounted there, a longer one or a shorter one; both begin the path behind its links.
+    bool WarAußerReichweite(const Ort& Hier) const {
+        if (Voriger.Fehlten.empty()) return false;
+        const std::string Pfad = Standname(Hier.Pfad);
+        const std::string Medium = Standname(Hier.Medium);
+        const std::string Laufwerk = Standname(Hier.Laufwerk);
+        const bool Wechsel = IstWechsel(Hier.Laufwerk);
+        return std::ranges::any_of(Voriger.Fehlten, [&](const std::string& Einer) {
+            return Einer == Medium || Pfad.starts_with(Einer) || Laufwerk.starts_with(Einer) ||
+                   (Wechsel && Einer.starts_with(Laufwerk));
+        });
+    }
+
+    bool IstAnders(const Ort& Hier, const Dateistand& Datei) const {
+        const auto& Sätze = Umgebung.Index.Sätze;
+        if (Sätze.Zahl(Hier.Nummer, FeldGröße) != static_cast<std::int64_t>(Datei.Größe)) return true;
+        if (Voriger.Zeit && Datei.Änderungszeit >= *Voriger.Zeit) return true;
+        if (Voriger.Zeit && !WarAußerReichweite(Hier)) return false;
+        // It could not be read then: its day is no matter.
+        if (Voriger.Fehlten.contains(Standname(Hier.Pfad))) return true;
+        const auto Hinzugefügt = DatumLesen(Sätze.Text(Hier.Nummer, FeldHinzufügeDatum));
+        return Hinzugefügt && Kalendertage(Zeit.Lokal(Datei.Änderungszeit)) > Kalendertage(*Hinzugefügt);
     }
 
     const Hinzufügeumgebung& Umgebung;
@@ -166,10 +216,12 @@ bool SagtDasselbe(const Datensatz& Alt, const Datensatz& Neu) {
     });
 }
 
-// True when a file whose reader asks the media player's port gave nothing: it is broken, or does not answer.
-bool OhneAuskunft(const Datensatz& Neu, const Lesecode& Code) {
-    const bool Gefragt = Neu.Dateityp == DateiartWindowsMedia || Neu.Dateityp == DateiartWeitere;
-    return Gefragt && Code.Datenstrom && Neu.HatId3v1 != TagVorhanden && Neu.Dauer == 0 && Neu.Frequenz == 0;
+bool HatTags(const Datensatz& Satz) {
+    return Satz.HatId3v1 == TagVorhanden || Satz.HatId3v2 == TagVorhanden || Satz.HatLyrics == TagVorhanden;
+}
+
+bool IstKlangart(std::int16_t Dateityp) {
+    return Dateityp != DateiartSonstige && Dateityp != DateiartBild;
 }
 
 class Neuleser {
@@ -206,28 +258,50 @@ class Neuleser {
     }
 
   private:
-    void Übernehmen(Satznummer Nummer, Leseposten& Posten) {
+    // What is left of a file that was emptied, cut off or overwritten (by a broken download or a power cut)
+    // tells nothing any more: the record may be the only thing that still knows.
+    bool IstVerstummt(const std::string& Pfad, const Datensatz& Alt, const Datensatz& Neu) const {
+        if (!IstKlangart(Neu.Dateityp) || HatTags(Neu)) return false;
+        if (Neu.Dateityp == DateiartWindowsMedia || Neu.Dateityp == DateiartWeitere) {
+            // Their reader asks the media player's port, which may not have answered.
+            const bool Gefragt = Auftrag.Code && Auftrag.Code->Datenstrom;
+            return Gefragt && Neu.Dauer == 0 && Neu.Frequenz == 0;
+        }
+        if (!HatTags(Alt) && Alt.Dauer == 0) return false;
+        // By the settings not all of the file may have been read.
+        Leseauftrag Alles;
+        Alles.Code = Lesecode{true, true, true, true};
+        const Datensatz Ganz = Umgebung.Leser(Pfad, Datensatz{}, Alles);
+        return !HatTags(Ganz) && !Ganz.KopfGefunden;
+    }
+
+    // Why the record must not be renewed; nothing when the file tells what it holds.
+    std::optional<std::string> Hindernis(const Datensatz& Alt, const Leseposten& Posten) const {
         Dateifehler Fehler;
-        const bool Offen = Lesedatei::Öffnen(Posten.Pfad, &Fehler).Offen();
-        const Lesecode Code = Auftrag.Code.value_or(Lesecode{});
-        Datensatz& Neu = Posten.Satz;
-        const bool Geleert = Neu.Größe == 0 && Umgebung.Index.Sätze.Zahl(Nummer, FeldGröße) > 0;
-        if (!Offen || Geleert || !Posten.Vorhanden || !Posten.Fehler.empty() || OhneAuskunft(Neu, Code)) {
-            const std::string Grund = !Offen ? Fehler.Text : Geleert ? "Die Datei ist leer" : Posten.Fehler;
+        if (!Lesedatei::Öffnen(Posten.Pfad, &Fehler).Offen()) return Fehler.Text;
+        if (!Posten.Vorhanden || !Posten.Fehler.empty()) return Posten.Fehler;
+        if (!IstVerstummt(Posten.Pfad, Alt, Posten.Satz)) return std::nullopt;
+        return Posten.Satz.Größe == 0 ? "Die Datei ist leer" : "In der Datei wurden weder Klang noch TAGs gefunden";
+    }
+
+    void Übernehmen(Satznummer Nummer, Leseposten& Posten) {
+        auto& Sätze = Umgebung.Index.Sätze;
+        const Datensatz Alt = Sätze.Lesen(Nummer);
+        if (const auto Grund = Hindernis(Alt, Posten)) {
             Umgebung.Log.Schreiben("Synchronisieren: '" + Posten.Pfad + "' konnte nicht neu gelesen werden" +
-                                   (Grund.empty() ? "" : " - " + Grund));
+                                   (Grund->empty() ? "" : " - " + *Grund));
             Ergebnis.Unlesbar.push_back(Posten.Pfad);
             return;
         }
-        auto& Sätze = Umgebung.Index.Sätze;
-        const Datensatz Alt = Sätze.Lesen(Nummer);
-        if (Neu.Dateityp == DateiartSonstige) {
-            // Settings and file types tell of no kind (any more): nothing but the size was read.
+        Datensatz& Neu = Posten.Satz;
+        if (IstKlangart(Neu.Dateityp)) {
+            ÜbrigesÜbernehmen(Alt, Auftrag.Code.value_or(Lesecode{}), Neu);
+        } else {
+            // Of other files, and where settings and file types tell of no kind any more, nothing but the
+            // size was read.
             const auto Größe = Neu.Größe;
             Neu = Alt;
             Neu.Größe = Größe;
-        } else {
-            ÜbrigesÜbernehmen(Alt, Code, Neu);
         }
         if (SagtDasselbe(Alt, Neu)) return;
         Sätze.Setzen(Nummer, Posten.Pfad, Neu);
@@ -249,13 +323,22 @@ Neulesung GeänderteNeuLesen(const Hinzufügeumgebung& Umgebung, const Uhr& Zeit
     Änderungssuche Suche(Umgebung, Zeit, LetzterLauf(Umgebung.Index, Beginn));
     Ergebnis.Abgebrochen =
         !Suche.Suchen(Auftrag.Letzter) || !Neuleser(Umgebung, Ergebnis).Lesen(Suche.Geänderte);
-    // Saved with the next change of the index: until then the older time only lets more files be read.
-    if (!Ergebnis.Abgebrochen && Ergebnis.Unlesbar.empty()) {
-        std::string& Stand = Umgebung.Index.Optionen.SyncStand;
-        Stand = std::to_string(Beginn);
-        for (const std::string& Eines : Suche.Fehlen)
-            Stand.append(Standtrenner).append(Eines);
+    if (Ergebnis.Abgebrochen) return Ergebnis;
+    for (const std::string& Pfad : Ergebnis.Unlesbar)
+        Suche.Fehlen.insert(Standname(Pfad));
+    auto Stand = Standtext(Beginn, Suche.Fehlen);
+    if (!Stand) {
+        // The older time only lets more files be read.
+        Umgebung.Log.Schreiben("Synchronisieren: " + std::to_string(Suche.Fehlen.size()) +
+                               " Orte sind nicht erreichbar, zu viele zum Merken - die nächste "
+                               "Synchronisation liest die seit der vorigen geänderten Dateien noch einmal");
+        return Ergebnis;
     }
+    auto& Index = Umgebung.Index;
+    // Where files were read, the next run is to find them read, also when they told nothing new.
+    const bool Gelesen = Suche.Geänderte.size() > Ergebnis.Unlesbar.size();
+    Index.IndexGeändert = Index.IndexGeändert || Gelesen || Index.Optionen.SyncStand.empty();
+    Index.Optionen.SyncStand = std::move(*Stand);
     return Ergebnis;
 }
 

@@ -5,15 +5,18 @@
 
 namespace liedwerk {
 
+bool FehltGewiss(const std::string& Pfad, const Mediumumgebung& Umgebung) {
+    // A drive that is not there (another system's, a disk that is not mounted) tells nothing of its files,
+    // and neither does a folder that may not be read or a server that does not answer.
+    return Umgebung.Drives.Vorhanden(LaufwerkDesPfades(Umgebung, Pfad)) && NichtsVorhanden(Pfad);
+}
+
 Dateiverbleib DateiNachsehen(const std::string& Pfad, const Mediumumgebung& Umgebung) {
     // The file manager's list holds folders.
     if (DateiExistiert(Pfad) || OrdnerExistiert(Pfad)) return Dateiverbleib::Da;
     // The person has chosen that what cannot be reached does not exist.
     if (Umgebung.Werte.NichtVerfügbarExistierenNicht == 1) return Dateiverbleib::Fort;
-    // A drive that is not there (another system's, a disk that is not mounted) tells nothing of its files,
-    // and neither does a folder that may not be read or a server that does not answer.
-    const bool Gewiss = Umgebung.Drives.Vorhanden(LaufwerkDesPfades(Umgebung, Pfad)) && NichtsVorhanden(Pfad);
-    return Gewiss ? Dateiverbleib::Fort : Dateiverbleib::Unklar;
+    return FehltGewiss(Pfad, Umgebung) ? Dateiverbleib::Fort : Dateiverbleib::Unklar;
 }
 
 Existenzprüfung ExistenzenPrüfen(const Katalog& Index, Mediumspeicher& Speicher,

@@ -18,6 +18,10 @@ enum class Dateiverbleib {
 };
 Dateiverbleib DateiNachsehen(const std::string& Pfad, const Mediumumgebung& Umgebung);
 
+// True when the system says of a drive that is there that the file is not, whatever the settings take for
+// missing.
+bool FehltGewiss(const std::string& Pfad, const Mediumumgebung& Umgebung);
+
 struct Existenzprüfung {
     bool Abgebrochen = false;          // by the person: nothing is to be removed
     std::vector<Satznummer> Fehlende;  // records whose files are gone

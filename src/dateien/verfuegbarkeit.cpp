@@ -16,14 +16,6 @@ bool HatLaufwerk(std::string_view Pfad) {
     return IstPosixPfad(Pfad) || (Pfad.size() >= 2 && Pfad[1] == ':');
 }
 
-// True when the file may come back with its medium: the drive is a removable one, or the record itself tells
-// of a medium (its drive may be unknown to the system while the medium is out).
-bool KannWiederkommen(const Gesuchtes& Datei, bool Vorhanden, Mediumspeicher& Speicher,
-                      const Mediumumgebung& Umgebung, std::string_view Laufwerk) {
-    if (!Vorhanden && !Datei.Wechselmedium.empty()) return true;
-    return HatLaufwerk(Datei.Pfad) && LaufwerkIstWechsellaufwerk(Speicher, Umgebung, Laufwerk);
-}
-
 std::string Fragetext(const Gesuchtes& Datei, const std::string& Laufwerk) {
     const std::string Medium = Datei.Wechselmedium.empty() ? "den Quelldatenträger"
                                                            : "den Datenträger '" + Datei.Wechselmedium + "'";
@@ -64,6 +56,12 @@ Verfügbarkeit Fragen(const Gesuchtes& Datei, const std::string& Laufwerk, Mediu
 
 }  // namespace
 
+bool KannWiederkommen(Mediumspeicher& Speicher, const Mediumumgebung& Umgebung, std::string_view Pfad,
+                      std::string_view Wechselmedium, std::string_view Laufwerk) {
+    if (!Wechselmedium.empty()) return true;
+    return HatLaufwerk(Pfad) && LaufwerkIstWechsellaufwerk(Speicher, Umgebung, Laufwerk);
+}
+
 Verfügbarkeit DateiNichtVerfügbarPrüfen(const Katalog& Index, Satznummer Nummer, Mediumspeicher& Speicher,
                                         const Mediumumgebung& Umgebung, Oberfläche& Person,
                                         bool NichtLaufwerkÜberspringen) {
@@ -74,7 +72,8 @@ Verfügbarkeit DateiNichtVerfügbarPrüfen(const Katalog& Index, Satznummer Numm
     const bool Gleich = WechselmediumVergleichen(Speicher, Umgebung, Laufwerk, Datei.Wechselmedium, Aktuell);
     if (Vorhanden && Gleich) return Verfügbarkeit::Weiter;
     if (Umgebung.Werte.NichtVerfügbarExistierenNicht == 1) return Verfügbarkeit::Weiter;
-    if (!KannWiederkommen(Datei, Vorhanden, Speicher, Umgebung, Laufwerk)) {
+    const std::string Vermisst = Vorhanden ? std::string() : Datei.Wechselmedium;
+    if (!KannWiederkommen(Speicher, Umgebung, Datei.Pfad, Vermisst, Laufwerk)) {
         // The file is simply missing; the caller's existence test decides.
         return NichtLaufwerkÜberspringen ? Verfügbarkeit::Überspringen : Verfügbarkeit::Weiter;
     }

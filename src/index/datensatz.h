@@ -77,6 +77,7 @@ struct Datensatz {
     bool Crc = false;
     std::int32_t Frames = 0;
     std::int32_t HeaderPosition = 0;  // bytes in front of the first frame header
+    bool KopfGefunden = false;        // what its kind of sound begins with was there when it was read
     std::uint8_t HatId3v1 = TagUnberührt;
     std::uint8_t HatId3v2 = TagUnberührt;
     std::uint8_t HatLyrics = TagUnberührt;

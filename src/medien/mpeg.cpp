@@ -143,6 +143,7 @@ void FramesSetzen(std::int64_t Nebendaten, Datensatz& Satz) {
 std::optional<std::uint32_t> MpegHeaderSuchen(Dateianfang& Anfang, Datensatz& Satz) {
     if (!Anfang.Quelle().Offen()) return std::nullopt;
     const auto Fund = SyncSuchen(Anfang);
+    Satz.KopfGefunden = Fund.has_value();
     const std::uint64_t Stelle = Fund.value_or(0);
     const std::string_view Bytes = Anfang.Bis(Stelle + XingFramesStelle + 4);
     const bool Xing =

@@ -85,6 +85,7 @@ void WertSetzen(const OggSchlüssel& Eintrag, std::string_view Bytes, Datensatz&
 void OggKommentareLesen(Dateianfang& Anfang, Datensatz& Satz) {
     Satz.HatId3v1 = Satz.HatId3v2 = Satz.HatLyrics = TagFehlt;
     const std::string Text = KommentareSuchen(Anfang);
+    Satz.KopfGefunden = !Text.empty();
     const std::string Klein = Kleingeschrieben(Text);
     for (const OggSchlüssel& Eintrag : OggSchlüsselListe) {
         // Kept: a key that stands inside a value or at the end of another key counts as well.

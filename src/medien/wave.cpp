@@ -1,5 +1,7 @@
 #include "medien/wave.h"
 
+#include <algorithm>
+#include <array>
 #include <limits>
 #include <optional>
 
@@ -18,6 +20,9 @@ std::int64_t ZahlBei(std::string_view Bytes, std::size_t Stelle, std::size_t Lä
     return Wert;
 }
 
+// A RIFF file, one with big-endian numbers, and one that may be longer than 4 GB (EBU Tech 3306).
+constexpr std::array<std::string_view, 3> Wavekennungen = {"RIFF", "RIFX", "RF64"};
+
 // The products have 32 bits with a sign.
 bool Passt(std::int64_t Wert) {
     return Wert <= std::numeric_limits<std::int32_t>::max();
@@ -29,6 +34,8 @@ void WavHeaderLesen(std::string_view Kopf, std::uint64_t Dateilänge, Datensatz&
                     bool& UnbekannteAngaben) {
     Satz.HatId3v1 = Satz.HatId3v2 = Satz.HatLyrics = TagFehlt;
     UnbekannteAngaben = false;
+    Satz.KopfGefunden = std::ranges::any_of(
+        Wavekennungen, [&](std::string_view Kennung) { return Kopf.starts_with(Kennung); });
     if (Dateilänge < WaveMindestgröße) return;
 
     // Kept: the length of the chunk "fmt " is taken for the bit depth. It is 16 in most files, as that is.

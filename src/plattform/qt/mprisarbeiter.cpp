@@ -31,6 +31,8 @@ constexpr int Sammeldauer = 60;      // milliseconds
 constexpr int FehlschlägeHöchstens = 3;
 constexpr std::int64_t LängsteSchätzung = 2500;                // milliseconds
 constexpr auto Sprungdauer = std::chrono::milliseconds(1500);  // that a player may take for a jump
+// A jump that was given up is still known for what it is so long.
+constexpr auto Versuchsdauer = std::chrono::seconds(10);
 constexpr std::int64_t Sprungweite = 3000;  // milliseconds around its aim in which the jump has been made
 // A position that falls from beyond the first to below the second (milliseconds) is a new play.
 constexpr std::int64_t Fallhöhe = 3000;
@@ -206,7 +208,7 @@ void Mprisarbeiter::Verlieren() {
     Hören(Eigner, false);
     Dienst.clear();
     Titel = {};
-    Sprungziel = -1;
+    SprungVergessen();
     Fehlschläge = 0;
     LiestGerade = false;
     FähigkeitenBekannt = false;
@@ -302,10 +304,27 @@ bool Mprisarbeiter::SpringtNoch(std::int64_t Position) {
     if (Sprungziel < 0) return false;
     const bool Angekommen = std::abs(Position - Sprungziel) <= Sprungweite;
     if (!Angekommen && std::chrono::steady_clock::now() < Sprungfrist) return true;
-    // A jump that was not made is no way back to the beginning of the title.
-    if (!Angekommen) Bild->Position = -1;
+    if (!Angekommen) {
+        // A jump that was not made is no way back to the beginning of the title.
+        Bild->Position = -1;
+        Versuchtesziel = Sprungziel;
+        Versuchsfrist = std::chrono::steady_clock::now() + Versuchsdauer;
+    }
     Sprungziel = -1;
     return false;
+}
+
+// True once, when a player gets to an aim that was given up already.
+bool Mprisarbeiter::SpringtSpät(std::int64_t Position) {
+    if (Versuchtesziel < 0) return false;
+    const bool Angekommen = std::abs(Position - Versuchtesziel) <= Sprungweite;
+    const bool Rechtzeitig = std::chrono::steady_clock::now() < Versuchsfrist;
+    if (Angekommen || !Rechtzeitig) Versuchtesziel = -1;
+    return Angekommen && Rechtzeitig;
+}
+
+void Mprisarbeiter::SprungVergessen() {
+    Sprungziel = Versuchtesziel = -1;
 }
 
 void Mprisarbeiter::PositionMerken(const QVariant& Wert) {
@@ -314,8 +333,9 @@ void Mprisarbeiter::PositionMerken(const QVariant& Wert) {
     const std::int64_t Jetzt =
         Mikrosekunden ? static_cast<std::int64_t>(std::clamp(*Mikrosekunden / 1000, 0.0, 1e10)) : -1;
     if (SpringtNoch(Jetzt)) return;
+    const bool Gesprungen = SpringtSpät(Jetzt);
     const std::int64_t Vorher = Bild->PositionJetzt();
-    if (Jetzt >= 0 && Jetzt < Neuanfang && Vorher - Jetzt > Fallhöhe) ++Bild->Lage.Durchgang;
+    if (!Gesprungen && Jetzt >= 0 && Jetzt < Neuanfang && Vorher - Jetzt > Fallhöhe) ++Bild->Lage.Durchgang;
     Bild->Position = Jetzt;
     Bild->Gemessen = std::chrono::steady_clock::now();
 }
@@ -333,7 +353,7 @@ void Mprisarbeiter::GanzLesen(const QVariantMap& Werte) {
         if (AndererTitel || (Bild->Zustand == 0 && Zustand == 1)) {
             ++Lage.Durchgang;
             Bild->Position = -1;  // a position of the title before must not count as a fall
-            Sprungziel = -1;
+            SprungVergessen();
         }
         Bild->Zustand = Zustand;
         Bild->Länge = Neuer.Länge;
@@ -374,6 +394,7 @@ void Mprisarbeiter::Springen(std::int64_t Millisekunden) {
         Kann = Bild->Lage.KannSpringen;
         Jetzt = std::max<std::int64_t>(0, Bild->PositionJetzt());
         if (Kann) {
+            SprungVergessen();
             Bild->Position = Sprungziel = Millisekunden;
             Bild->Gemessen = std::chrono::steady_clock::now();
             Sprungfrist = Bild->Gemessen + Sprungdauer;
@@ -433,6 +454,10 @@ void Mprisarbeiter::Benutzerbefehl(int wParam, int lParam) {
 }
 
 void Mprisarbeiter::Spielerbefehl(int Nummer) {
+    // These move in their own way; what comes of them is no jump's doing.
+    if (Nummer == SpielerVorheriger || Nummer == SpielerNächster || Nummer == SpielerStopp ||
+        Nummer == SpielerListenanfang)
+        SprungVergessen();
     const auto Zweitbefehl = [](const QString& Name, const QVariant& Wert) {
         auto Nachricht = QDBusMessage::createMethodCall(
             QLatin1String(Zweitdienst), QLatin1String(Zweitobjekt), QLatin1String(Zweitdienst), Name);

@@ -63,6 +63,8 @@ class Mprisarbeiter final : public QObject {
     void GanzLesen(const QVariantMap& Werte);
     void PositionMerken(const QVariant& Wert);
     bool SpringtNoch(std::int64_t Position);
+    bool SpringtSpät(std::int64_t Position);
+    void SprungVergessen();
     void Geantwortet(bool Gelungen);
     bool Stumm() const;  // it has not answered several times
     void Befehl(QDBusMessage Nachricht);
@@ -86,6 +88,8 @@ class Mprisarbeiter final : public QObject {
     bool Zweit = false;
     std::int64_t Sprungziel = -1;  // milliseconds; the player was sent there and has not told of it yet
     std::chrono::steady_clock::time_point Sprungfrist;
+    std::int64_t Versuchtesziel = -1;  // an aim that was given up: a slow player may get there yet
+    std::chrono::steady_clock::time_point Versuchsfrist;
     int Fehlschläge = 0;
     std::uint64_t Folge = 0;  // rises when another player is watched: late answers are dropped
     bool FähigkeitenBekannt = false;

@@ -48,8 +48,9 @@ class Angebotsleiste final : public QFrame {
         // Behind the run, however it was started.
         connect(&Synchronisieren, &QAction::triggered, this, [this] {
             if (!Platz.Bereit()) return;
-            // What came in meanwhile may lie where the run had been already.
-            Ungeprüft ? Prüfen() : Verwerfen();
+            // What came in meanwhile may lie where the run had been already, and a run that did not come to
+            // its end leaves things to do.
+            Ungeprüft || !Platz.Programm.AbgleichGelungen ? Prüfen() : Verwerfen();
         });
         constexpr int Wartezeit = 1000;  // milliseconds until the next look whether the window is free
         Später.setSingleShot(true);
