@@ -200,7 +200,11 @@ std::string XmcdBytesVonText(std::string_view Text) {
 }
 
 std::vector<std::string> XmcdZeilen(std::string_view Text) {
-    if (Text.find('\n') == Text.npos) return Teilen(Text, "\r");
+    std::size_t EinzelneCr = 0;
+    for (std::size_t Stelle = 0; Stelle < Text.size(); ++Stelle)
+        EinzelneCr += Text[Stelle] == '\r' && Text.substr(Stelle + 1, 1) != "\n";
+    if (EinzelneCr > static_cast<std::size_t>(std::ranges::count(Text, '\n')))
+        return Teilen(Ersetzen(Ersetzen(Text, "\r\n", "\r"), "\n", "\r"), "\r");
     std::vector<std::string> Zeilen = Teilen(Text, "\n");
     for (std::string& Zeile : Zeilen) {
         Zeile.resize(Zeile.find_last_not_of('\r') + 1);

@@ -24,8 +24,8 @@ std::string XmcdTextVonBytes(std::string_view Bytes);
 // UTF-8.
 std::string XmcdBytesVonText(std::string_view Text);
 
-// The lines of a text of the database, which end with CR LF or LF, or with CR where it has no LF at all; a CR
-// inside of a line is a blank.
+// The lines of a text of the database, which end with CR LF or LF; a CR inside of a line is a blank. Where
+// lone CRs outnumber the LFs, these are what ends its lines, and the rest came with a server's own lines.
 std::vector<std::string> XmcdZeilen(std::string_view Text);
 
 // Fills titles, album, artist, year, genres and free text of the record from the bytes of an xmcd text, a

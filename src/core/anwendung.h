@@ -96,12 +96,12 @@ struct Anwendung {
     bool Startet = false;
     bool ErsterStart = false;
     bool BeendenErbeten = false;  // the start ends the system by itself
-    bool AbgleichGelungen = false;  // the last synchronisation came to its end
     bool LaufAktiv = false;       // a long run is active: timers return at once
     bool Gesperrt = false;        // the password has not been given yet: nothing of the collection is shown
     bool LageGesetzt = false;     // the window stands where the settings say; the end may take its place over
     Zeitpunkt StartZeit;
     Zeitpunkt LetzteSpeicherung;
+    bool AbgleichGelungen = false;  // the last synchronisation came to its end
     // TerminePrüfen, run once at the start and by tmrEreignisse; gives the notices that were shown. Empty: no
     // reminders are looked at.
     std::function<std::vector<Terminmeldung>()> TerminePrüfen;

@@ -2,7 +2,8 @@
 
 #include "basis/datei.h"
 #include "basis/pfad.h"
-#include "index/indexinhalt.h"
+#include "basis/text.h"
+#include "index/indexformat.h"
 
 namespace liedwerk {
 
@@ -20,8 +21,25 @@ bool ExportErlaubt(Oberfläche& Person, const std::string& Datei) {
                          Antwort::Nein) == Antwort::Ja;
 }
 
+namespace {
+
+// True for a file that is or was an index: by its name, since it may not be readable at the moment, or by its
+// beginning, which an editor may have put a byte order mark in front of.
+bool GiltAlsIndexdatei(const std::string& Datei) {
+    if (!DateistandLesen(Datei)) return false;
+    // Its backups and unfinished saves carry its whole name.
+    if (PositionOhneGroß(DateinameVon(Datei), Indexendung) != std::string_view::npos) return true;
+    constexpr std::string_view Bytefolgemarke = "\xEF\xBB\xBF";
+    const std::string Anfang =
+        Lesedatei::Öffnen(Datei).Lesen(0, Bytefolgemarke.size() + IndexVersionAnfang.size());
+    return Anfang.starts_with(IndexVersionAnfang) ||
+           (Anfang.starts_with(Bytefolgemarke) && Anfang.ends_with(IndexVersionAnfang));
+}
+
+}  // namespace
+
 bool IndexdateiGeschützt(Anwendung& Programm, const std::string& Datei) {
-    if (!PfadeGleich(Datei, Programm.Index.IndexDateiname) && !IstIndexdatei(Datei)) return false;
+    if (!PfadeGleich(Datei, Programm.Index.IndexDateiname) && !GiltAlsIndexdatei(Datei)) return false;
     Programm.Dienst.Person.Melden(Symbol::Ausrufezeichen,
                                   "'" + Datei +
                                       "' ist eine Indexdatei und wird nicht überschrieben.\n"

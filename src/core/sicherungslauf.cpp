@@ -65,9 +65,9 @@ bool Gefragt(Anwendung& Programm, const Sicherungskopie& Kopie) {
                Antwort::Nein) == Antwort::Ja;
 }
 
-// The backup is in place but cannot be loaded: the file that stood there comes back.
-void Zurückholen(Anwendung& Programm, const std::string& Ziel, const std::string& Ersetzte) {
-    const std::string Anfang = "Die Sicherungskopie konnte nicht geladen werden.\n";
+// What was to take the index's place cannot be used: the file that stood there comes back. Its copy stays.
+void Zurückholen(Anwendung& Programm, const std::string& Anfang, const std::string& Ziel,
+                 const std::string& Ersetzte) {
     if (const Dateifehler Fehler = DateiKopieren(Ersetzte, VerweiseAuflösen(Ziel))) {
         Programm.Dienst.Person.Melden(Symbol::Ausrufezeichen,
                                       Anfang + "Die vorherige Indexdatei liegt unter '" + Ersetzte +
@@ -138,6 +138,8 @@ bool SicherungskopieWiederherstellen(Anwendung& Programm, const Sicherungskopie&
     if (!Gefragt(Programm, Kopie) || !ÄnderungenVersorgen(Programm, Gespeichert)) return false;
     const bool Vorhanden = DateiExistiert(Ziel);
     const std::string Ersetzte = NameFürErsetzte(Programm, Ziel);
+    const std::string Misslungen =
+        "Die Indexdatei '" + Ziel + "' konnte nicht durch die Sicherungskopie ersetzt werden.";
     if (Vorhanden) {
         if (const Dateifehler Fehler = DateiKopieren(Ziel, Ersetzte, Vorhandenes::Lassen)) {
             ScheiternMelden(Programm,
@@ -147,19 +149,24 @@ bool SicherungskopieWiederherstellen(Anwendung& Programm, const Sicherungskopie&
         }
     }
     // A link stays one; the index lies where it leads.
+    const auto Vorher = DateistandLesen(Ziel);
     if (const Dateifehler Fehler = DateiKopieren(Kopie.Pfad, VerweiseAuflösen(Ziel))) {
+        if (Vorhanden && DateistandLesen(Ziel) != Vorher) {
+            // It failed behind the replacement: what stands there now may be anything.
+            Zurückholen(Programm, Misslungen + "\n" + Fehler.Text + "\n", Ziel, Ersetzte);
+            return false;
+        }
         // The file that was to be replaced stands where it was; its copy is not needed.
         if (Vorhanden) DateiLöschen(Ersetzte);
-        ScheiternMelden(
-            Programm, "Die Indexdatei '" + Ziel + "' konnte nicht durch die Sicherungskopie ersetzt werden.",
-            Fehler, Gespeichert);
+        ScheiternMelden(Programm, Misslungen, Fehler, Gespeichert);
         return false;
     }
     if (StandardDateiLaden(Programm, ModusNichtsGeladen, false)) {
         Programm.Dienst.Person.StatusZeigen("Die Indexdatei wurde ersetzt und geladen");
         return true;
     }
-    if (Vorhanden) Zurückholen(Programm, Ziel, Ersetzte);
+    if (Vorhanden)
+        Zurückholen(Programm, "Die Sicherungskopie konnte nicht geladen werden.\n", Ziel, Ersetzte);
     return false;
 }
 

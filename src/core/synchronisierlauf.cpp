@@ -41,9 +41,8 @@ bool FehlendeEntfernen(Anwendung& Programm, Satznummer& Bekannte) {
         Programm.Log.Schreiben("Synchronisieren: " + std::to_string(Prüfung.Unklar) +
                                " Datei(en) sind zurzeit nicht erreichbar und bleiben im Index");
     // A new file may have vanished by now as well.
-    Bekannte -= std::ranges::count_if(Prüfung.Fehlende, [Bis = Bekannte](Satznummer Nummer) {
-        return Nummer <= Bis;
-    });
+    Bekannte -= static_cast<Satznummer>(std::ranges::count_if(
+        Prüfung.Fehlende, [Bis = Bekannte](Satznummer Nummer) { return Nummer <= Bis; }));
     DatensätzeEntfernen(Index, Prüfung.Fehlende);
     return true;
 }
@@ -114,7 +113,8 @@ Synchronisierergebnis SynchronisierenLauf(Anwendung& Programm) {
     Satznummer Bekannte = Vorher;
     if (Ergebnis.Gelungen) Ergebnis.Gelungen = FehlendeEntfernen(Programm, Bekannte);
     std::vector<std::string> Unlesbar;
-    if (Ergebnis.Gelungen) Ergebnis.Gelungen = GeänderteLesen(Programm, {Beginn, Bekannte}, Ergebnis, Unlesbar);
+    if (Ergebnis.Gelungen)
+        Ergebnis.Gelungen = GeänderteLesen(Programm, {Beginn, Bekannte}, Ergebnis, Unlesbar);
     Programm.AbgleichGelungen = Ergebnis.Gelungen;
     Person.FortschrittSchließen();
     Ergebnis.Entfernt = Vorher + Ergebnis.Hinzugefügt - Index.IndexAnzahl();

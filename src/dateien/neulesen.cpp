@@ -127,7 +127,7 @@ class Änderungssuche {
         const bool Ganz = IstWechsel(Hier.Laufwerk) || !Umgebung.Laufwerk.Drives.Vorhanden(Hier.Laufwerk);
         Fehlen.insert(Standname(!Hier.Medium.empty() ? Hier.Medium
                                 : Ganz               ? Hier.Laufwerk
-                                                     : OrdnerDer(Hier.Pfad)));
+                                                     : PfadVon(Hier.Pfad)));
     }
 
     // True when the last run could not look at this file. A drive's place has another name while nothing is
@@ -280,8 +280,11 @@ class Neuleser {
         Dateifehler Fehler;
         if (!Lesedatei::Öffnen(Posten.Pfad, &Fehler).Offen()) return Fehler.Text;
         if (!Posten.Vorhanden || !Posten.Fehler.empty()) return Posten.Fehler;
+        if (Posten.Satz.Lesegestört || !IstLesbar(Posten.Pfad))
+            return "Die Datei lässt sich nicht vollständig lesen";
         if (!IstVerstummt(Posten.Pfad, Alt, Posten.Satz)) return std::nullopt;
-        return Posten.Satz.Größe == 0 ? "Die Datei ist leer" : "In der Datei wurden weder Klang noch TAGs gefunden";
+        return Posten.Satz.Größe == 0 ? "Die Datei ist leer"
+                                      : "In der Datei wurden weder Klang noch TAGs gefunden";
     }
 
     void Übernehmen(Satznummer Nummer, Leseposten& Posten) {

@@ -78,6 +78,7 @@ struct Datensatz {
     std::int32_t Frames = 0;
     std::int32_t HeaderPosition = 0;  // bytes in front of the first frame header
     bool KopfGefunden = false;        // what its kind of sound begins with was there when it was read
+    bool Lesegestört = false;         // bytes of the file did not come: what was read tells nothing of it
     std::uint8_t HatId3v1 = TagUnberührt;
     std::uint8_t HatId3v2 = TagUnberührt;
     std::uint8_t HatLyrics = TagUnberührt;

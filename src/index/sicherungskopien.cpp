@@ -26,20 +26,23 @@ bool IstEigeneSicherung(std::string_view Pfad, std::string_view Ziel) {
     });
 }
 
-void Anlegen(const std::string& Ziel, const Indexumgebung& Umgebung) {
+// False when there is no new backup; that was shown.
+bool Anlegen(const std::string& Ziel, const Indexumgebung& Umgebung) {
     const std::string Kopie = SicherungskopieName(Ziel, Umgebung.Zeit.Jetzt());
     const std::string Anfang = "Eine Sicherungskopie der Indexdatei konnte nicht unter dem Dateinamen '" +
                                Kopie + "' angelegt werden, ";
     if (DateiExistiert(Kopie) && DateiLöschen(Kopie)) {
         Umgebung.Person.Melden(Symbol::Ausrufezeichen,
                                Anfang + "da die vorherige Datei nicht gelöscht werden konnte.");
-        return;
+        return false;
     }
     if (DateiKopieren(Ziel, Kopie)) {
         Umgebung.Person.Melden(
             Symbol::Ausrufezeichen,
             Anfang + "da die Originaldatei nicht kopiert werden konnte.\n\n" + std::string(ZugriffsHinweis));
+        return false;
     }
+    return true;
 }
 
 }  // namespace
@@ -97,7 +100,8 @@ void SicherungskopienFühren(const std::string& Ziel, const Einstellungen& Werte
         }
         if (StundenZwischen(Zeit, Jetzt) < Werte.BackupsSpeichernIntervall) NeuesBackup = false;
     }
-    if (NeuesBackup && MitNeuer) Anlegen(Ziel, Umgebung);
+    // The old ones may be all there is: they go only behind the new one.
+    if (NeuesBackup && MitNeuer && !Anlegen(Ziel, Umgebung)) return;
     for (const std::string& Datei : Veraltet) {
         if (DateiLöschen(Datei)) {
             Umgebung.Person.Melden(Symbol::Ausrufezeichen,

@@ -163,25 +163,27 @@ void WaveDateiLesen(const Medienumgebung& Umgebung, std::string_view Pfad, const
 std::optional<Dateistand> InhaltLesen(const Medienumgebung& Umgebung, std::string_view Pfad,
                                       const Lesecode& Code, bool ZeilenEntfernen, Datensatz& Satz) {
     const auto Öffnen = [&](bool Nötig) { return Nötig ? Lesedatei::Öffnen(Pfad) : Lesedatei(); };
-    const auto StandVon = [](const Lesedatei& Datei) {
+    const auto StandVon = [&](const Lesedatei& Datei, bool Nötig) {
+        Satz.Lesegestört = Nötig && (!Datei.Offen() || Datei.Lesefehler());
         return Datei.Offen() ? std::optional(Datei.Stand()) : std::nullopt;
     };
     switch (Satz.Dateityp) {
         case DateiartMpeg: {
-            const Lesedatei Datei = Öffnen(Code.Id3v1 || Code.Id3v2 || Code.Datenstrom || Code.Lyrics);
+            const bool Nötig = Code.Id3v1 || Code.Id3v2 || Code.Datenstrom || Code.Lyrics;
+            const Lesedatei Datei = Öffnen(Nötig);
             MpegDateiLesen(Umgebung, Pfad, Code, ZeilenEntfernen, Datei, Satz);
-            return StandVon(Datei);
+            return StandVon(Datei, Nötig);
         }
         case DateiartWave: {
             const Lesedatei Datei = Öffnen(Code.Datenstrom);
             if (Code.Datenstrom) WaveDateiLesen(Umgebung, Pfad, Datei, Satz);
-            return StandVon(Datei);
+            return StandVon(Datei, Code.Datenstrom);
         }
         case DateiartOgg: {
             const Lesedatei Datei = Öffnen(Code.Datenstrom);
             Dateianfang Anfang(Datei);
             if (Code.Datenstrom) OggKommentareLesen(Anfang, Satz);
-            return StandVon(Datei);
+            return StandVon(Datei, Code.Datenstrom);
         }
         case DateiartWindowsMedia:
             if (Code.Datenstrom) WindowsMediaLesen(Umgebung, Pfad, Satz);
@@ -222,6 +224,7 @@ Datensatz MedienDatenLesen(const Medienumgebung& Umgebung, std::string_view Pfad
     std::optional<Dateistand> Stand;
     if (Auftrag.Code) {
         Satz.V1Gelesen = Satz.Id3v2Gelesen = Satz.LyricsGelesen = false;
+        Satz.KopfGefunden = Satz.Lesegestört = false;
         if (const auto Art = DateiartFinden(Umgebung, Pfad)) {
             Satz.Dateityp = *Art;
             Stand = InhaltLesen(Umgebung, Pfad, *Auftrag.Code, Auftrag.ZeilenEntfernen, Satz);

@@ -200,7 +200,16 @@ TEST_F(Mpris, KommenGehenLesenUndBefehle) {
     EXPECT_TRUE(Warten([&] { return Kanal.Lage(Finden()).Titel == "Anna, Lea - Abend"; }));
     const auto Zweiter = Kanal.Lage(Finden()).Durchgang;
     EXPECT_GT(Zweiter, Erster);
+    // A slow player that gets to the beginning long after it was sent there makes no new play of it.
+    Kanal.Senden(Finden(), NachrichtBenutzer, 0, SpielerSpringen);
+    EXPECT_TRUE(Warten([&] { return Gerufen(u"SetPosition /titel/1 0"_s); }));
+    EXPECT_TRUE(Warten([&] { return Position() >= 100000; }));
     Ändern(Spielend(u"Abend"_s, 0));
+    EXPECT_TRUE(Warten([&] { return Position() < 50000; }));
+    EXPECT_EQ(Kanal.Lage(Finden()).Durchgang, Zweiter);
+    // One that goes back at once after a jump does.
+    Kanal.Senden(Finden(), NachrichtBenutzer, 60000, SpielerSpringen);
+    Kanal.Senden(Finden(), NachrichtBefehl, SpielerVorheriger, 0);
     EXPECT_TRUE(Warten([&] { return Kanal.Lage(Finden()).Durchgang > Zweiter; }));
     // Without the name of a track the title can only be moved in.
     QVariantMap Namenlos = Spielend(u"Nacht"_s, 100'000'000);

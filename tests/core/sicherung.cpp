@@ -41,15 +41,19 @@ class Sicherungstest : public Kerntest {
 };
 
 TEST_F(Sicherungstest, NichtsAnderesKommtAnDieStelleEinerIndexdatei) {
+    const std::string MitMarke = Datei("programm/marke.txt", "\xEF\xBB\xBF#TAG:lw102\r\n");
+    // One that cannot be read is known by its name.
+    const std::string Unlesbar = Datei("programm/alt.LWI", "");
     const auto Vorher = Inhalte();
     Exportauftrag Auftrag;
-    for (const std::string& Ziel : {Standard(), Kopie()}) {
+    for (const std::string& Ziel : {Standard(), Kopie(), MitMarke, Unlesbar}) {
         EXPECT_FALSE(FelderSpeichernLauf(*P, Ziel));
         Auftrag.Datei = Ziel;
         EXPECT_FALSE(ExportierenLauf(*P, std::vector<Satznummer>{1}, Auftrag));
         EXPECT_TRUE(Person.Meldungen.back().find("wird nicht überschrieben") != std::string::npos);
     }
     EXPECT_EQ(Inhalte(), Vorher);
+    EXPECT_FALSE(IndexdateiGeschützt(*P, Ordner + "/neu.lwi")) << "nothing stands there";
 }
 
 TEST_F(Sicherungstest, GelisteteKopienSindDieEigenenUndGezählt) {

@@ -21,6 +21,16 @@ class Aufnahmetest : public Kerntest {
         Neu.Wechselmedium = Medium;
         return SatzAnhängen(P->Index, Pfad, Neu);
     }
+    // All songs have the same size.
+    std::string Schreiben(std::string_view Name, std::string_view Titel, int Tag) {
+        return Datieren(Lied(Name, Titel), Tag);
+    }
+    static std::string Datieren(const std::string& Pfad, int Tag) {
+        using namespace std::chrono;
+        std::filesystem::last_write_time(
+            Pfad, file_clock::from_sys(sys_seconds(sys_days(2026y / November / Tag) + 15h)));
+        return Pfad;
+    }
     std::vector<std::string> Pfade() const {
         std::vector<std::string> Alle;
         for (Satznummer Nummer = 1; Nummer <= P->Index.IndexAnzahl(); ++Nummer)
@@ -49,12 +59,6 @@ TEST_F(Aufnahmetest, SynchronisierenFügtHinzuEntferntUndMarkiert) {
 }
 
 TEST_F(Aufnahmetest, GeänderteDateienErneuernNurWasAusIhnenKommt) {
-    const auto Schreiben = [&](std::string_view Name, std::string_view Titel, int Tag) {
-        const std::string Pfad = Lied(Name, Titel);
-        using namespace std::chrono;
-        std::filesystem::last_write_time(
-            Pfad, file_clock::from_sys(sys_seconds(sys_days(2026y / November / Tag) + 15h)));
-    };
     const auto Titel = [&] {
         std::string Alle;
         for (const char* Name : {"/m/1.mp3", "/m/2.mp3", "/m/3.mp3"})
@@ -99,8 +103,11 @@ TEST_F(Aufnahmetest, GeänderteDateienErneuernNurWasAusIhnenKommt) {
     ASSERT_EQ(Person.Meldungen.size(), 1U);
     EXPECT_NE(Person.Meldungen[0].find("1 geänderte Datei(en)"), std::string::npos);
     EXPECT_NE(Person.Meldungen[0].find(Kaputt), std::string::npos);
-    // Files that were not read hold the time back.
-    Schreiben("m/3.mp3", "H", 22);
+    // A file that was not read is tried again, and holds the time back for no other one.
+    EXPECT_TRUE(P->Index.Optionen.SyncStand.ends_with("|" + Kaputt));
+    EXPECT_EQ(SynchronisierenLauf(*P).NeuGelesen, 0);
+    EXPECT_EQ(Person.Meldungen.size(), 2U);
+    Schreiben("m/3.mp3", "H", 25);
     EXPECT_EQ(SynchronisierenLauf(*P).NeuGelesen, 1);
     // Without tags being read the old ones stay; the size comes along.
     P->Werte.Mp3TagLesen = "001";
@@ -114,6 +121,118 @@ TEST_F(Aufnahmetest, GeänderteDateienErneuernNurWasAusIhnenKommt) {
     Schreiben("m/3.mp3", "K", 23);
     SynchronisierenLauf(*P);
     EXPECT_TRUE(Titel().ends_with("K"));
+    // A new file that is gone again at once takes no known one's place.
+    P->Index.Optionen.SyncStand.clear();
+    Schreiben("m/3.mp3", "L", 24);
+    Schreiben("m/neu.mp3", "M", 1);
+    Person.Zwischendurch = [&] {
+        if (Person.Titel.back() == "Datei-Existenzen prüfen") std::filesystem::remove(Ordner + "/m/neu.mp3");
+    };
+    const auto Letztes = SynchronisierenLauf(*P);
+    EXPECT_EQ(Letztes.Hinzugefügt + Letztes.Entfernt, 2);
+    EXPECT_EQ(Letztes.NeuGelesen, 1);
+    // The first run that looks leaves its time to be saved; later ones have no need.
+    Person.Zwischendurch = {};
+    P->Index.Optionen.SyncOrdner.clear();
+    P->Index.Optionen.SyncStand.clear();
+    for (const bool Erster : {true, false}) {
+        P->Index.IndexGeändert = false;
+        SynchronisierenLauf(*P);
+        EXPECT_EQ(P->Index.IndexGeändert, Erster);
+    }
+}
+
+TEST_F(Aufnahmetest, WasEineDateiNichtMehrSagtBleibtImIndex) {
+    P->Werte.SyncGeänderteLesen = 1;
+    P->Index.Optionen.SyncOrdner = {{Ordner + "/m", 1, {}}};
+    const std::string Pfad = Schreiben("m/1.mp3", "A", 1);
+    const std::string Heil = DateiLesen(Pfad).value();
+    ASSERT_EQ(SynchronisierenLauf(*P).Hinzugefügt, 1);
+    const Datensatz Alt = P->Index.Sätze.Lesen(1);
+    ASSERT_EQ(Alt.Titel, "A");
+    const std::string Nullen(Heil.size(), '\0');
+    for (const std::string& Rest :
+         {std::string(), std::string("x"), Nullen, std::string("<html>Fehler</html>")}) {
+        for (const char* Code : {"101", "100"}) {
+            P->Werte.Mp3TagLesen = Code;
+            Person.Meldungen.clear();
+            Datieren(Datei("m/1.mp3", Rest), 3);
+            EXPECT_EQ(SynchronisierenLauf(*P).NeuGelesen, 0) << Rest;
+            EXPECT_EQ(P->Index.Sätze.Lesen(1), Alt) << Rest;
+            EXPECT_EQ(Person.Meldungen.size(), 1U) << Rest;
+        }
+    }
+    // A tag that was taken off is a change, since the sound is there.
+    P->Werte.Mp3TagLesen = "101";
+    Datieren(Datei("m/1.mp3", Heil.substr(0, Heil.size() - 128)), 3);
+    EXPECT_EQ(SynchronisierenLauf(*P).NeuGelesen, 1);
+    EXPECT_EQ(P->Index.Sätze.Text(1, FeldTitel), "");
+    // Of a file that counts as a picture nothing but the size is read.
+    Datieren(Datei("m/1.mp3", Heil), 4);
+    ASSERT_EQ(SynchronisierenLauf(*P).NeuGelesen, 1);
+    for (Dateityp& Typ : P->Index.Optionen.Dateitypen)
+        Typ.Schalter = "001";
+    Datieren(Datei("m/1.mp3", Heil + "x"), 5);
+    EXPECT_EQ(SynchronisierenLauf(*P).NeuGelesen, 1);
+    EXPECT_EQ(P->Index.Sätze.Text(1, FeldTitel), "A");
+    EXPECT_EQ(P->Index.Sätze.Zahl(1, FeldGröße), static_cast<std::int64_t>(Heil.size() + 1));
+}
+
+TEST_F(Aufnahmetest, ÄnderungenAufMedienDieFehltenWerdenGefunden) {
+    using Laufwerk = speicher::Laufwerksliste::Laufwerk;
+    const std::string Stick = Ordner + "/stick/";
+    const std::string Album = Stick + "album/";
+    struct Fall {
+        const char* Name;
+        std::map<std::string, Laufwerk, std::less<>> Drin;
+        std::map<std::string, Laufwerk, std::less<>> Draußen;
+        bool Anderes = false;  // a file of the same path, size and time lies there meanwhile
+        bool Gewiss = false;   // its medium is in: it is gone
+        std::int16_t FehltIstFort = 0;
+    };
+    const Laufwerk Namenlos{Laufwerksart::Wechsel, "", true};
+    const Laufwerk Benannt{Laufwerksart::Wechsel, "EINS", true};
+    const Laufwerk Anderer{Laufwerksart::Wechsel, "ZWEI", true};
+    const std::vector<Fall> Fälle = {
+        {"leerer Einhängeort", {{Stick, Namenlos}}, {{Stick, Namenlos}}},
+        {"leerer Einhängeort mit Namen", {{Stick, Benannt}}, {{Stick, Namenlos}}},
+        {"anderes Medium", {{Stick, Benannt}}, {{Stick, Anderer}}, true},
+        {"Einhängeort tiefer", {{Stick, Namenlos}}, {{Album, Namenlos}}},
+        {"Einhängeort höher", {{Album, Namenlos}}, {{Stick, Namenlos}}},
+        {"fehlt gilt als fort", {}, {{Stick, {Laufwerksart::Fest, "", false}}}, false, false, 1},
+        {"gelöscht", {{Stick, Benannt}}, {{Stick, Benannt}}, false, true},
+    };
+    for (const Fall& Einer : Fälle) {
+        SCOPED_TRACE(Einer.Name);
+        NeuerLauf();
+        ASSERT_TRUE(StandardDateiLaden(*P, ModusNichtsGeladen, true));
+        P->Werte.SyncGeänderteLesen = 1;
+        P->Werte.NichtVerfügbarExistierenNicht = Einer.FehltIstFort;
+        P->Index.Optionen.SyncEntfernen = 0;
+        P->Index.Optionen.SyncOrdner = {{Stick, 1, {}}};
+        Uhrzeit.Punkt = {2026, 11, 4, 12, 0, 0};
+        Drives.Liste = Einer.Drin;
+        Schreiben("stick/album/x.mp3", "A", 1);
+        ASSERT_EQ(SynchronisierenLauf(*P).Hinzugefügt, 1);
+        Uhrzeit.Punkt = {2026, 11, 10, 12, 0, 0};
+        Drives.Liste = Einer.Draußen;
+        if (Einer.Anderes) {
+            Schreiben("stick/album/x.mp3", "B", 1);
+        } else {
+            std::filesystem::remove(Album + "x.mp3");
+        }
+        Schreiben("fest.mp3", "C", 1);
+        Satz(Ordner + "/fest.mp3");
+        SynchronisierenLauf(*P);
+        EXPECT_EQ(P->Index.Optionen.SyncStand.find('|') == std::string::npos, Einer.Gewiss);
+        Uhrzeit.Punkt = {2026, 11, 20, 12, 0, 0};
+        Drives.Liste = Einer.Drin;
+        // Before the run that missed it.
+        Schreiben("stick/album/x.mp3", "D", 5);
+        EXPECT_EQ(SynchronisierenLauf(*P).NeuGelesen, Einer.Gewiss ? 0 : 1);
+        EXPECT_EQ(P->Index.Sätze.Text(1, FeldTitel), Einer.Gewiss ? "A" : "D");
+        EXPECT_EQ(SynchronisierenLauf(*P).NeuGelesen, 0);
+    }
 }
 
 TEST_F(Aufnahmetest, WasNurNichtErreichbarIstBleibtImIndex) {

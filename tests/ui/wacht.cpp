@@ -58,6 +58,13 @@ TEST(Angebot, ErscheintNurWennEtwasZuTunIstUndSynchronisiert) {
     EXPECT_TRUE(Leiste.isVisibleTo(&Programm.Fenster));
     EXPECT_EQ(Teil<QLabel>(Leiste, u"lblAngebot"_s).text(),
               u"In Ihren Ordnern hat sich etwas geändert: 1 neue, 1 fehlende Datei(en)."_s);
+    const auto Abbrechen = [&] {
+        Programm.Person.AbbruchBei = 1;
+        Teil<QAbstractButton>(Leiste, u"cmdAngebotSynchronisieren"_s).click();
+        Programm.Person.AbbruchBei = 0;
+        EXPECT_TRUE(Leiste.isVisibleTo(&Programm.Fenster)) << "what there was to do is there still";
+    };
+    Abbrechen();
     Teil<QAbstractButton>(Leiste, u"cmdAngebotSynchronisieren"_s).click();
     EXPECT_FALSE(Leiste.isVisibleTo(&Programm.Fenster));
     EXPECT_EQ(Programm.Zeilen(), 3);
@@ -65,6 +72,7 @@ TEST(Angebot, ErscheintNurWennEtwasZuTunIstUndSynchronisiert) {
 
     Wacht.Melden({}, true);
     EXPECT_TRUE(Leiste.isVisibleTo(&Programm.Fenster));
+    Abbrechen();
     Teil<QAbstractButton>(Leiste, u"cmdAngebotSchließen"_s).click();
     EXPECT_FALSE(Leiste.isVisibleTo(&Programm.Fenster));
     Programm.Programm.Werte.SyncBeobachten = 0;
