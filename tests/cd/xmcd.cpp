@@ -37,7 +37,7 @@ TEST_F(Xmcdprobe, EineAntwortFülltDenSatz) {
     EXPECT_EQ(Daten.Erweitert, "Notiz\r\nEnde\r\nMehr");
     EXPECT_TRUE(Log.Zeilen.empty());
     for (const char* Text : {"# x\rTTITLE0=A\rTTITLE1=B", "# x\rTTITLE0=A\rTTITLE1=B\r\n",
-                             "210 rock 1\r\n# x\rDTITLE=C / D\rTTITLE0=A\rTTITLE1=B\r\n.\r\n"})
+                             "210 rock 1\r\n# x\rDTITLE=C / D\rTTITLE0=A\rTTITLE1=B\rEXTD=\r\n.\r\n"})
         EXPECT_EQ(Gelesen(Text).AnzahlTitel, 2) << "bare returns end lines too";
     const auto Gestreut = Gelesen("TTITLE0=A\ru\r\r\nTTITLE0=B\nTTITLE1=C\r\n");
     EXPECT_EQ(Gestreut.AnzahlTitel, 2) << "a stray return ends none";
