@@ -39,7 +39,10 @@ Vorlauf LetzterLauf(const Katalog& Index, std::int64_t Jetziger) {
     const auto Teile = Teilen(Index.Optionen.SyncStand, Standtrenner);
     const auto Zeit = Teile.empty() ? std::nullopt : GanzzahlLesen<std::int64_t>(Teile.front());
     if (!Zeit || *Zeit > Jetziger) return {};
-    return {Zeit, {Teile.begin() + 1, Teile.end()}};
+    Vorlauf Letzter{Zeit, {Teile.begin() + 1, Teile.end()}};
+    // It would stand for every place.
+    Letzter.Fehlten.erase("");
+    return Letzter;
 }
 
 // A name as it stands among those places.

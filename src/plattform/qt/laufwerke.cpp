@@ -51,6 +51,13 @@ const Einhängung* Systemlaufwerke::VorgeseheneFür(std::string_view Ordner) con
     return Fund == Vorgesehene.end() ? nullptr : &*Fund;
 }
 
+// True for a place where the files of a server are to appear.
+bool Systemlaufwerke::IstNetzort(std::string_view Laufwerk) const {
+    const auto* Vorgesehen = VorgeseheneFür(Laufwerk);
+    return Vorgesehen != nullptr && Vorgesehen->Ort == Laufwerk &&
+           ArtVon(*Vorgesehen) == Laufwerksart::Netzwerk;
+}
+
 // The drive on which the files of a folder lie. An operation over many files asks for neighbours.
 std::string Systemlaufwerke::OrdnerlaufwerkVon(std::string_view Ordner) const {
     const auto& Einhängungen = Tabelle.Jetzt();
@@ -84,10 +91,7 @@ Laufwerksart Systemlaufwerke::Art(std::string_view Laufwerk) const {
     const std::lock_guard Gesperrt(Riegel);
     const auto* Eingehängt = EinhängungAn(Tabelle.Jetzt(), Laufwerk);
     if (Eingehängt == nullptr) {
-        const auto* Vorgesehen = VorgeseheneFür(Laufwerk);
-        if (Vorgesehen != nullptr && Vorgesehen->Ort == Laufwerk &&
-            ArtVon(*Vorgesehen) == Laufwerksart::Netzwerk)
-            return Laufwerksart::Netzwerk;
+        if (IstNetzort(Laufwerk)) return Laufwerksart::Netzwerk;
         return Wechselort(Laufwerk) == Laufwerk ? Laufwerksart::Wechsel : Laufwerksart::Keines;
     }
     const auto NachZeile = ArtVon(*Eingehängt);
@@ -117,8 +121,9 @@ bool Systemlaufwerke::Vorhanden(std::string_view Laufwerk) const {
     if (CDDesPfades(Laufwerk) == Laufwerk) return OrdnerExistiert(Laufwerk);
     const std::lock_guard Gesperrt(Riegel);
     if (EinhängungAn(Tabelle.Jetzt(), Laufwerk) != nullptr) return true;
-    // A plain folder in a place for removable media stands for one.
-    return Wechselort(Laufwerk) == Laufwerk && OrdnerExistiert(Laufwerk);
+    // A plain folder in a place for removable media stands for one; one where a server belongs tells nothing
+    // of that server.
+    return !IstNetzort(Laufwerk) && Wechselort(Laufwerk) == Laufwerk && OrdnerExistiert(Laufwerk);
 }
 
 }  // namespace liedwerk

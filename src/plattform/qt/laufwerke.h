@@ -28,6 +28,7 @@ class Systemlaufwerke final : public Laufwerke {
   private:
     std::string OrdnerlaufwerkVon(std::string_view Ordner) const;
     const Einhängung* VorgeseheneFür(std::string_view Ordner) const;
+    bool IstNetzort(std::string_view Laufwerk) const;
 
     mutable std::mutex Riegel;
     mutable Einhängungstabelle Tabelle;
