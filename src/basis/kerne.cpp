@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <exception>
-#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -24,11 +23,12 @@ void AufKerneVerteilen(std::size_t Anzahl, std::size_t Mindestens,
         }
     };
     std::vector<std::thread> Fäden;
+    Fäden.reserve(Stücke);
     std::size_t Vergeben = 1;
     try {
         for (; Vergeben < Stücke; ++Vergeben)
             Fäden.emplace_back(Ausführen, Vergeben);
-    } catch (const std::system_error&) {
+    } catch (const std::exception&) {
         // No further thread to be had: this one does the rest.
     }
     Ausführen(0);

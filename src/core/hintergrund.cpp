@@ -3,6 +3,7 @@
 #include <atomic>
 #include <chrono>
 #include <future>
+#include <system_error>
 
 namespace liedwerk {
 
@@ -10,7 +11,14 @@ using namespace std::chrono_literals;
 
 void ImHintergrund(Oberfläche& Person, std::string_view Titel, const Dateischritt& Schritt) {
     std::atomic<bool> Abbrechen = false;
-    auto Ende = std::async(std::launch::async, [&] { Schritt([&](std::uint64_t) { return !Abbrechen; }); });
+    const auto Arbeit = [&] { Schritt([&](std::uint64_t) { return !Abbrechen; }); };
+    std::future<void> Ende;
+    try {
+        Ende = std::async(std::launch::async, Arbeit);
+    } catch (const std::system_error&) {
+        // The system gives no thread: this one does the work, and the window waits for it.
+        return Arbeit();
+    }
     if (Ende.wait_for(50ms) == std::future_status::ready) return Ende.get();
     // A run over many files shows its own progress.
     const bool Eigenes = !Person.FortschrittOffen();

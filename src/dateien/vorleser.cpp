@@ -28,8 +28,16 @@ unsigned Lesefäden(std::size_t Dateien) {
 
 Vorleser::Vorleser(const MedienLeser& Leser, unsigned Anzahl)
     : Fadenzahl(std::max(1U, Anzahl)), Ring(Ringgröße) {
-    for (std::uint64_t Nummer = 0; Nummer < Fadenzahl; ++Nummer)
-        Fäden.emplace_back([this, &Leser] { Arbeiten(Leser); });
+    Fäden.reserve(Fadenzahl);
+    for (std::uint64_t Nummer = 0; Nummer < Fadenzahl; ++Nummer) {
+        try {
+            Fäden.emplace_back([this, &Leser] { Arbeiten(Leser); });
+        } catch (const std::exception&) {
+            // The system gives no more threads: those that there are do the work.
+            if (Fäden.empty()) throw;
+            return;
+        }
+    }
 }
 
 Vorleser::~Vorleser() {

@@ -20,6 +20,8 @@ constexpr std::string_view Versionszeile = "#indexfelder11";
 // The values of a line by their field numbers; the path is the key.
 constexpr std::array<int, 5> Zeilenfelder = {FeldPfad, FeldAbspielHäufigkeit, FeldAbspielDatum,
                                              FeldBenutzerDaten, FeldQualität};
+// Bytes of a file that is read; some hundred times those of a million records.
+constexpr std::uint64_t GrößteImportdatei = std::uint64_t{4} << 30;
 constexpr std::size_t BytesJeMeldung = std::size_t{1} << 20;
 
 // ---- Writing
@@ -193,7 +195,8 @@ void WerteÜbernehmen(Satzspeicher& Sätze, const Feldzeile& Fund) {
     if (Anzahl > 0) Sätze.RohwerteSetzen(Fund.Nummer, std::span(Neue).first(Anzahl));
 }
 
-// The whole file; nothing, which has been logged and shown, when it is missing or cannot be read.
+// The whole file; nothing, which has been logged and shown, when it is missing, of another kind, or cannot be
+// read. A file of another kind is known by its beginning: it may be larger than the memory.
 std::optional<std::string> ImportdateiLesen(const Feldimport& Lauf, const std::string& Dateiname) {
     Dateifehler Fehler;
     const Lesedatei Datei = Lesedatei::Öffnen(Dateiname, &Fehler);
@@ -204,7 +207,15 @@ std::optional<std::string> ImportdateiLesen(const Feldimport& Lauf, const std::s
         return std::nullopt;
     }
     std::string Inhalt;
-    if (Datei.Offen()) {
+    if (Datei.Offen() && Datei.Lesen(0, Versionszeile.size()) != Versionszeile && !Datei.Lesefehler()) {
+        Lauf.Umgebung.Person.Melden(Symbol::Information,
+                                    "Die IndexFelder-Datei '" + Dateiname +
+                                        "' ist ungültig oder veraltet und kann nicht verarbeitet werden.");
+        return std::nullopt;
+    }
+    if (Datei.Größe() > GrößteImportdatei) {
+        Fehler = {EFBIG, "Die Datei ist größer als 4 GB"};
+    } else if (Datei.Offen()) {
         Inhalt = Datei.Lesen(0, Datei.Größe());
         if (Inhalt.size() == Datei.Größe()) return Inhalt;
         Fehler = {EIO, "Die Datei kann nicht ganz gelesen werden"};
@@ -264,12 +275,6 @@ std::optional<std::size_t> DateiLadenIndexFelder(Katalog& Index, const Indexumge
     const auto Inhalt = ImportdateiLesen(Lauf, Dateiname);
     if (!Inhalt) return std::nullopt;
     const ErsteZeile Erste = ErsteZeileLesen(*Inhalt);
-    if (!Erste.Text.starts_with(Versionszeile)) {
-        Umgebung.Person.Melden(Symbol::Information,
-                               "Die IndexFelder-Datei '" + Dateiname +
-                                   "' ist ungültig oder veraltet und kann nicht verarbeitet werden.");
-        return std::nullopt;
-    }
     if (MitFortschritt) {
         Umgebung.Person.FortschrittStarten("Importiere '" + std::string(DateinameVon(Dateiname)) + "'", true,
                                            static_cast<std::int64_t>(Inhalt->size()));

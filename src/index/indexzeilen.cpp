@@ -129,7 +129,7 @@ void NebenläufigAusführen(const std::vector<std::function<void()>>& Arbeiten,
     for (const auto& Arbeit : Arbeiten) {
         try {
             Fäden.emplace_back([&Ausführen, &Arbeit] { Ausführen(Arbeit); });
-        } catch (const std::system_error&) {
+        } catch (const std::exception&) {
             Ausführen(Arbeit);
         }
     }

@@ -19,14 +19,15 @@ struct Wachtordner {
 struct Wachtmeldung {
     std::vector<std::string> Pfade;  // files, each once
     bool Ungenau = false;            // more has happened than Pfade tells
-    bool Unvollständig = false;      // the system lets no more folders be watched; told once
+    bool Unvollständig = false;      // the system lets no more folders be watched, or none any more
 };
 
 struct Wachtauftrag {
     std::vector<Wachtordner> Ordner;
     // Which names of files are of interest. Asked in a thread of the watch, perhaps once more after Beenden.
     std::function<bool(std::string_view Name)> Gesucht;
-    // Takes a message in that thread; not called any more once Beenden has returned.
+    // Takes a message in that thread (in that of Beginnen when there is no other to be had); not called any
+    // more once Beenden has returned.
     std::function<void(Wachtmeldung Meldung)> Melden;
 };
 

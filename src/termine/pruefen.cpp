@@ -10,6 +10,10 @@
 namespace liedwerk {
 namespace {
 
+// Notices of one round. An index may hold any number of events that are due; the rest of them comes in one
+// list, and its programs are not started.
+constexpr std::size_t HöchstensGemeldet = 20;
+
 void ProgrammBedienen(const Termin& Eintrag, const Terminumgebung& Umgebung) {
     if (Eintrag.Anwendung.empty()) return;
     if (DateiExistiert(Eintrag.Anwendung)) return Umgebung.ProgrammStarten(Eintrag);
@@ -47,9 +51,10 @@ void AntwortÜbernehmen(Termin& Eintrag, const Terminantwort& Antwort, const std
     }
 }
 
-// One event: what is told the person, if anything. Verpasste gets it when its only date has passed.
+// One event: what is told the person, if anything. Verpasste gets it when its only date has passed, or when
+// it is due and no more notices are wanted.
 std::optional<Terminmeldung> TerminPrüfen(Katalog& Index, std::size_t Nummer, const Terminumgebung& Umgebung,
-                                          Terminliste& Verpasste) {
+                                          bool Einzeln, Terminliste& Verpasste) {
     // A copy: while a notice is open, the event may be changed or go.
     Termin Eintrag = Index.Termine[Nummer - 1];
     if (Eintrag.Benachrichtigen != 1 || Eintrag.Erledigt == "1") return std::nullopt;
@@ -71,6 +76,13 @@ std::optional<Terminmeldung> TerminPrüfen(Katalog& Index, std::size_t Nummer, c
         return std::nullopt;
     }
     Index.IndexGeändert = true;
+    if (!Einzeln) {
+        Verpasste.push_back(Eintrag);
+        AntwortÜbernehmen(Eintrag, {}, Lage.Nächster);
+        Index.Termine.Setzen(Nummer - 1, Eintrag);
+        Umgebung.ZeileAuffrischen(Nummer);
+        return std::nullopt;
+    }
     ProgrammBedienen(Eintrag, Umgebung);
     Terminmeldung Meldung = MeldungBilden(Eintrag, Nummer, Lage.Nächster);
     const Terminantwort Antwort = Umgebung.Melden(Meldung);
@@ -82,19 +94,28 @@ std::optional<Terminmeldung> TerminPrüfen(Katalog& Index, std::size_t Nummer, c
     return Meldung;
 }
 
+// Läuft while this stands: also an exception must not keep the next rounds from running.
+struct Laufmarke {
+    explicit Laufmarke(bool& Läuft) : Wert(Läuft) { Wert = true; }
+    ~Laufmarke() { Wert = false; }
+    Laufmarke(const Laufmarke&) = delete;
+    Laufmarke& operator=(const Laufmarke&) = delete;
+    bool& Wert;
+};
+
 }  // namespace
 
 std::vector<Terminmeldung> TerminePrüfen(Katalog& Index, const Terminumgebung& Umgebung, bool& Läuft) {
     std::vector<Terminmeldung> Gezeigte;
     if (Läuft) return Gezeigte;
-    Läuft = true;
+    const Laufmarke Marke(Läuft);
     Terminliste Verpasste;
     for (std::size_t Nummer = 1; Nummer <= Index.Termine.size(); ++Nummer) {
-        if (auto Meldung = TerminPrüfen(Index, Nummer, Umgebung, Verpasste))
+        if (auto Meldung =
+                TerminPrüfen(Index, Nummer, Umgebung, Gezeigte.size() < HöchstensGemeldet, Verpasste))
             Gezeigte.push_back(std::move(*Meldung));
     }
     if (!Verpasste.empty()) Umgebung.VerpassteZeigen(Verpasste);
-    Läuft = false;
     return Gezeigte;
 }
 

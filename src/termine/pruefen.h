@@ -40,7 +40,8 @@ struct Terminumgebung {
     std::function<Terminantwort(const Terminmeldung&)> Melden;  // modal
     // Starts an event's program, which exists, without parameters.
     std::function<void(const Termin&)> ProgrammStarten;
-    // "Verpasste Ereignisse": those without recurrence whose date has passed. Modal; not called for none.
+    // "Verpasste Ereignisse": those without recurrence whose date has passed, and what was due beyond the
+    // twenty notices of a round. Modal; not called for none.
     std::function<void(const Terminliste&)> VerpassteZeigen;
     // Event Nummer has changed: its row, if the list of events is open.
     std::function<void(std::size_t Nummer)> ZeileAuffrischen;

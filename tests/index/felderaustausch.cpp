@@ -115,6 +115,14 @@ TEST_F(Feldertest, FehlschlägeLassenAllesWieEsWar) {
     EXPECT_FALSE(Importieren());
     EXPECT_EQ(Person.Meldungen.back(), "Die IndexFelder-Datei '" + Felddatei +
                                            "' ist ungültig oder veraltet und kann nicht verarbeitet werden.");
+    // Larger than any memory: what it is must be seen without reading it.
+    for (const auto& [Anfang, Erwartet] : {std::pair{"\x1A\x45\xDF\xA3", "ist ungültig oder veraltet"},
+                                           std::pair{"#indexfelder11\r\n", "größer als 4 GB"}}) {
+        Ablegen(Felddatei, Anfang);
+        fs::resize_file(Felddatei, std::uintmax_t{1} << 38);
+        EXPECT_FALSE(Importieren());
+        EXPECT_NE(Person.Meldungen.back().find(Erwartet), std::string::npos) << Person.Meldungen.back();
+    }
     Person.AbbruchBei = 2;
     Person.Zeigungen = 0;
     EXPECT_FALSE(Importieren("#TAG:4/1|/x/a7\r\n#TAG:4/1|/x/a8\r\n"));

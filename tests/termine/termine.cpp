@@ -174,6 +174,19 @@ TEST_F(Prüfung, JederFälligeEinmalUndEinFehlerHältKeinenAuf) {
     EXPECT_TRUE(Prüfen().empty()) << "a notice never appears twice";
 }
 
+TEST_F(Prüfung, VieleAufEinmalKommenAlsListe) {
+    for (int Nummer = 0; Nummer < 25; ++Nummer)
+        Neu("21.11.2026 11:00:00", "d", [](Termin& E) { E.Anwendung = "/proc/self/exe"; });
+    EXPECT_EQ(Prüfen().size(), 20U);
+    EXPECT_EQ(Gestartet.size(), 20U);
+    ASSERT_EQ(Verpasst.size(), 5U);
+    EXPECT_EQ(Verpasst[0].Beschreibung, "E21");
+    EXPECT_EQ(Index.Termine[24].BenachrichtigenAm, Index.Termine[0].BenachrichtigenAm);
+    Verpasst.clear();
+    EXPECT_TRUE(Prüfen().empty());
+    EXPECT_TRUE(Verpasst.empty());
+}
+
 TEST_F(Prüfung, AntwortenBestimmenWieEsWeitergeht) {
     Neu("21.11.2026 11:00:00", "d");
     Antwort = {Terminwahl::Folgendermaßen, "24.12.26 18:00"};

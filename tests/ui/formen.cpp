@@ -1,12 +1,15 @@
 // The small forms and the progress window.
 #include <QElapsedTimer>
 #include <QPushButton>
+#include <QScopedValueRollback>
 
 #include "tests/ui/fensterlauf.h"
 #include "ui/qt/fensteroberflaeche.h"
+#include "ui/qt/fensterprogramm.h"
 #include "ui/qt/frmdateinichtverfuegbar.h"
 #include "ui/qt/frmindexhinzufuegen.h"
 #include "ui/qt/symbole.h"
+#include "ui/qt/texteditor.h"
 #include "ui/qt/uebersetzer.h"
 
 using namespace Qt::StringLiterals;
@@ -91,6 +94,67 @@ TEST(Formen, FortschrittKommtSpätUndLässtSichAbbrechen) {
     QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
     EXPECT_FALSE(Person.FortschrittZeigen("x", 0));
     Person.FortschrittSchließen();
+}
+
+struct Unmalbar : QWidget {
+    void paintEvent(QPaintEvent*) override { throw std::runtime_error("malen"); }
+};
+
+TEST(Formen, AusnahmenWerdenGesagtUndDasProgrammGehtWeiter) {
+    auto& Programm = static_cast<Fensterprogramm&>(*qApp);
+    Fensteroberfläche Person;
+    QStringList Gesagt;
+    const QScopedValueRollback Melder(Programm.Melden, {[&](const QString& Text) { Gesagt.append(Text); }});
+    const QScopedValueRollback Besen(Programm.Aufräumen, {[&](int Tiefe) { Person.LaufGescheitert(Tiefe); }});
+    bool MitLauf = true;
+    QPushButton Knopf;
+    QObject::connect(&Knopf, &QPushButton::clicked, &Knopf, [&] {
+        if (MitLauf) Person.FortschrittStarten("Lauf", false, 0);
+        throw std::bad_alloc();
+    });
+    Knopf.show();
+    for (int Mal = 1; Mal <= 2; ++Mal) {
+        QTest::mouseClick(&Knopf, Qt::LeftButton);
+        EXPECT_EQ(Gesagt.size(), Mal - 1) << "not within the handler";
+        EXPECT_FALSE(Person.FortschrittOffen());
+        QTest::qWait(1);
+        ASSERT_EQ(Gesagt.size(), Mal) << "as often as the person tries";
+        EXPECT_TRUE(Gesagt.back().contains(u"Nicht genügend Arbeitsspeicher"_s));
+    }
+    // A run around the failed handler goes on.
+    MitLauf = false;
+    Person.FortschrittStarten("Äußerer", false, 0);
+    QTest::mouseClick(&Knopf, Qt::LeftButton);
+    EXPECT_TRUE(Person.FortschrittOffen());
+    Person.FortschrittSchließen();
+    QTest::qWait(1);
+    Gesagt.clear();
+    // What comes again by itself does not bury the person in messages.
+    Unmalbar Fläche;
+    Fläche.show();
+    for (int Mal = 0; Mal < 3; ++Mal) {
+        Fläche.repaint();
+        QTest::qWait(1);
+    }
+    EXPECT_TRUE(Gesagt.isEmpty());
+    QMetaObject::invokeMethod(
+        qApp, [] { throw std::runtime_error("Grund"); }, Qt::QueuedConnection);
+    QTest::qWait(1);
+    ASSERT_EQ(Gesagt.size(), 1);
+    EXPECT_TRUE(Gesagt[0].contains(u"\nGrund\n"_s));
+}
+
+TEST(Formen, EditorbefehlIstDerDesEintrags) {
+    using Worte = std::vector<std::string>;
+    for (const auto& [Eintrag, Erwartet] : std::vector<std::pair<QByteArray, Worte>>{
+             {"[Desktop Action neu]\nExec=falsch %f\n[Desktop Entry]\r\nExec=ed %F\r\n",
+              {"ed", "/x/\xff a%f"}},
+             {"[Desktop Entry]\nExec=\"/opt/e d/ed\" --icon %i %c --file=%f 100%%\n",
+              {"/opt/e d/ed", "--icon", "--file=/x/\xff a%f", "100%"}},
+             {"[Desktop Entry]\nExec=ed\n[Desktop Action x]\nTerminal=true\n", {"ed", "/x/\xff a%f"}},
+             {"[Desktop Entry]\nExec=vi %f\nTerminal=true\n", {}},
+             {"Exec=ed\n", {}}})
+        EXPECT_EQ(Editorbefehl(Eintrag, "/x/\xff a%f"), Erwartet) << Eintrag.toStdString();
 }
 
 TEST(Formen, RestzeitWirdErstGenanntWennSieSichSchätzenLässt) {

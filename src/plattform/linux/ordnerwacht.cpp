@@ -243,6 +243,22 @@ class Wächter {
     Zeitgeber::time_point Späteste;
 };
 
+void AufgabeMelden(Systemordnerwacht::Lauf& Lauf) {
+    Wachtmeldung Bericht;
+    Bericht.Unvollständig = true;
+    const std::lock_guard Halten(Lauf.Sperre);
+    if (Lauf.Auftrag.Melden) Lauf.Auftrag.Melden(std::move(Bericht));
+}
+
+// A watch that runs out of memory gives up and tells so; an exception that leaves a thread ends the program.
+void Wachen(Systemordnerwacht::Lauf& Lauf, const Wachtmaß& Maße) {
+    try {
+        Wächter(Lauf, Maße).Laufen();
+    } catch (const std::exception&) {
+        AufgabeMelden(Lauf);
+    }
+}
+
 }  // namespace
 
 void Systemordnerwacht::Beginnen(Wachtauftrag Auftrag) {
@@ -251,7 +267,11 @@ void Systemordnerwacht::Beginnen(Wachtauftrag Auftrag) {
     if (Auftrag.Ordner.empty()) return;
     Laufender = std::make_shared<Lauf>();
     Laufender->Auftrag = std::move(Auftrag);
-    std::thread([Lauf = Laufender, Maße = Maß] { Wächter(*Lauf, Maße).Laufen(); }).detach();
+    try {
+        std::thread([Lauf = Laufender, Maße = Maß] { Wachen(*Lauf, Maße); }).detach();
+    } catch (const std::system_error&) {
+        AufgabeMelden(*Laufender);  // the system gives no thread
+    }
 }
 
 void Systemordnerwacht::Beenden() {

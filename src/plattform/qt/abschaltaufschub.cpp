@@ -5,6 +5,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusUnixFileDescriptor>
+#include <system_error>
 #include <thread>
 
 #include "plattform/qt/busempfang.h"
@@ -28,15 +29,11 @@ class Sitzungsaufschub final : public Abschaltaufschub {
             if (Botschaft.arguments().value(0).toBool()) BeimAbschalten();
         };
         // Connecting may take as long as the bus likes, so it happens in a thread that can be left behind.
-        std::thread([Marke = std::weak_ptr<Sitzungsaufschub*>(Lebt)] {
-            if (!SystembusAntwortet()) return;
-            const auto Bus = QDBusConnection::connectToBus(QDBusConnection::SystemBus, Verbindungsname);
-            QCoreApplication* const Schleife = QCoreApplication::instance();
-            if (!Bus.isConnected() || Schleife == nullptr) return;
-            QMetaObject::invokeMethod(Schleife, [Marke] {
-                if (const auto Selbst = Marke.lock()) (*Selbst)->Fordern();
-            });
-        }).detach();
+        try {
+            std::thread([Marke = std::weak_ptr<Sitzungsaufschub*>(Lebt)] { Verbinden(Marke); }).detach();
+        } catch (const std::system_error&) {
+            // The system gives no thread: the shutdown will not wait, as without the service.
+        }
     }
     ~Sitzungsaufschub() override {
         Lebt.reset();
@@ -47,6 +44,15 @@ class Sitzungsaufschub final : public Abschaltaufschub {
     bool Zugesagt() const override { return Griff.isValid(); }
 
   private:
+    static void Verbinden(const std::weak_ptr<Sitzungsaufschub*>& Marke) {
+        if (!SystembusAntwortet()) return;
+        const auto Bus = QDBusConnection::connectToBus(QDBusConnection::SystemBus, Verbindungsname);
+        QCoreApplication* const Schleife = QCoreApplication::instance();
+        if (!Bus.isConnected() || Schleife == nullptr) return;
+        QMetaObject::invokeMethod(Schleife, [Marke] {
+            if (const auto Selbst = Marke.lock()) (*Selbst)->Fordern();
+        });
+    }
     void Fordern() {
         QDBusConnection Bus(Verbindungsname);
         Bus.connect(Dienst, Objekt, Schnittstelle, u"PrepareForShutdown"_s, &Empfang,

@@ -177,10 +177,14 @@ std::optional<Medienangaben> InFristLesen(std::function<std::optional<Medienanga
     auto Ergebnis = Auftrag.get_future();
     enum : int { Läuft, Aufgegeben, Fertig };
     const auto Stand = std::make_shared<std::atomic<int>>(Läuft);
-    std::thread([Stand, Auftrag = std::move(Auftrag)]() mutable {
-        Auftrag();
-        if (Stand->exchange(Fertig) == Aufgegeben) --Überfällig;
-    }).detach();
+    try {
+        std::thread([Stand, Auftrag = std::move(Auftrag)]() mutable {
+            Auftrag();
+            if (Stand->exchange(Fertig) == Aufgegeben) --Überfällig;
+        }).detach();
+    } catch (const std::system_error&) {
+        return std::nullopt;  // the system gives no thread
+    }
 
     const auto Ende = std::chrono::steady_clock::now() + Frist;
     const std::chrono::milliseconds Takt = ImFenster || Weiter ? 20ms : Frist;

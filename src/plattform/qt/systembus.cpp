@@ -1,6 +1,5 @@
 #include "plattform/qt/systembus.h"
 
-#include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
@@ -16,6 +15,7 @@
 #include <thread>
 
 #include "plattform/linux/griff.h"
+#include "plattform/qt/mpriswerte.h"
 
 namespace liedwerk {
 namespace {
@@ -62,7 +62,7 @@ std::optional<Blockgerät> Fragen(const std::string& Gerätename) {
     const auto Dauer = std::chrono::duration_cast<std::chrono::milliseconds>(Geduld).count();
     const auto Antwort = Bus.call(Frage, QDBus::Block, static_cast<int>(Dauer));
     if (Antwort.type() != QDBusMessage::ReplyMessage || Antwort.arguments().isEmpty()) return std::nullopt;
-    const auto Werte = qdbus_cast<QVariantMap>(Antwort.arguments().constFirst());
+    const QVariantMap Werte = Busverzeichnis(Antwort.arguments().constFirst());
     return Blockgerät{Werte.value("IdLabel").toString().toStdString(),
                       Werte.value("HintSystem", true).toBool()};
 }
@@ -106,7 +106,17 @@ std::optional<Blockgerät> BlockgerätFragen(std::string_view Quelle) {
     // The rest of the handshake has no time-out either, so it runs in a thread that can be left behind.
     auto Zusage = std::make_shared<std::promise<std::optional<Blockgerät>>>();
     auto Ergebnis = Zusage->get_future();
-    std::thread([Zusage, Name = Gerät.filename().string()] { Zusage->set_value(Fragen(Name)); }).detach();
+    try {
+        std::thread([Zusage, Name = Gerät.filename().string()] {
+            try {
+                Zusage->set_value(Fragen(Name));
+            } catch (const std::exception&) {
+                Zusage->set_value(std::nullopt);
+            }
+        }).detach();
+    } catch (const std::system_error&) {
+        return std::nullopt;  // the system gives no thread
+    }
     if (Ergebnis.wait_for(Geduld) != std::future_status::ready) {
         Verstummt = true;
         return std::nullopt;

@@ -8,6 +8,7 @@
 #include "ui/qt/qttext.h"
 
 using namespace Qt::StringLiterals;
+using namespace std::string_literals;
 
 namespace liedwerk {
 namespace {
@@ -119,7 +120,13 @@ void Beschreibung::Starten() {
     // The answer is looked at by the event loop of the windows, where the weak pointer tells whether the
     // pane is still there.
     Fäden.start([Lesen = std::move(Nächster), Meine = Nummer, Empfänger = std::weak_ptr(Lebendig), this] {
-        auto Info = std::make_shared<Dateiinformation>(Lesen());
+        auto Info = std::make_shared<Dateiinformation>();
+        try {
+            *Info = Lesen();
+        } catch (const std::exception& Fehler) {
+            // One that leaves a thread ends the program.
+            Info->Info = "Hinweis: Die Datei konnte nicht gelesen werden ("s + Fehler.what() + ").";
+        }
         QMetaObject::invokeMethod(
             QCoreApplication::instance(),
             [this, Info, Meine, Empfänger] {

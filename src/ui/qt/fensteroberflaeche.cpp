@@ -3,37 +3,27 @@
 #include <QApplication>
 #include <QDialog>
 
+#include "ui/qt/fensterprogramm.h"
 #include "ui/qt/frmdateinichtverfuegbar.h"
 #include "ui/qt/frmverschiebendateiexistiert.h"
+#include "ui/qt/mauszeiger.h"
 #include "ui/qt/meldung.h"
 #include "ui/qt/qttext.h"
 
 namespace liedwerk {
-namespace {
-
-// A person who is asked something sees a normal pointer, whatever waits behind the question.
-class Mauszeiger {
-  public:
-    Mauszeiger() { QGuiApplication::setOverrideCursor(Qt::ArrowCursor); }
-    ~Mauszeiger() { QGuiApplication::restoreOverrideCursor(); }
-    Mauszeiger(const Mauszeiger&) = delete;
-    Mauszeiger& operator=(const Mauszeiger&) = delete;
-};
-
-}  // namespace
-
 QWidget* Fensteroberfläche::BesitzerJetzt() const {
     if (QWidget* const Dialog = QApplication::activeModalWidget()) return Dialog;
     return Besitzer != nullptr && Besitzer->isVisible() ? Besitzer.data() : nullptr;
 }
 
+// A person who is asked something sees a normal pointer, whatever waits behind the question.
 void Fensteroberfläche::Melden(Symbol Zeichen, std::string_view Text) {
-    const Mauszeiger Zeiger;
+    const Mauszeiger Zeiger(Qt::ArrowCursor);
     MeldungZeigen(BesitzerJetzt(), Zeichen, Text);
 }
 
 Antwort Fensteroberfläche::Fragen(Symbol Zeichen, std::string_view Text, Knöpfe Auswahl, Antwort Vorgabe) {
-    const Mauszeiger Zeiger;
+    const Mauszeiger Zeiger(Qt::ArrowCursor);
     return FrageZeigen(BesitzerJetzt(), Zeichen, Text, Auswahl, Vorgabe);
 }
 
@@ -42,13 +32,13 @@ void Fensteroberfläche::StatusZeigen(std::string_view Text, int Dauer) {
 }
 
 Verfügbarkeitsantwort Fensteroberfläche::DateiNichtVerfügbarZeigen(const Verfügbarkeitsfrage& Frage) {
-    const Mauszeiger Zeiger;
+    const Mauszeiger Zeiger(Qt::ArrowCursor);
     frmDateiNichtVerfügbar Form(Frage, BesitzerJetzt());
     return static_cast<Verfügbarkeitsantwort>(Form.exec());
 }
 
 bool Fensteroberfläche::DateiNichtVerfügbarSchreibenZeigen(const Schreibsperrfrage& Frage) {
-    const Mauszeiger Zeiger;
+    const Mauszeiger Zeiger(Qt::ArrowCursor);
     return frmDateiNichtVerfügbarSchreiben(Frage, BesitzerJetzt()).exec() ==
            static_cast<int>(Verfügbarkeitsantwort::Verfügbar);
 }
@@ -58,7 +48,10 @@ Vorhandenantwort Fensteroberfläche::DateiExistiertZeigen(std::string_view Text)
 }
 
 void Fensteroberfläche::FortschrittStarten(std::string_view Titel, bool MitProzent, std::int64_t Höchstens) {
-    if (Fenster == nullptr) Fenster = new frmFortschritt(BesitzerJetzt());
+    if (Fenster == nullptr) {
+        Fenster = new frmFortschritt(BesitzerJetzt());
+        Starttiefe = Fensterprogramm::Tiefe();
+    }
     Fenster->Starten(QtText(Titel), MitProzent, Höchstens);
 }
 
@@ -77,6 +70,10 @@ void Fensteroberfläche::FortschrittSchließen() {
     Fenster->Schließen();
     // Built anew for the next run: its owner may be another one then.
     delete Fenster.data();
+}
+
+void Fensteroberfläche::LaufGescheitert(int Tiefe) {
+    if (Fenster != nullptr && Starttiefe >= Tiefe) FortschrittSchließen();
 }
 
 bool Fensteroberfläche::FortschrittOffen() const {

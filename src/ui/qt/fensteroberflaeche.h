@@ -34,11 +34,15 @@ class Fensteroberfläche final : public Oberfläche {
     // Gets a run that has to end now to its end: cancels the progress, answers the open dialog as closing it
     // does.
     void Drängen();
+    // Closes the progress of a run that an exception has ended: one that was opened in a delivery of an event
+    // of at least this depth (Fensterprogramm).
+    void LaufGescheitert(int Tiefe);
 
   private:
     QWidget* BesitzerJetzt() const;
     QPointer<QWidget> Besitzer;
     QPointer<frmFortschritt> Fenster;
+    int Starttiefe = 0;  // of the event in which Fenster was opened
 };
 
 }  // namespace liedwerk

@@ -6,11 +6,13 @@
 #include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
 
 #include "basis/datei.h"
 #include "ui/qt/qttext.h"
 
 using namespace Qt::StringLiterals;
+using namespace std::string_view_literals;
 
 namespace liedwerk {
 namespace {
@@ -28,6 +30,31 @@ struct Bildgrenze {
     static constexpr int GrößtesBild = static_cast<int>(8LL * GrößteKante * GrößteKante / (1024 * 1024)) + 1;
     const int Vorher = QImageReader::allocationLimit();  // MiB
 };
+
+// How the files of a format begin, and what Qt calls its decoder.
+struct Bildformat {
+    std::string_view Kennung;
+    const char* Name;
+    std::size_t Stelle = 0;  // of Kennung, in bytes
+};
+constexpr std::array<Bildformat, 9> Bildformate = {{{"\xFF\xD8\xFF"sv, "jpeg"},
+                                                    {"\x89PNG\r\n\x1A\n"sv, "png"},
+                                                    {"GIF87a"sv, "gif"},
+                                                    {"GIF89a"sv, "gif"},
+                                                    {"BM"sv, "bmp"},
+                                                    {"\0\0\1\0"sv, "ico"},
+                                                    {"WEBP"sv, "webp", 8},
+                                                    {"II*\0"sv, "tiff"},
+                                                    {"MM\0*"sv, "tiff"}}};
+
+// The decoder for a file that begins so; empty when it is no picture of this closed list. Qt by itself would
+// try whatever is installed, also formats that load other files by name or unpack without bound (SVG).
+QByteArray Decoder(std::string_view Anfang) {
+    for (const auto& [Kennung, Name, Stelle] : Bildformate) {
+        if (Anfang.size() > Stelle && Anfang.substr(Stelle).starts_with(Kennung)) return Name;
+    }
+    return {};
+}
 
 QString Fehlertext(QImageReader::ImageReaderError Fehler) {
     switch (Fehler) {
@@ -52,14 +79,16 @@ QPixmap BildLesen(std::string_view Pfad, QString& Fehler) {
     QByteArray Bytes = QByteArray::fromRawData(Inhalt->data(), static_cast<qsizetype>(Inhalt->size()));
     QBuffer Quelle(&Bytes);
     const Bildgrenze Grenze;
-    QImageReader Leser(&Quelle);
+    const QByteArray Format = Decoder(*Inhalt);
+    QImageReader Leser(&Quelle, Format);
+    Leser.setAutoDetectImageFormat(false);
     Leser.setAutoTransform(true);
     const QSize Größe = Leser.size();
     if (Größe.width() > GrößteKante || Größe.height() > GrößteKante)
         Leser.setScaledSize(Größe.scaled(GrößteKante, GrößteKante, Qt::KeepAspectRatio));
-    const QImage Gelesen = Leser.read();
+    const QImage Gelesen = Format.isEmpty() ? QImage() : Leser.read();
     if (Gelesen.isNull())
-        Fehler = Fehlertext(Leser.error()) +
+        Fehler = Fehlertext(Format.isEmpty() ? QImageReader::UnsupportedFormatError : Leser.error()) +
                  u"\n\nMit 'Ausführen' öffnen Sie die Datei mit ihrer Standard-Anwendung."_s;
     return QPixmap::fromImage(Gelesen);
 }

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QHeaderView>
+#include <system_error>
 
 #include "basis/pfad.h"
 #include "basis/zahl.h"
@@ -80,7 +81,7 @@ void frmSicherungskopien::ListeFüllen() {
 }
 
 void frmSicherungskopien::ZählungStarten() {
-    Zähler = std::thread([this, Weiter = Lebendig, Dateien = Kopien] {
+    const auto Zählen = [this, Weiter = Lebendig, Dateien = Kopien] {
         for (std::size_t Zeile = 0; Zeile < Dateien.size() && *Weiter; ++Zeile) {
             const std::int64_t Anzahl = DatensätzeZählen(Dateien[Zeile].Pfad, [&] { return Weiter->load(); });
             // The windows' event loop looks whether the form is still there.
@@ -91,7 +92,18 @@ void frmSicherungskopien::ZählungStarten() {
                 },
                 Qt::QueuedConnection);
         }
-    });
+    };
+    try {
+        Zähler = std::thread([Zählen] {
+            try {
+                Zählen();
+            } catch (const std::exception&) {
+                // The rest stays uncounted ("..."): a number is not worth the program.
+            }
+        });
+    } catch (const std::system_error&) {
+        // The system gives no thread: the copies can be restored all the same.
+    }
 }
 
 void frmSicherungskopien::AnzahlZeigen(std::size_t Zeile, std::int64_t Anzahl) {

@@ -1,10 +1,10 @@
 #include "ui/qt/frmsperre.h"
 
 #include <QFormLayout>
-#include <QGuiApplication>
 
 #include "ui/qt/formkopf.h"
 #include "ui/qt/kennwort.h"
+#include "ui/qt/mauszeiger.h"
 #include "ui/qt/symbole.h"
 
 using namespace Qt::StringLiterals;
@@ -23,10 +23,8 @@ QLineEdit* KennwortfeldHinzufügen(QFormLayout& Zeilen, const QString& Name, con
 
 // Testing takes a moment; the pointer says so.
 Kennwortprüfung PrüfenMitSanduhr(std::string_view Abgelegt, const QString& Passwort) {
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    const Kennwortprüfung Ergebnis = KennwortPrüfen(Abgelegt, Passwort);
-    QGuiApplication::restoreOverrideCursor();
-    return Ergebnis;
+    const Mauszeiger Zeiger(Qt::WaitCursor);
+    return KennwortPrüfen(Abgelegt, Passwort);
 }
 
 }  // namespace
@@ -119,9 +117,8 @@ void frmSperreSetzen::cmdOk_Click() {
     if (txtNeu->text() != txtWiederholung->text())
         return Zurückweisen(*txtWiederholung, "Die Wiederholung stimmt nicht mit dem Passwort überein.");
     if (!txtNeu->text().isEmpty()) {
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        const Mauszeiger Zeiger(Qt::WaitCursor);
         Werte.Sperre = KennwortAblegen(txtNeu->text());
-        QGuiApplication::restoreOverrideCursor();
     }
     Werte.SperreAktiv = chkSperreAktiv->isChecked() ? 1 : 0;
     accept();

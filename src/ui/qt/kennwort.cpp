@@ -16,7 +16,7 @@ namespace {
 
 constexpr int Runden = 300000;
 // A value that asks for more would hang the program at its start.
-constexpr int HöchstensRunden = 10000000;
+constexpr int HöchstensRunden = 1000000;
 constexpr int Schlüssellänge = 32;  // bytes, the length of SHA-256
 constexpr int Mindestsalz = 8;
 

@@ -1,5 +1,4 @@
 // The desktop program: puts ports, core and windows together and runs them.
-#include <QApplication>
 #include <QLibraryInfo>
 #include <QLoggingCategory>
 #include <QSessionManager>
@@ -24,6 +23,7 @@
 #include "plattform/pruefsumme.h"
 #include "plattform/system.h"
 #include "ui/qt/fensteroberflaeche.h"
+#include "ui/qt/fensterprogramm.h"
 #include "ui/qt/frmmain.h"
 #include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
@@ -122,7 +122,7 @@ void BereitMelden(frmMain& Fenster) {
     });
 }
 
-int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
+int FensterBetreiben(Fensterprogramm& Qt, const Startauftrag& Auftrag) {
     const Systemuhr Zeit;
     const std::unique_ptr<Laufwerke> Drives = SystemlaufwerkeÖffnen();
     const Systemordnerleser Ordner;
@@ -157,6 +157,8 @@ int FensterBetreiben(QApplication& Qt, const Startauftrag& Auftrag) {
     Person.FortschrittErwünscht = [&] { return Programm.Werte.StartBildschirm == 1; };
     Fenster.Drängen = [&] { Person.Drängen(); };
     Fenster.Beendet = [] { QCoreApplication::exit(0); };
+    Qt.Aufräumen = [&](int Tiefe) { Person.LaufGescheitert(Tiefe); };
+    Qt.Melden = [&](const QString& Text) { Person.Melden(Symbol::Kritisch, Utf8Text(Text)); };
     SitzungsendeVerbinden(Qt, Fenster);
     // Withdrawn at the end of this function, when all is saved: the signal at a shutdown may come too late.
     const auto Aufschub = SystemaufschubFordern([&Fenster] { Fenster.SitzungBeenden(); });
@@ -195,7 +197,7 @@ int main(int Anzahl, char** Werte) {
     QCoreApplication::setApplicationName(u"liedwerk"_s);
     // No display name: Qt would append it to every window's title, which names the program already.
     QGuiApplication::setDesktopFileName(u"org.liedwerk.Liedwerk"_s);
-    QApplication Qt(Anzahl, Werte);
+    Fensterprogramm Qt(Anzahl, Werte);
     Verbindend = false;
     QApplication::setWindowIcon(Programmsymbol());
     // A window that is hidden in the tray is no reason to end.

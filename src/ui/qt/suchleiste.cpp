@@ -1,11 +1,11 @@
 #include "ui/qt/suchleiste.h"
 
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QScopedValueRollback>
 #include <QStyle>
 #include <QStyleOptionFrame>
 #include <QStylePainter>
@@ -13,6 +13,7 @@
 #include "index/spalten.h"
 #include "suche/feldwert.h"
 #include "suche/vervollstaendigung.h"
+#include "ui/qt/mauszeiger.h"
 #include "ui/qt/qttext.h"
 #include "ui/qt/symbole.h"
 
@@ -210,12 +211,9 @@ void Suchleiste::Fokussieren() {
 
 void Suchleiste::AuswahllisteFüllen() {
     if (!Feldwerte) return;
-    const bool Vorher = SucheÄnderungSperren;
-    SucheÄnderungSperren = true;
-    QGuiApplication::setOverrideCursor(Qt::BusyCursor);
+    const QScopedValueRollback Gesperrt(SucheÄnderungSperren, true);
+    const Mauszeiger Zeiger(Qt::BusyCursor);
     txtSongname->ListeSetzen(Feldwerte(Utf8Text(cboSuche->currentText())));
-    QGuiApplication::restoreOverrideCursor();
-    SucheÄnderungSperren = Vorher;
 }
 
 void Suchleiste::Vervollständigen() {
@@ -242,7 +240,7 @@ void Suchleiste::Vervollständigen() {
 
 void Suchleiste::txtSongname_Change() {
     if (SucheÄnderungSperren) return;
-    SucheÄnderungSperren = true;
+    const QScopedValueRollback Gesperrt(SucheÄnderungSperren, true);
     tmrListe.stop();
     Vervollständigen();
     const int Wartezeit = Suchverzögerung(Utf8Text(txtSongname->currentText()), txtSongname->isEnabled(),
@@ -252,7 +250,6 @@ void Suchleiste::txtSongname_Change() {
     } else {
         tmrListe.start(Wartezeit);
     }
-    SucheÄnderungSperren = false;
 }
 
 bool Suchleiste::txtSongname_KeyDown(QKeyEvent* Ereignis) {
@@ -299,9 +296,8 @@ void Suchleiste::tmrListe_Timer() {
         tmrListe.start(250);
         return;
     }
-    QGuiApplication::setOverrideCursor(Qt::BusyCursor);
+    const Mauszeiger Zeiger(Qt::BusyCursor);
     Aktualisieren();
-    QGuiApplication::restoreOverrideCursor();
 }
 
 }  // namespace liedwerk

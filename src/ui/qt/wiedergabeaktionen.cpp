@@ -11,6 +11,7 @@
 #include "ui/qt/frmausfuehrenmit.h"
 #include "ui/qt/frmautodj.h"
 #include "ui/qt/frmbildanzeige.h"
+#include "ui/qt/mauszeiger.h"
 #include "ui/qt/qttext.h"
 #include "ui/qt/tagaktionen.h"
 
@@ -25,28 +26,15 @@ constexpr int Suchtakt = 1;      // the same while its title is looked for in th
 // Values of BeiDoppelklick.
 enum Doppelklick : std::int16_t { Abspielen0 = 0, Abspielen1 = 1, Anhängen2 = 2, TagEditor3 = 3 };
 
-// Pointer 13: work goes on, the window can be used.
-struct Sanduhr {
-    Sanduhr() { QGuiApplication::setOverrideCursor(Qt::BusyCursor); }
-    Sanduhr(const Sanduhr&) = delete;
-    Sanduhr& operator=(const Sanduhr&) = delete;
-    ~Sanduhr() { QGuiApplication::restoreOverrideCursor(); }
-};
-
 // A form within a run waits for the person: the timers go on meanwhile, and the pointer is the usual one.
 struct Formpause {
-    explicit Formpause(bool& Lauf) : Aktiv(Lauf), Vorher(Lauf) {
-        Aktiv = false;
-        QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
-    }
+    explicit Formpause(bool& Lauf) : Aktiv(Lauf), Vorher(Lauf) { Aktiv = false; }
     Formpause(const Formpause&) = delete;
     Formpause& operator=(const Formpause&) = delete;
-    ~Formpause() {
-        QGuiApplication::restoreOverrideCursor();
-        Aktiv = Vorher;
-    }
+    ~Formpause() { Aktiv = Vorher; }
     bool& Aktiv;
     bool Vorher;
+    const Mauszeiger Zeiger{Qt::ArrowCursor};
 };
 
 // The form from which something is played, else the window.
@@ -172,7 +160,8 @@ void Wiedergabeaktionen::Abspielen(const std::vector<Satznummer>& Dateien, bool 
     if (!Standardanwendung && BrauchtAudioplayer(Programm.Index, Feste)) SpielerVorschlagen(Programm);
     {
         const Laufsperre Sperre(Programm);
-        const Sanduhr Zeiger;
+        // Work goes on, the window can be used.
+        const Mauszeiger Zeiger(Qt::BusyCursor);
         Abspielumgebung Umgebung = UmgebungMitFormen();
         AbspielenMediaPlayer(Umgebung, Feste, Anhängen, Standardanwendung, PlaylisteLeeren, Befehl);
     }
