@@ -34,6 +34,18 @@ struct Dateifehler {
 // What stands under the path, links followed; nothing when it cannot be asked.
 std::optional<Dateistand> DateistandLesen(std::string_view Pfad);
 
+// What every change of a file changes, also one that keeps its size and its modification time: whether a copy
+// that was made in between is still one. Rights and names count as changes too. Of no use beyond a run.
+struct Änderungsspur {
+    Dateistand Stand;
+    std::int64_t Änderung = 0;        // of the content: nanoseconds within the second
+    std::int64_t Statusänderung = 0;  // of anything, by the system's clock: seconds since 1970
+    std::int64_t StatusNanosekunden = 0;
+    bool operator==(const Änderungsspur&) const = default;
+};
+// Nothing for what cannot be opened as a regular file; opening is what asks a server anew.
+std::optional<Änderungsspur> ÄnderungsspurLesen(std::string_view Pfad);
+
 // True for an existing file of any kind but a folder. An empty path and one that ends in "/", or is a Windows
 // path and ends in ":" or "\", are false.
 bool DateiExistiert(std::string_view Pfad);

@@ -30,20 +30,21 @@ class Dateiblick {
         // A file that is merely out of reach is no reason to take its record out.
         if (Methode == Aufräummethode::NichtVorhanden)
             return Urteil(DateiNachsehen(Pfad, Umgebung) == Dateiverbleib::Fort || OrdnerExistiert(Pfad));
-        // Of a file that is not there nobody can say that it lacks a tag.
-        return Urteil(DateiExistiert(Pfad) && !HatTag(Pfad));
+        return Urteil(DateiExistiert(Pfad) && OhneTag(Pfad));
     }
 
   private:
     static Dateibefund Urteil(bool Verdächtig) {
         return Verdächtig ? Dateibefund::Verdächtig : Dateibefund::Unauffällig;
     }
-    bool HatTag(const std::string& Pfad) const {
+    // Of a file that does not answer nobody can say that it lacks a tag.
+    bool OhneTag(const std::string& Pfad) const {
         const bool Erster = Methode == Aufräummethode::OhneId3v1Neu;
         Leseauftrag Auftrag;
         Auftrag.Code = Lesecode::Lesen(Erster ? "1000" : "0100");
         const Datensatz Satz = Leser(Pfad, {}, Auftrag);
-        return (Erster ? Satz.HatId3v1 : Satz.HatId3v2) == TagVorhanden;
+        const bool Gelesen = !Satz.Lesegestört && IstLesbar(Pfad);
+        return Gelesen && (Erster ? Satz.HatId3v1 : Satz.HatId3v2) != TagVorhanden;
     }
 
     Anwendung& Programm;

@@ -2,6 +2,7 @@
 
 #include "basis/datei.h"
 #include "basis/pfad.h"
+#include "basis/speicherrest.h"
 #include "dateien/verschieben.h"
 
 namespace liedwerk {
@@ -29,6 +30,10 @@ Dateifehler EinzelnLöschen(const Dateiumgebung& Umgebung, const std::string& Pf
     if (OrdnerExistiert(Pfad)) return {-1, "Sie ist ein Ordner"};
     // What is gone already needs no deletion; but where the folder is missing, the drive may only be away.
     if (!DateiExistiert(Pfad) && OrdnerExistiert(PfadVon(Pfad)) && !NameVerzeichnet(Pfad)) return {};
+    // A link goes without its file.
+    if (VerweiseAuflösen(Pfad) == Pfad) {
+        if (auto Rest = UnterbrochenesSpeichern(Pfad)) return Rest;
+    }
     if (!Papierkorb) return DateiLöschen(Pfad);
     if (Umgebung.Eimer == nullptr) return {-1, "Es ist kein Papierkorb vorhanden"};
     return Umgebung.Eimer->Verschieben(Pfad);
@@ -101,10 +106,11 @@ Löschergebnis DateienLöschen(const Dateiumgebung& Umgebung, std::span<const Sa
 
 std::string DurchLeereDateiErsetzen(std::string_view Pfad, std::string_view Neu) {
     const std::string Gescheitert = "Die Datei '" + std::string(Pfad) + "' konnte nicht gelöscht werden.";
+    if (const auto Rest = UnterbrochenesSpeichern(Pfad)) return Gescheitert + "\n" + Rest.Text + ".";
     if (Pfad == Neu && VerweiseAuflösen(Pfad) != Pfad) return Gescheitert + "\nSie ist eine Verknüpfung.";
     if (Pfad == Neu) {
         Dateiersatz Ersatz;
-        if (Ersatz.Öffnen(std::string(Pfad), std::string(Pfad) + "~lwitmp") == Dateiersatz::Öffnung::Bereit &&
+        if (Ersatz.Öffnen(std::string(Pfad), TagTemporärname(Pfad)) == Dateiersatz::Öffnung::Bereit &&
             Ersatz.Übernehmen())
             return {};
         return Gescheitert + "\n" + Ersatz.Fehler().Text + ".";

@@ -7,6 +7,7 @@
 #include "basis/dateiname.h"
 #include "basis/pfad.h"
 #include "basis/schreibrecht.h"
+#include "basis/speicherrest.h"
 #include "basis/text.h"
 #include "basis/zahl.h"
 
@@ -137,6 +138,19 @@ class Zielordner {
     bool Gebraucht = false;
 };
 
+// The copy is made; now the source goes, unless somebody has changed it since Vorher: while it was copied, or
+// while the copy's disk was waited for. Held meanwhile, so that no other run of the program begins a save.
+Dateifehler QuelleEntfernen(std::string_view Quelle, const std::optional<Änderungsspur>& Vorher) {
+    Dateifehler Fehler;
+    const Lesedatei Alte = Lesedatei::Öffnen(Quelle, &Fehler);
+    if (!Fehler) Fehler = Alte.Sperren(Quelle);
+    if (Fehler) return Fehler;
+    if (!Vorher || ÄnderungsspurLesen(Quelle) != Vorher)
+        return {-1,
+                "Ein anderes Programm hat sie inzwischen geändert. Ihr neuer Inhalt liegt nur am alten Ort"};
+    return DateiLöschen(Quelle);
+}
+
 // The change of names, or the copy and then the removal of the source.
 void Ausführen(const Begleitung& Dabei, std::string_view Quelle, bool Verschieben, Vorhandenes Regel,
                Verschiebeergebnis& Ergebnis) {
@@ -152,13 +166,20 @@ void Ausführen(const Begleitung& Dabei, std::string_view Quelle, bool Verschieb
             Fehlersatz(Quelle, Ziel, true, "Sie ist eine Verknüpfung, die nur in ihrem Ordner gilt");
         return;
     }
+    if (const auto Rest = UnterbrochenesSpeichern(Ziel)) {
+        // The content of another file, which would go into this one.
+        Ergebnis.Fehlertext = Fehlersatz(Quelle, Ziel, Verschieben, Rest.Text);
+        return;
+    }
     bool Umbenannt = false;
     Dateifehler Fehler;
+    std::optional<Änderungsspur> Vorher;
     if (Verschieben) {
         Fehler = DateiUmbenennen(Quelle, Ziel, Regel);
         Umbenannt = !Fehler;
     }
     if (!Verschieben || AnderesDateisystem(Fehler)) {
+        Vorher = ÄnderungsspurLesen(Quelle);
         Fehler = DateiKopieren(Quelle, Ziel, Regel, [&](std::uint64_t) {
             Ergebnis.Abgebrochen = !Dabei.Person.FortschrittZeigen({}, Dabei.Position);
             return !Ergebnis.Abgebrochen;
@@ -171,7 +192,7 @@ void Ausführen(const Begleitung& Dabei, std::string_view Quelle, bool Verschieb
     Ordner.Behalten();
     Ergebnis.Gelungen = Ergebnis.Getan = true;
     if (!Verschieben || Umbenannt) return;
-    if (const auto Rest = DateiLöschen(Quelle)) {
+    if (const auto Rest = QuelleEntfernen(Quelle, Vorher)) {
         Ergebnis.Fehlertext = "Die Datei '" + std::string(Quelle) + "' wurde nach '" + Ziel +
                               "' kopiert, konnte am alten Ort aber nicht gelöscht werden.\n" + Rest.Text +
                               ".";
@@ -188,6 +209,8 @@ std::optional<std::string> Hindernis(std::string_view Quelle, std::string_view Z
     // Seen from here a path of another system would be a name in whatever folder the program stands.
     if (IstPosixPfad(Quelle) != IstPosixPfad(Ziel) || !TeileEindeutig(Ziel) || HatZeilenende(Ziel))
         return Fehlersatz(Quelle, Ziel, Verschieben, "Das ist hier kein gültiger Dateiname");
+    if (const auto Rest = UnterbrochenesSpeichern(Quelle))
+        return Fehlersatz(Quelle, Ziel, Verschieben, Rest.Text);
     return std::nullopt;
 }
 
@@ -248,7 +271,7 @@ bool SchreibtestDatei(Oberfläche& Person, std::string_view Pfad) {
     // Whoever rewrites a media file holds its temporary name locked. The file itself is not renamed to and
     // fro as a trial: a crash in between would leave it under a name that is none.
     const auto Frei = [Datei = std::string(Pfad)] {
-        if (SperreLesen(Datei + "~lwitmp") == Sperrzustand::Gehalten) return false;
+        if (SperreLesen(TagTemporärname(VerweiseAuflösen(Datei))) == Sperrzustand::Gehalten) return false;
         // What is gone already is in nobody's way. A move to another file system would leave its source
         // behind in a folder that cannot be written.
         return !DateiExistiert(Datei) || (DateiBeschreibbar(Datei) && OrdnerBeschreibbar(PfadVon(Datei)));

@@ -89,23 +89,35 @@ void MpegDateiLesen(const Medienumgebung& Umgebung, std::string_view Pfad, const
     Satz.V1Gelesen = Satz.Id3v2Gelesen = Satz.LyricsGelesen = true;
 }
 
-// MediaPlayerLesen: what the player control tells of a file. MitTexten takes title, artist and comment too.
-void MediaPlayerLesen(const Medienumgebung& Umgebung, std::string_view Pfad, bool MitTexten,
-                      Datensatz& Satz) {
-    if (Umgebung.Auskunft == nullptr) return;
+// The record of a file that did not answer keeps what it knows. One that nothing has touched says that it
+// knows of no tag.
+void UngelesenLassen(Datensatz& Satz) {
+    Satz.V1Gelesen = Satz.Id3v2Gelesen = Satz.LyricsGelesen = Satz.KopfGefunden = false;
+    if (Satz.HatId3v1 == TagUnberührt) Satz.HatId3v1 = TagFehlt;
+    if (Satz.HatId3v2 == TagUnberührt) Id3v2Leeren(Satz);
+    if (Satz.HatLyrics == TagUnberührt) Satz.HatLyrics = TagFehlt;
+}
+
+// What the player control tells of a file; nothing when it does not answer. An answer without texts, where
+// the record has some, counts only for a file that can be read.
+std::optional<Medienangaben> AuskunftHolen(const Medienumgebung& Umgebung, std::string_view Pfad,
+                                           const Datensatz& Bisher) {
+    if (Umgebung.Auskunft == nullptr || !DateiExistiert(Pfad)) return std::nullopt;
     auto Angaben = Umgebung.Auskunft->Lesen(Pfad, Umgebung.Weiter);
-    if (!Angaben) return;
+    if (Angaben && Bisher.HatId3v1 == TagVorhanden && !IstLesbar(Pfad)) return std::nullopt;
+    return Angaben;
+}
+
+// MediaPlayerLesen with its texts.
+void WindowsMediaLesen(const Medienumgebung& Umgebung, std::string_view Pfad, Datensatz& Satz) {
+    auto Angaben = AuskunftHolen(Umgebung, Pfad, Satz);
+    if (!Angaben) return UngelesenLassen(Satz);
+    Satz.HatId3v1 = TagVorhanden;
+    Satz.HatId3v2 = Satz.HatLyrics = TagFehlt;
     Satz.Dauer = Gerundet<std::int32_t>(Angaben->Dauer).value_or(Satz.Dauer);
-    if (!MitTexten) return;
     Satz.Titel = std::move(Angaben->Titel);
     Satz.Interpret = std::move(Angaben->Interpret);
     Satz.Kommentar = std::move(Angaben->Kommentar);
-    Satz.HatId3v1 = TagVorhanden;
-}
-
-void WindowsMediaLesen(const Medienumgebung& Umgebung, std::string_view Pfad, Datensatz& Satz) {
-    Satz.HatId3v1 = Satz.HatId3v2 = Satz.HatLyrics = TagFehlt;
-    if (DateiExistiert(Pfad)) MediaPlayerLesen(Umgebung, Pfad, true, Satz);
 }
 
 std::string Kanalmodus(int Kanäle) {
@@ -124,10 +136,9 @@ std::string Kanalmodus(int Kanäle) {
 // A further format: its sound and its texts, in the members that other files than MPEG audio use.
 void WeiteresFormatLesen(const Medienumgebung& Umgebung, std::string_view Pfad, bool ZeilenEntfernen,
                          Datensatz& Satz) {
+    auto Angaben = AuskunftHolen(Umgebung, Pfad, Satz);
+    if (!Angaben) return UngelesenLassen(Satz);
     Satz.HatId3v1 = Satz.HatId3v2 = Satz.HatLyrics = TagFehlt;
-    if (Umgebung.Auskunft == nullptr || !DateiExistiert(Pfad)) return;
-    auto Angaben = Umgebung.Auskunft->Lesen(Pfad, Umgebung.Weiter);
-    if (!Angaben) return;
     const auto Zahlentext = [](unsigned Zahl) { return Zahl == 0 ? std::string() : std::to_string(Zahl); };
     Satz.Dauer = Gerundet<std::int32_t>(Angaben->Dauer).value_or(Satz.Dauer);
     Satz.Bitrate = Angaben->Bitrate;
@@ -156,47 +167,68 @@ void WaveDateiLesen(const Medienumgebung& Umgebung, std::string_view Pfad, const
                     Datensatz& Satz) {
     bool UnbekannteAngaben = false;
     WavHeaderLesen(Datei.Lesen(0, WaveKopfLänge), Datei.Größe(), Satz, UnbekannteAngaben);
-    if (UnbekannteAngaben) MediaPlayerLesen(Umgebung, Pfad, false, Satz);
+    if (!UnbekannteAngaben) return;
+    // Its texts are not taken.
+    if (const auto Angaben = AuskunftHolen(Umgebung, Pfad, {}))
+        Satz.Dauer = Gerundet<std::int32_t>(Angaben->Dauer).value_or(Satz.Dauer);
+}
+
+// True for a kind whose bytes are read here, when the code asks for any of them.
+bool WirdGeöffnet(std::int16_t Art, const Lesecode& Code) {
+    if (Art == DateiartMpeg) return Code.Id3v1 || Code.Id3v2 || Code.Datenstrom || Code.Lyrics;
+    return Code.Datenstrom && (Art == DateiartWave || Art == DateiartOgg);
+}
+
+// Reads the kinds that are opened here.
+void BytesLesen(const Medienumgebung& Umgebung, std::string_view Pfad, const Lesecode& Code,
+                bool ZeilenEntfernen, const Lesedatei& Datei, Datensatz& Satz) {
+    if (Satz.Dateityp == DateiartMpeg)
+        return MpegDateiLesen(Umgebung, Pfad, Code, ZeilenEntfernen, Datei, Satz);
+    if (Satz.Dateityp == DateiartWave) return WaveDateiLesen(Umgebung, Pfad, Datei, Satz);
+    Dateianfang Anfang(Datei);
+    OggKommentareLesen(Anfang, Satz);
+}
+
+// Reads the kinds that somebody else opens.
+void AnderesLesen(const Medienumgebung& Umgebung, std::string_view Pfad, const Lesecode& Code,
+                  bool ZeilenEntfernen, Datensatz& Satz) {
+    switch (Satz.Dateityp) {
+        case DateiartMpeg:
+            Satz.V1Gelesen = Satz.Id3v2Gelesen = Satz.LyricsGelesen = true;
+            break;
+        case DateiartWindowsMedia:
+            if (Code.Datenstrom) WindowsMediaLesen(Umgebung, Pfad, Satz);
+            break;
+        case DateiartWeitere:
+            if (Code.Datenstrom) WeiteresFormatLesen(Umgebung, Pfad, ZeilenEntfernen, Satz);
+            break;
+        case DateiartCdTitel:
+            if (Umgebung.CdInfosLesen) Umgebung.CdInfosLesen(Pfad, Satz);
+            break;
+        default:
+            break;
+    }
 }
 
 // Reads what the code asks for; gives the state of the file where it was opened.
 std::optional<Dateistand> InhaltLesen(const Medienumgebung& Umgebung, std::string_view Pfad,
-                                      const Lesecode& Code, bool ZeilenEntfernen, Datensatz& Satz) {
-    const auto Öffnen = [&](bool Nötig) { return Nötig ? Lesedatei::Öffnen(Pfad) : Lesedatei(); };
-    const auto StandVon = [&](const Lesedatei& Datei, bool Nötig) {
-        Satz.Lesegestört = Nötig && (!Datei.Offen() || Datei.Lesefehler());
-        return Datei.Offen() ? std::optional(Datei.Stand()) : std::nullopt;
-    };
-    switch (Satz.Dateityp) {
-        case DateiartMpeg: {
-            const bool Nötig = Code.Id3v1 || Code.Id3v2 || Code.Datenstrom || Code.Lyrics;
-            const Lesedatei Datei = Öffnen(Nötig);
-            MpegDateiLesen(Umgebung, Pfad, Code, ZeilenEntfernen, Datei, Satz);
-            return StandVon(Datei, Nötig);
-        }
-        case DateiartWave: {
-            const Lesedatei Datei = Öffnen(Code.Datenstrom);
-            if (Code.Datenstrom) WaveDateiLesen(Umgebung, Pfad, Datei, Satz);
-            return StandVon(Datei, Code.Datenstrom);
-        }
-        case DateiartOgg: {
-            const Lesedatei Datei = Öffnen(Code.Datenstrom);
-            Dateianfang Anfang(Datei);
-            if (Code.Datenstrom) OggKommentareLesen(Anfang, Satz);
-            return StandVon(Datei, Code.Datenstrom);
-        }
-        case DateiartWindowsMedia:
-            if (Code.Datenstrom) WindowsMediaLesen(Umgebung, Pfad, Satz);
-            return std::nullopt;
-        case DateiartWeitere:
-            if (Code.Datenstrom) WeiteresFormatLesen(Umgebung, Pfad, ZeilenEntfernen, Satz);
-            return std::nullopt;
-        case DateiartCdTitel:
-            if (Umgebung.CdInfosLesen) Umgebung.CdInfosLesen(Pfad, Satz);
-            return std::nullopt;
-        default:
-            return std::nullopt;
+                                      const Lesecode& Code, bool ZeilenEntfernen, const Datensatz& Vorgabe,
+                                      Datensatz& Satz) {
+    if (!WirdGeöffnet(Satz.Dateityp, Code)) {
+        AnderesLesen(Umgebung, Pfad, Code, ZeilenEntfernen, Satz);
+        return std::nullopt;
     }
+    const Lesedatei Datei = Lesedatei::Öffnen(Pfad);
+    if (Datei.Offen()) BytesLesen(Umgebung, Pfad, Code, ZeilenEntfernen, Datei, Satz);
+    // What did not come tells nothing: a share that is away must not look like a file without tags.
+    if (!Datei.Offen() || Datei.Lesefehler()) {
+        const std::int16_t Art = Satz.Dateityp;
+        Satz = Vorgabe;
+        Satz.Dateityp = Art;
+        UngelesenLassen(Satz);
+        Satz.Lesegestört = true;
+    }
+    return Datei.Offen() ? std::optional(Datei.Stand()) : std::nullopt;
 }
 
 // Size, medium and date, which do not depend on the kind of file.
@@ -227,7 +259,7 @@ Datensatz MedienDatenLesen(const Medienumgebung& Umgebung, std::string_view Pfad
         Satz.KopfGefunden = Satz.Lesegestört = false;
         if (const auto Art = DateiartFinden(Umgebung, Pfad)) {
             Satz.Dateityp = *Art;
-            Stand = InhaltLesen(Umgebung, Pfad, *Auftrag.Code, Auftrag.ZeilenEntfernen, Satz);
+            Stand = InhaltLesen(Umgebung, Pfad, *Auftrag.Code, Auftrag.ZeilenEntfernen, Vorgabe, Satz);
         }
     }
     RandangabenLesen(Umgebung, Pfad, Auftrag, Stand, Satz);

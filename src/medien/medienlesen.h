@@ -38,7 +38,9 @@ struct Medienumgebung {
     std::function<void(std::string_view Pfad, Datensatz& Satz)> CdInfosLesen;
 };
 
-// The given record with what the file tells put in. Never fails: what could not be read stays as it was.
+// The given record with what the file tells put in. Never fails: of a file that is not there, or does not let
+// itself be read to the end of what is asked for, nothing but kind, size and date are taken; Lesegestört
+// tells of it.
 Datensatz MedienDatenLesen(const Medienumgebung& Umgebung, std::string_view Pfad, const Datensatz& Vorgabe,
                            const Leseauftrag& Auftrag);
 

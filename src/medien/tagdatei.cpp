@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <optional>
 
 #include "basis/datei.h"
@@ -238,8 +237,7 @@ bool LyricsSchreiben(std::string_view Pfad, std::string_view Text, std::string& 
         // What stands behind goes along; that is an ID3v1 block and little more.
         const std::uint64_t Restlänge = Datei.Größe() - (Stelle + Altlänge);
         const std::string Rest = Quelle.Lesen(Stelle + Altlänge, Restlänge);
-        Schreibausgang Ende{Schritt::Schreiben, {EIO, "Die Datei kann nicht ganz gelesen werden"}};
-        if (Rest.size() == Restlänge) Ende = AmOrtSchreiben(Pfad, Quelle, Stelle, Tag + Rest);
+        const auto Ende = AmOrtSchreiben(Pfad, Quelle, Stelle, Tag + Rest);
         if (Ende.Stand == Schritt::Fertig) return true;
         Meldung = Systemtext(Tagblock::Lyrics, Pfad, Ende.Fehler);
         return false;
@@ -271,6 +269,10 @@ bool TagAusDateiEntfernen(std::string_view Pfad, Tagblock Block, const Tagoption
         return false;
     }
     const auto Tag = TagFinden(Datei.Quelle(), Block, Optionen);
+    if (Datei.Quelle().Lesefehler()) {
+        Meldung = Entferntext(Pfad, Block, {Schritt::Schreiben, NichtGanzGelesen()});
+        return false;
+    }
     if (!Tag) {
         Meldung = Kopf + "Diese enthält keinen " + Name + "-TAG.";
         return false;

@@ -36,7 +36,8 @@ class Lauf {
     void Speichern(Tagarbeit& Arbeit, Tagauswahl Welche, bool NurMitInhalt,
                    const Datensatz* InDatei = nullptr);
     void Melden(const Tagarbeit& Arbeit, const std::string& Meldung);
-    void NichtEntferntesMelden();
+    void UngelesenesMerken(const Tagarbeit& Arbeit);
+    void AmEndeMelden(const std::vector<std::string>& Texte, std::string_view Mehrere);
 
     const Tagumgebung& Welt;
     AutoTagUmgebung AutoTagWelt;
@@ -45,6 +46,7 @@ class Lauf {
     bool DateiGescheitert = false;
     std::set<std::string> Gemeldet;
     std::vector<std::string> NichtEntfernt;  // messages of removals that showed none
+    std::vector<std::string> Ungelesene;     // the same of files that did not answer
 };
 
 // The texts do not name the file: shown again and again in one run they would tell nothing more.
@@ -163,12 +165,20 @@ void Lauf::DateiBearbeiten(Tagarbeit& Arbeit) {
     GeändertesSpeichern(Arbeit, Vorher);
 }
 
-void Lauf::NichtEntferntesMelden() {
-    if (NichtEntfernt.empty()) return;
-    std::string Text = NichtEntfernt.front();
-    if (NichtEntfernt.size() > 1)
-        Text = std::to_string(NichtEntfernt.size()) +
-               " TAGs konnten nicht entfernt werden. Der erste Grund:\n\n" + Text;
+// A share that is away must not show a message for each of its files.
+void Lauf::UngelesenesMerken(const Tagarbeit& Arbeit) {
+    DateiGescheitert = true;
+    Ungelesene.push_back(UngelesenText(Arbeit));
+    Welt.Mediumfragen.Log.Schreiben("TagfunktionAusführen: '" + Arbeit.Pfad + "' - Nicht lesbar");
+}
+
+void Lauf::AmEndeMelden(const std::vector<std::string>& Texte, std::string_view Mehrere) {
+    if (Texte.empty()) return;
+    std::string Text = Texte.front();
+    if (Texte.size() > 1) {
+        Text = std::to_string(Texte.size()) + " ";
+        Text.append(Mehrere).append(":\n\n").append(Texte.front());
+    }
     Welt.Person.Melden(Symbol::Ausrufezeichen, Text);
 }
 
@@ -194,7 +204,10 @@ Funktionsergebnis Lauf::Ausführen() {
         }
         DateiGescheitert = false;
         Tagarbeit Arbeit = TagarbeitBeginnen(Welt, Datei.Pfad, Datei.Nummer);
-        DateiBearbeiten(Arbeit);
+        if (Arbeit.Ungelesen && DateiExistiert(Arbeit.Pfad))
+            UngelesenesMerken(Arbeit);
+        else
+            DateiBearbeiten(Arbeit);
         ++Ergebnis.Bearbeitet;
         if (DateiGescheitert) ++Ergebnis.Gescheitert;
         if (Auftrag.Bearbeitet) Auftrag.Bearbeitet(Arbeit);
@@ -202,7 +215,8 @@ Funktionsergebnis Lauf::Ausführen() {
         if (Ergebnis.Abgebrochen) break;
     }
     if (MitFortschritt) Welt.Person.FortschrittSchließen();
-    NichtEntferntesMelden();
+    AmEndeMelden(NichtEntfernt, "TAGs konnten nicht entfernt werden. Der erste Grund");
+    AmEndeMelden(Ungelesene, "Dateien konnten nicht gelesen werden. Die erste");
     return Ergebnis;
 }
 

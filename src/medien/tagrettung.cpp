@@ -119,18 +119,25 @@ void Unterbrochene::Vollenden(const std::string& Marke, const Schrittlauf& Ausf�
 }
 
 // A file that is missing: the temporary file of its save may be whole or not.
-void VorläufigeZurückholen(std::string_view Name, Oberfläche& Person) {
+void VorläufigeZurückholen(std::string_view Name, Oberfläche& Person, Rettung& Lauf) {
     const std::string Ziel = VerweiseAuflösen(Name);
     const std::string Rest = TagTemporärname(Ziel);
     const auto Stand = DateistandLesen(Rest);
     if (!Stand || Stand->Größe == 0 || !EigeneDatei(Rest) || !IstFrei(Rest)) return;
-    if (Person.JaNein(Symbol::Frage,
-                      "Die Datei '" + std::string(Name) + "' fehlt, aber die vorläufige Datei '" + Rest +
-                          "' eines unterbrochenen Speicherns ist noch vorhanden. Sie hat " +
-                          Gruppiert(static_cast<std::int64_t>(Stand->Größe)) +
-                          " Bytes und kann unvollständig sein.\n\nMöchten Sie diese wieder in '" +
-                          std::string(DateinameVon(Ziel)) + "' umbenennen?",
-                      Antwort::Nein) != Antwort::Ja)
+    const std::string Lage = "Die Datei '" + std::string(Name) + "' fehlt, aber die vorläufige Datei '" +
+                             Rest + "' eines unterbrochenen Speicherns ist noch vorhanden. Sie hat " +
+                             Gruppiert(static_cast<std::int64_t>(Stand->Größe)) +
+                             " Bytes und kann unvollständig sein.";
+    if (Lauf.Regel == Zweifelsfall::Melden) {
+        if (Lauf.Erwähnt.insert(Ziel).second)
+            Person.Melden(Symbol::Ausrufezeichen,
+                          Lage + " Benennen Sie diese selbst um, wenn Sie sie behalten möchten.");
+        return;
+    }
+    if (Person.JaNein(
+            Symbol::Frage,
+            Lage + "\n\nMöchten Sie diese wieder in '" + std::string(DateinameVon(Ziel)) + "' umbenennen?",
+            Antwort::Nein) != Antwort::Ja)
         return;
     if (const auto Fehler = DateiUmbenennen(Rest, Ziel, Vorhandenes::Lassen))
         Person.Melden(Symbol::Ausrufezeichen, "Die Datei '" + std::string(Name) +
@@ -167,7 +174,7 @@ void SpeichernVollenden(std::string_view Pfad, Oberfläche& Person, Rettung& Lau
 
 void DateiZurückholen(std::string_view Pfad, Oberfläche& Person, Rettung& Lauf,
                       const Schrittlauf& Ausführen) {
-    if (!DateiExistiert(Pfad)) return VorläufigeZurückholen(Pfad, Person);
+    if (!DateiExistiert(Pfad)) return VorläufigeZurückholen(Pfad, Person, Lauf);
     Unterbrochene Datei(Pfad, Person, Lauf);
     if (Datei.Vorhanden()) Datei.Vollenden({}, Ausführen);
 }

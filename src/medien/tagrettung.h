@@ -4,9 +4,8 @@
 // A file that is torn gets its whole new content. Unasked that goes only where it surely is: it has several
 // names, and its time is the one that our overwriting gives it and the helper file "~lwineu". Any other time
 // means that another program may have saved it since; then the person decides, "Nein" preset. A temporary
-// file
-// "~lwitmp" that lies beside a whole file is of no use to anybody and goes. tagumschreiben.h leaves what is
-// found here.
+// file "~lwitmp" that lies beside a whole file is of no use to anybody and goes. tagumschreiben.h leaves what
+// is found here.
 #pragma once
 
 #include <set>
@@ -20,7 +19,7 @@
 
 namespace liedwerk {
 
-// What happens to a file that another program may have saved since.
+// What happens where the person would have to say which content is the right one.
 enum class Zweifelsfall {
     Fragen,
     Melden,  // where an answer may have been given for something else; the file cannot be saved meanwhile

@@ -170,10 +170,13 @@ bool IstVerfügbar(const Tagumgebung& Umgebung, const Tagarbeit& Arbeit) {
 }
 
 // Reads the file again into the work record and, with a code of its own, into the record of the index. That
-// one starts from what the index holds: input that was not saved stays out of it.
+// one starts from what the index holds: input that was not saved stays out of it. What does not answer
+// changes neither; its size least of all, by which a change of the file is known later.
 void NeuLesen(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, std::string_view Code,
               std::string_view Indexcode) {
-    if (!DateiExistiert(Arbeit.Pfad)) return;
+    // A CD's track is there, but no file.
+    const bool OhneBytes = Arbeit.Satz.Dateityp == DateiartCdTitel;
+    if (!DateiExistiert(Arbeit.Pfad) || (!OhneBytes && !IstLesbar(Arbeit.Pfad))) return;
     const Leseauftrag Auftrag{Lesecode::Lesen(Code), false, true, false};
     Arbeit.Satz = Umgebung.Leser(Arbeit.Pfad, Arbeit.Satz, Auftrag);
     if (Arbeit.Nummer == 0) return;
@@ -224,7 +227,14 @@ Tagarbeit TagarbeitBeginnen(const Tagumgebung& Umgebung, std::string_view Pfad, 
     for (const Tagblock Block : Tagblöcke)
         TagBlockLeeren(Arbeit.Satz, Block);
     Arbeit.Satz = Umgebung.Leser(Pfad, Arbeit.Satz, {Lesecode::Lesen("1111"), false, true, true});
+    Arbeit.Ungelesen = Arbeit.Satz.Lesegestört;
     return Arbeit;
+}
+
+std::string UngelesenText(const Tagarbeit& Arbeit) {
+    return "Die Datei '" + Arbeit.Pfad +
+           "' konnte nicht gelesen werden. Sie wurde nicht geändert, damit nichts verloren geht, was in ihr "
+           "steht. Prüfen Sie Ihre Zugriffsrechte und das Laufwerk und öffnen Sie die Datei dann erneut.";
 }
 
 Tagsergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagauswahl Welche,
@@ -243,7 +253,13 @@ Tagsergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagau
         Ergebnis.Gescheitert = true;
         return Ergebnis;
     }
-    if (IstVerfügbar(Umgebung, Arbeit)) {
+    if (!IstVerfügbar(Umgebung, Arbeit)) {
+        Ergebnis.Gescheitert = true;
+    } else if (Arbeit.Ungelesen && DateiExistiert(Arbeit.Pfad)) {
+        // It may answer again by now, and an empty field would take the place of a full one.
+        Ergebnis.Gescheitert = true;
+        Umgebung.Person.Melden(Symbol::Ausrufezeichen, UngelesenText(Arbeit));
+    } else {
         for (const Tagblock Block : Tagblöcke) {
             if (!Dabei(Block) || Ergebnis.Abgebrochen) continue;
             if (ZuSchreiben(Block))
@@ -251,8 +267,6 @@ Tagsergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagau
             else
                 Ergebnis.Gespeichert = true;
         }
-    } else {
-        Ergebnis.Gescheitert = true;
     }
     if (Arbeit.Nummer > 0) {
         const Datensatz Vorher = Umgebung.Index.Sätze.Lesen(Arbeit.Nummer);

@@ -28,6 +28,7 @@ struct Tagarbeit {
     Satznummer Nummer = 0;              // its record of the index; 0: the index does not hold the file
     Datensatz Satz;                     // the fields as they were read or typed
     std::array<bool, 3> Geschrieben{};  // run flags: the block (Tagblock less 1) was written in this visit
+    bool Ungelesen = false;             // the file did not answer: what the fields lack may stand in it
 };
 
 // What these procedures take from their surroundings.
@@ -46,6 +47,8 @@ struct Tagumgebung {
 
 // The work state of a file after reading it with "1111", run flags reset. Nummer 0: a file without record.
 Tagarbeit TagarbeitBeginnen(const Tagumgebung& Umgebung, std::string_view Pfad, Satznummer Nummer);
+// Why nothing can be written from a work state that was not read.
+std::string UngelesenText(const Tagarbeit& Arbeit);
 
 enum class Tagauswahl { Alle = 0, Id3v1 = 1, Id3v2 = 2, Lyrics = 3 };
 
@@ -58,7 +61,8 @@ struct Tagsergebnis {
 // Writes the blocks of Arbeit.Satz that Welche names; with NurMitInhalt those without content are passed over
 // unless this visit has written them, and so are those whose entries are the ones of InDatei, where given.
 // Asks before what may cost the file something, shows what fails, then reads the file again into Arbeit.Satz
-// and into the record of the index, which is marked as changed.
+// and into the record of the index, which is marked as changed; where it does not answer both stay. A file
+// that has not answered when the work state was made is not written.
 Tagsergebnis TagsSpeichern(const Tagumgebung& Umgebung, Tagarbeit& Arbeit, Tagauswahl Welche,
                            bool NurMitInhalt, const Datensatz* InDatei = nullptr);
 

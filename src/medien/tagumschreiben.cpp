@@ -18,21 +18,6 @@ constexpr std::string_view Kopiewort = "Kopie ";
 // More than any path of the system.
 constexpr std::uint64_t HöchsteMarkenlänge = 65536;
 
-// A path with something behind it. A name that is too long for that on common file systems is shortened and
-// told from others of the same beginning by a number of the whole of it.
-std::string MitEndung(std::string_view Pfad, std::string_view Endung) {
-    constexpr std::size_t HöchsterName = 255;
-    const std::string_view Name = DateinameVon(Pfad);
-    if (Name.size() + Endung.size() <= HöchsterName) return std::string(Pfad).append(Endung);
-    const std::string Schluss = "~" + KennzahlText(Name) + std::string(Endung);
-    Pfad.remove_suffix(Name.size() + Schluss.size() - HöchsterName);
-    // Not in the midst of a character.
-    while ((static_cast<unsigned char>(Pfad.back()) & 0xC0U) == 0x80U)
-        Pfad.remove_suffix(1);
-    if (static_cast<unsigned char>(Pfad.back()) >= 0xC0U) Pfad.remove_suffix(1);
-    return std::string(Pfad) + Schluss;
-}
-
 // Prepares the new content for the name that it shall have.
 Schreibausgang Vorbereiten(Dateiersatz& Ersatz, std::string_view Pfad, bool MehrereNamen) {
     if (!DateiBeschreibbar(Pfad)) return {Schritt::Zugriff, KeineSchreibrechte()};
@@ -129,14 +114,6 @@ Schreibausgang StückeÜbernehmen(Dateiersatz& Ersatz, const std::string& Pfad, 
 
 }  // namespace
 
-std::string TagTemporärname(std::string_view Pfad) {
-    return MitEndung(Pfad, TagTemporärEndung);
-}
-
-std::string TagGesichertname(std::string_view Pfad) {
-    return MitEndung(Pfad, "~lwineu");
-}
-
 bool LiegtAmZugriff(const Dateifehler& Fehler) {
     return Fehler.Nummer == EACCES || Fehler.Nummer == EPERM || Fehler.Nummer == EROFS ||
            Fehler.Nummer == ETXTBSY;
@@ -146,12 +123,8 @@ bool WurdeAbgebrochen(const Dateifehler& Fehler) {
     return Fehler.Nummer == ECANCELED;
 }
 
-Dateifehler UnterbrochenesSpeichern(std::string_view Pfad) {
-    const std::string Gesichert = TagGesichertname(VerweiseAuflösen(Pfad));
-    // A link that leads nowhere is not passed over either: what is written under that name would go there.
-    if (SperreLesen(Gesichert) == Sperrzustand::Keine) return {};
-    return {EEXIST, "Ein früheres Speichern wurde unterbrochen; der vollständige Inhalt liegt in '" +
-                        Gesichert + "'. Schließen Sie das Speichern ab oder löschen Sie diese Datei"};
+Dateifehler NichtGanzGelesen() {
+    return {EIO, "Die Datei kann nicht ganz gelesen werden"};
 }
 
 Dateifehler KeineSchreibrechte() {
@@ -160,6 +133,7 @@ Dateifehler KeineSchreibrechte() {
 
 Schreibausgang AmOrtSchreiben(std::string_view Pfad, const Lesedatei& Quelle, std::uint64_t Stelle,
                               std::string_view Bytes) {
+    if (Quelle.Lesefehler()) return {Schritt::Schreiben, NichtGanzGelesen()};
     auto Fehler = DateiÜberschreiben(Pfad, Quelle.Stand(), Stelle, Bytes);
     if (!Fehler) return {};
     return {LiegtAmZugriff(Fehler) ? Schritt::Zugriff : Schritt::Schreiben, std::move(Fehler)};
@@ -167,6 +141,7 @@ Schreibausgang AmOrtSchreiben(std::string_view Pfad, const Lesedatei& Quelle, st
 
 Schreibausgang NeuSchreiben(std::string_view Name, const Lesedatei& Quelle,
                             std::initializer_list<Dateistück> Stücke, const Schreibrahmen& Rahmen) {
+    if (Quelle.Lesefehler()) return {Schritt::Schreiben, NichtGanzGelesen()};
     const std::string Pfad = VerweiseAuflösen(Name);
     const bool MehrereNamen = HatWeitereNamen(Pfad);
     Schreibmarkierung Marke(Rahmen.Merkordner, Pfad, MehrereNamen ? Quelle.Stand().Inode : 0);

@@ -15,18 +15,9 @@
 #include <string_view>
 
 #include "basis/datei.h"
+#include "basis/speicherrest.h"
 
 namespace liedwerk {
-
-// What stands behind a media file's path while it is rewritten.
-inline constexpr std::string_view TagTemporärEndung = "~lwitmp";
-
-// The name under which the file's new content is prepared; a name that is too long for it is
-// shortened and holds a number of the whole one.
-std::string TagTemporärname(std::string_view Pfad);
-// The name of the whole new content of a file with several names (hard links) while it is overwritten in
-// place.
-std::string TagGesichertname(std::string_view Pfad);
 
 // What a rewriting takes from its surroundings.
 struct Schreibrahmen {
@@ -62,9 +53,9 @@ struct Schreibausgang {
 bool LiegtAmZugriff(const Dateifehler& Fehler);
 // True when Schreibrahmen::Weiter has ended the rewriting.
 bool WurdeAbgebrochen(const Dateifehler& Fehler);
-// The failure of a file beside which the whole new content of an interrupted save lies: what is written now
-// would be lost when that save is finished. Empty where there is none.
-Dateifehler UnterbrochenesSpeichern(std::string_view Pfad);
+// The failure of a file of which a part was asked for and did not come: what stands there is not known, and
+// neither of the two below writes into it.
+Dateifehler NichtGanzGelesen();
 // The failure of a file that cannot be opened for writing.
 Dateifehler KeineSchreibrechte();
 

@@ -233,12 +233,8 @@ Verluste LyricsVerlusteFinden(const Lesedatei& Datei, const Datensatz& Satz) {
     return Ergebnis;
 }
 
-}  // namespace
-
-std::vector<std::string> SpeicherverlusteFinden(std::string_view Pfad, Tagblock Block, const Datensatz& Satz,
-                                                const Tagoptionen& Optionen) {
-    const Lesedatei Datei = Lesedatei::Öffnen(Pfad);
-    if (!Datei.Offen()) return {};
+Verluste SpeicherverlusteVon(const Lesedatei& Datei, Tagblock Block, const Datensatz& Satz,
+                             const Tagoptionen& Optionen) {
     Verluste Ergebnis;
     switch (Block) {
         case Tagblock::Id3v1:
@@ -264,10 +260,7 @@ std::vector<std::string> SpeicherverlusteFinden(std::string_view Pfad, Tagblock 
     return LyricsVerlusteFinden(Datei, Satz);
 }
 
-std::vector<std::string> EntfernverlusteFinden(std::string_view Pfad, Tagblock Block,
-                                               const Tagoptionen& Optionen) {
-    const Lesedatei Datei = Lesedatei::Öffnen(Pfad);
-    if (!Datei.Offen()) return {};
+Verluste EntfernverlusteVon(const Lesedatei& Datei, Tagblock Block, const Tagoptionen& Optionen) {
     if (Block == Tagblock::Id3v1) return Id3v1VerlusteFinden(Datei, nullptr);
     if (Block == Tagblock::Lyrics) {
         Datensatz Zustand;
@@ -276,6 +269,28 @@ std::vector<std::string> EntfernverlusteFinden(std::string_view Pfad, Tagblock B
         return {"weitere Felder des Lyrics-TAGs, die hier nicht angezeigt werden"};
     }
     return Id3v2VerlusteFinden(Datei, nullptr, Optionen);
+}
+
+// What a read did not give nobody has looked at.
+Verluste MitUngelesenem(const Lesedatei& Datei, Verluste Gefundene) {
+    if (Datei.Lesefehler())
+        Gefundene.emplace_back("was in dem Teil der Datei steht, der nicht gelesen werden konnte");
+    return Gefundene;
+}
+
+}  // namespace
+
+std::vector<std::string> SpeicherverlusteFinden(std::string_view Pfad, Tagblock Block, const Datensatz& Satz,
+                                                const Tagoptionen& Optionen) {
+    const Lesedatei Datei = Lesedatei::Öffnen(Pfad);
+    return Datei.Offen() ? MitUngelesenem(Datei, SpeicherverlusteVon(Datei, Block, Satz, Optionen))
+                         : Verluste();
+}
+
+std::vector<std::string> EntfernverlusteFinden(std::string_view Pfad, Tagblock Block,
+                                               const Tagoptionen& Optionen) {
+    const Lesedatei Datei = Lesedatei::Öffnen(Pfad);
+    return Datei.Offen() ? MitUngelesenem(Datei, EntfernverlusteVon(Datei, Block, Optionen)) : Verluste();
 }
 
 }  // namespace liedwerk

@@ -26,7 +26,7 @@ void EintragÄndern(const Umbenennumgebung& Umgebung, Satznummer Nummer, const s
         return;
     }
     SatzUmziehen(Dateien, Nummer, Neu);
-    if (Dateien.Werte.Mp3TagLesen == "000") return;
+    if (Dateien.Werte.Mp3TagLesen == "000" || (!VorherLeeren && !IstLesbar(Neu))) return;
     const Datensatz Alt = VorherLeeren ? Datensatz{} : Sätze.Lesen(Nummer);
     Sätze.Setzen(Nummer, Neu, Umgebung.Leser(Neu, Alt, HinzufügeLeseauftrag(Dateien.Werte.Mp3TagLesen)));
 }

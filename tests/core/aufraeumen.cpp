@@ -1,4 +1,6 @@
 // Clean-up over real files.
+#include <sys/stat.h>
+
 #include "core/aufraeumlauf.h"
 #include "core/hinzufuegelauf.h"
 #include "core/laden.h"
@@ -39,6 +41,11 @@ TEST_F(Aufräumtest, FehlendeUndNeuGeleseneDateien) {
     EXPECT_EQ(Suchen(Aufräummethode::OhneId3v1Neu), (Funde{{3, 0}}));
     EXPECT_EQ(Suchen(Aufräummethode::OhneId3v2), (Funde{{1, 0}, {2, 0}, {3, 0}}));
     EXPECT_EQ(Suchen(Aufräummethode::OhneId3v2Neu), (Funde{{1, 0}, {3, 0}}));
+    // Neither does one that does not answer.
+    std::filesystem::remove(Pfad(3));
+    ASSERT_EQ(::mkfifo(Pfad(3).c_str(), 0600), 0);
+    EXPECT_TRUE(Suchen(Aufräummethode::OhneId3v1Neu).empty());
+    EXPECT_EQ(Suchen(Aufräummethode::OhneId3v2Neu), (Funde{{1, 0}}));
     // A file on a medium that is out is no missing file: it is asked for, and skipped.
     Datensatz Satz = P->Index.Sätze.Lesen(2);
     Satz.Wechselmedium = "Stick";

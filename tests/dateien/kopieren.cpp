@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "basis/dateiname.h"
+#include "basis/speicherrest.h"
 #include "dateien/loeschen.h"
 #include "dateien/probeordner.h"
 #include "plattform/linux/ordner.h"
@@ -217,6 +218,17 @@ TEST_F(Kopierprobe, ÜberDateisystemeGanzOderGarNicht) {
     Person.Zwischendurch = [&] { std::ofstream(Quelle, std::ios::app) << "mehr"; };
     EXPECT_NE(DateiVerschieben(Person, Quelle, Fern + "/q.mp3", true, 0).Fehlertext, "");
     EXPECT_FALSE(DateiExistiert(Fern + "/q.mp3"));
+    // Neither is the only copy of what was saved meanwhile removed, where size and time tell nothing of it.
+    Alter(Quelle, 1'000'000'000);
+    Person.Zwischendurch = [&] {
+        std::fstream(Quelle, std::ios::binary | std::ios::in | std::ios::out) << "neu";
+        Alter(Quelle, 1'000'000'000);
+    };
+    const auto Geändert = DateiVerschieben(Person, Quelle, Fern + "/q.mp3", true, 0);
+    EXPECT_FALSE(Geändert.Umgezogen);
+    EXPECT_NE(Geändert.Fehlertext.find("inzwischen geändert"), std::string::npos) << Geändert.Fehlertext;
+    EXPECT_EQ(Inhalt("q.mp3").substr(0, 4), "neuq");
+    fs::remove(Fern + "/q.mp3");
     Person.Zwischendurch = nullptr;
     Alter(Quelle, 1'000'000'000);
     EXPECT_TRUE(DateiVerschieben(Person, Quelle, Fern + "/q.mp3", true, 0).Umgezogen);
@@ -224,6 +236,35 @@ TEST_F(Kopierprobe, ÜberDateisystemeGanzOderGarNicht) {
     EXPECT_EQ(DateistandLesen(Fern + "/q.mp3")->Änderungszeit, 1'000'000'000);
     EXPECT_EQ(fs::status(Fern + "/q.mp3").permissions(), fs::perms(0640));
     fs::remove_all(Fern);
+}
+
+TEST_F(Kopierprobe, ZerrisseneDateiBleibtBeiIhremInhalt) {
+    const std::string Lang = std::string(251, 'l') + ".mp3";
+    for (const std::string& Name : {std::string("q.mp3"), Lang}) {
+        const Satznummer Beide[] = {Lied(Name, "zerrissen"), SatzAnhängen(Index, Ordner.In("v.mp3"), {})};
+        const std::string Quelle = Ordner.In(Name);
+        const std::string Rest = TagGesichertname(Quelle);
+        std::ofstream(Rest) << "ganz";
+        fs::create_symlink(Name, Ordner.In("v.mp3"));
+        Ordner.Datei("frei.mp3");
+        const std::pair<std::string, std::string> Wege[] = {
+            {Name, "z.mp3"}, {Name, "neu/z.mp3"}, {"v.mp3", "z.mp3"}, {"frei.mp3", Name}};
+        for (const auto& [Von, Nach] : Wege) {
+            for (const bool Verschieben : {true, false}) {
+                const auto Ergebnis =
+                    DateiVerschieben(Person, Ordner.In(Von), Ordner.In(Nach), Verschieben, 2);
+                EXPECT_FALSE(Ergebnis.Gelungen || Ergebnis.Getan) << Von;
+                EXPECT_NE(Ergebnis.Fehlertext.find(Rest), std::string::npos) << Ergebnis.Fehlertext;
+            }
+        }
+        for (const bool Papierkorb : {true, false})
+            EXPECT_TRUE(DateienLöschen(Umgebung, std::span(Beide, 1), Papierkorb, false).Gelöscht.empty());
+        EXPECT_NE(DurchLeereDateiErsetzen(Quelle, Quelle).find(Rest), std::string::npos);
+        EXPECT_NE(DurchLeereDateiErsetzen(Quelle, Ordner.In("leer.mp3")).find(Rest), std::string::npos);
+        EXPECT_EQ(Inhalt(Name) + DateiLesen(Rest).value_or(""), "zerrissenganz");
+        EXPECT_EQ(DateienLöschen(Umgebung, std::span(Beide).last(1), false, false).Gelöscht.size(), 1U)
+            << "a link goes by itself";
+    }
 }
 
 TEST_F(Kopierprobe, DerIndexFolgtDemWasGeschehenIst) {

@@ -339,7 +339,15 @@ TEST_F(Schreiben, FehlendeDateiKommtNurAufWunschAusDerVorläufigenZurück) {
         EXPECT_EQ(Person.Gefragt.size(), Rest.empty() ? 0U : 2U);
     }
     EXPECT_NE(Person.Gefragt.back().find("Sie hat 8 Bytes und kann unvollständig sein."), std::string::npos);
+    // "--ja" on a command line is no answer to this.
+    Lauf.Regel = Zweifelsfall::Melden;
     Person.Antworten = {Antwort::Ja};
+    for (int Mal = 0; Mal < 2; ++Mal)
+        DateiZurückholen(Pfad, Person, Lauf, {});
+    EXPECT_FALSE(DateiExistiert(Pfad));
+    EXPECT_EQ(Person.Meldungen.size(), 1U);
+    EXPECT_EQ(Person.Antworten.size(), 1U);
+    Lauf.Regel = Zweifelsfall::Fragen;
     DateiZurückholen(Pfad, Person, Lauf, {});
     EXPECT_EQ(Inhalt(Pfad), "gerettet");
 }

@@ -25,6 +25,7 @@ enum class Art { Keine, Einmal, VonDaAn, Halb, Absturz };
 Art Störung = Art::Keine;
 int Aufrufe = 0;       // writing calls since the counting began
 int GestörterRuf = 0;  // 1-based
+int Leseruf = 0;       // counts down to the read that fails
 
 // Counts a writing call; true when it is to fail.
 bool Gestört() {
@@ -55,6 +56,13 @@ ssize_t write(int Griff, const void* Bytes, size_t Anzahl) {
 }
 ssize_t pwrite(int Griff, const void* Bytes, size_t Anzahl, off_t Stelle) {
     return Geschrieben(Anzahl, [&](size_t n) { return syscall(SYS_pwrite64, Griff, Bytes, n, Stelle); });
+}
+ssize_t pread(int Griff, void* Bytes, size_t Anzahl, off_t Stelle) {
+    if (Leseruf > 0 && --Leseruf == 0) {
+        errno = EIO;
+        return -1;
+    }
+    return syscall(SYS_pread64, Griff, Bytes, Anzahl, Stelle);
 }
 int fallocate(int Griff, int Weise, off_t Stelle, off_t Länge) {
     return Gestört() ? -1 : static_cast<int>(syscall(SYS_fallocate, Griff, Weise, Stelle, Länge));
@@ -247,6 +255,34 @@ TEST_F(Störungen, NachJedemFehlschlagStehtDieAlteOderDieNeueDateiDa) {
                     EXPECT_EQ(fs::hard_link_count(Pfad), MehrereNamen ? 2U : 1U);
                     Aufräumen();
                 }
+            }
+        }
+    }
+}
+
+TEST_F(Störungen, WasNichtGelesenWerdenKannÄndertNichts) {
+    const Datensatz Bekannt = Lesen(Wege()[4].Start + Id3v1Block({.Titel = "v1"}));
+    for (const Weg& Einer : Wege()) {
+        const std::string Pfad = Bereitlegen(Einer, false);
+        for (const bool Schreiben : {true, false}) {
+            for (int Ruf = 1;; ++Ruf) {
+                SCOPED_TRACE(std::string(Einer.Name) + "/" + std::to_string(Ruf));
+                Meldung.clear();
+                Leseruf = Ruf;
+                if (Schreiben) {
+                    const bool Gelungen = Einer.Ändern(Pfad, Meldung, {});
+                    if (std::exchange(Leseruf, 0) > 0) break;
+                    EXPECT_TRUE(!Gelungen && !Meldung.empty());
+                    EXPECT_EQ(Inhalt(Pfad) == Einer.Start, true);
+                    continue;
+                }
+                auto Satz = MedienDatenLesen(Umgebung, Pfad, Bekannt, {.Code = Lesecode::Lesen("1111")});
+                if (std::exchange(Leseruf, 0) > 0) break;
+                EXPECT_TRUE(Satz.Lesegestört && !Satz.V1Gelesen);
+                Satz.V1Gelesen = Satz.Id3v2Gelesen = Satz.LyricsGelesen = true;
+                Satz.KopfGefunden = Bekannt.KopfGefunden;
+                Satz.Lesegestört = false;
+                EXPECT_TRUE(Satz == Bekannt);
             }
         }
     }

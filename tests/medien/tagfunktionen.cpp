@@ -2,6 +2,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <sys/stat.h>
 #include <utility>
 #include <vector>
 
@@ -246,6 +247,38 @@ TEST_F(Funktionslauf, EntfernenSchweigtInVielenUndSprichtBeiEiner) {
     EXPECT_TRUE(Person.Meldungen.empty());
     EXPECT_EQ(Laufen(Tagfunktion::Entfernen, 0).Gescheitert, 2U);
     EXPECT_EQ(Person.Meldungen.size(), 2U);
+}
+
+TEST_F(Funktionslauf, DateiDieNichtAntwortetBehältIhrenSatz) {
+    const std::string Datei = Id3v2Tag(3, Id3v2Textrahmen("TIT2", "was")) + Ton() + V1("wer", "was");
+    for (const char* Name : {"a.mp3", "b.mp3"})
+        Aufnehmen(Name, Datei);
+    const std::string Pfad = Index.Sätze.Pfad(1);
+    const Datensatz Vorher = Index.Sätze.Lesen(1);
+    std::filesystem::remove(Pfad);
+    ASSERT_EQ(::mkfifo(Pfad.c_str(), 0600), 0);
+    Index.IndexGeändert = false;
+    for (const auto& [Funktion, Auswahl] : {std::pair(Tagfunktion::Aufräumen, 6),
+                                            {Tagfunktion::Groß, 0},
+                                            {Tagfunktion::Entfernen, 1},
+                                            {Tagfunktion::AutoTag, 2}}) {
+        Person.Meldungen.clear();
+        Funktionsauftrag Auftrag{Funktion, Funktionsauswahlen[static_cast<std::size_t>(Auswahl)], {}, {}, {}};
+        Auftrag.Dateien = {{Pfad, 1}, {Pfad, 1}};
+        EXPECT_EQ(TagfunktionAusführen(Welt, Verzeichnis, Auftrag).Gescheitert, 2U);
+        ASSERT_EQ(Person.Meldungen.size(), 1U) << "one for all of a share that is away";
+        EXPECT_NE(Person.Meldungen[0].find("2 Dateien konnten nicht gelesen werden"), std::string::npos);
+        EXPECT_NE(Person.Meldungen[0].find(Pfad), std::string::npos);
+    }
+    // It answers again before the save: the fields that could not be read would take the place of its own.
+    Tagarbeit Arbeit = TagarbeitBeginnen(Welt, Pfad, 1);
+    EXPECT_FALSE(TagEntfernen(Welt, Arbeit, Tagblock::Id3v2, true));
+    EXPECT_EQ(Index.Sätze.Lesen(1), Vorher);
+    EXPECT_FALSE(Index.IndexGeändert);
+    Anlegen("a.mp3", Datei);
+    Arbeit.Satz.V2Album = "neu";
+    EXPECT_TRUE(TagsSpeichern(Welt, Arbeit, Tagauswahl::Alle, false).Gescheitert);
+    EXPECT_EQ(DateiLesen(Pfad), Datei);
 }
 
 TEST_F(Funktionslauf, EndetMitDemFortschrittUndLässtFehlendeMedienAus) {

@@ -60,8 +60,10 @@ std::string FreierHilfsname(std::string_view Ziel, std::string_view Ende) {
     return Hilfsname(Ziel, std::string(Mitte).append(Ende));
 }
 
-bool Unverändert(const Dateistand& Vorher, std::string_view Pfad) {
-    return DateistandLesen(Pfad) == Vorher;
+// True when the content is that of the state before, by its size and its exact time.
+bool Unverändert(const std::optional<Änderungsspur>& Vorher, std::string_view Pfad) {
+    const auto Jetzt = ÄnderungsspurLesen(Pfad);
+    return Vorher && Jetzt && Jetzt->Stand == Vorher->Stand && Jetzt->Änderung == Vorher->Änderung;
 }
 
 }  // namespace
@@ -120,6 +122,16 @@ void OrdnerFestschreiben(const std::string& Ordner) {
 std::optional<Dateistand> DateistandLesen(std::string_view Pfad) {
     if (const auto Angaben = AngabenLesen(Pfad)) return StandVon(*Angaben);
     return errno == ENOTDIR ? CDStandLesen(Pfad) : std::nullopt;
+}
+
+std::optional<Änderungsspur> ÄnderungsspurLesen(std::string_view Pfad) {
+    const auto Name = Systempfad(Pfad);
+    if (!Name) return std::nullopt;
+    const Griffhalter Griff(Beharrlich([&] { return ::open(Name->c_str(), ZumLesen); }));
+    struct stat Angaben {};
+    if (!Griff || ::fstat(Griff.Wert(), &Angaben) != 0 || !S_ISREG(Angaben.st_mode)) return std::nullopt;
+    return Änderungsspur{StandVon(Angaben), Angaben.st_mtim.tv_nsec, Angaben.st_ctim.tv_sec,
+                         Angaben.st_ctim.tv_nsec};
 }
 
 bool DateiExistiert(std::string_view Pfad) {
@@ -247,6 +259,7 @@ Dateifehler SchreibschutzSetzen(std::string_view Pfad, bool Geschützt) {
 Dateifehler DateiKopieren(std::string_view Quelle, std::string_view Ziel, Vorhandenes Regel,
                           const Kopierfortschritt& Weiter) {
     Dateifehler Fehler;
+    const auto Vorher = ÄnderungsspurLesen(Quelle);
     const Lesedatei Von = Lesedatei::Öffnen(Quelle, &Fehler);
     if (!Von.Offen()) return Fehler;
     struct stat Stand {};
@@ -271,7 +284,7 @@ Dateifehler DateiKopieren(std::string_view Quelle, std::string_view Ziel, Vorhan
         return Nach.Fehler();
     }
     // A file that somebody is still writing (a download) would come out as a part of itself.
-    if (!Unverändert(Von.Stand(), Quelle))
+    if (!Unverändert(Vorher, Quelle))
         return Systemfehler(EBUSY, "Die Quelldatei wurde während des Kopierens verändert");
     if (!Nach.Übernehmen(false, Regel)) return Nach.Fehler();
     if (Nach.Stand().Größe != Von.Größe()) return Systemfehler(EIO);
