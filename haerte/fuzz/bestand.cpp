@@ -132,7 +132,7 @@ void TermineMelden(Indexwelt& Welt) {
                                   Welt.Uhr,
                                   [](const Terminmeldung&) { return Terminantwort(); },
                                   [](const Termin&) {},
-                                  [](const std::vector<Termin>&) {},
+                                  [](const Terminliste&) {},
                                   [](std::size_t) {}};
     for (const Termin& Eintrag : Welt.Index.Termine) {
         for (int Feld = 1; Feld <= TerminFeldAnzahl; ++Feld) {
