@@ -30,7 +30,7 @@ bool GehörtDemSystem(std::string_view Ordner) {
 bool OrdnerNimmtDatei(const std::string& Datei) {
     if (DateiExistiert(Datei) && !DateiBeschreibbar(Datei)) return false;
     Dateiersatz Probe;
-    return Probe.Öffnen(Datei, Datei + "~") == Dateiersatz::Öffnung::Bereit;
+    return Probe.Öffnen(Datei, VorläufigerName(Datei)) == Dateiersatz::Öffnung::Bereit;
 }
 
 }  // namespace
@@ -46,7 +46,7 @@ std::string PlaylistdateiWählen(std::string_view WinampPfad, std::string_view L
     const std::string_view Ordner = PfadVon(WinampPfad);
     std::string Datei = PfadVerbinden(Ordner, std::string(Listenname) + std::string(Listenendung));
     if (!GehörtDemSystem(Ordner) && OrdnerNimmtDatei(Datei)) return Datei;
-    static_cast<void>(OrdnerAnlegen(Laufzeitordner));
+    static_cast<void>(OrdnerAnlegen(Laufzeitordner, Zugang::NurEigener));
     const std::string Anfang =
         PfadVerbinden(Laufzeitordner, std::string(Listenname) + "-" + ZeitSortierText(Jetzt));
     for (int Nummer = 1;; ++Nummer) {
@@ -75,7 +75,7 @@ void AltePlaylistenLöschen(const Ordnerleser& Ordner, const Uhr& Zeit, std::str
 std::string PlaylisteSchreiben(std::string_view Datei, std::string_view Inhalt) {
     const std::string Ziel(Datei);
     Dateiersatz Ersatz;
-    const auto Öffnung = Ersatz.Öffnen(Ziel, Ziel + "~");
+    const auto Öffnung = Ersatz.Öffnen(Ziel, VorläufigerName(Ziel));
     if (Öffnung == Dateiersatz::Öffnung::Gesperrt) return "Ein anderes Programm schreibt diese gerade.";
     if (Öffnung == Dateiersatz::Öffnung::Bereit && Ersatz.Schreiben(Inhalt) && Ersatz.Übernehmen()) return {};
     return Ersatz.Fehler().Text;

@@ -76,8 +76,13 @@ bool AnderesDateisystem(const Dateifehler& Fehler);
 bool NameVerzeichnet(std::string_view Pfad);
 // Creates an empty file; one that stands there is an error and stays.
 Dateifehler DateiNeuAnlegen(std::string_view Pfad);
-// Creates the folder and those above it.
-Dateifehler OrdnerAnlegen(std::string_view Pfad);
+// Whom a new file or folder is open to: whom the system's rules allow, or nobody but its owner.
+enum class Zugang { Üblich, NurEigener };
+// Creates the folder and those above it, each for the same users; what is there stays as it is.
+Dateifehler OrdnerAnlegen(std::string_view Pfad, Zugang FürNeue = Zugang::Üblich);
+// Adds bytes to the end of a regular file in one write; one that is missing is made, open to its owner alone.
+// Anything else under the name is an error, links too.
+Dateifehler DateiAnhängen(std::string_view Pfad, std::string_view Bytes);
 // Removes an empty folder.
 Dateifehler OrdnerLöschen(std::string_view Pfad);
 // Takes the permission to write from everybody, or gives it to the owner.
@@ -136,7 +141,7 @@ bool IstLesbar(std::string_view Pfad);
 
 // Replaces a file by new content: the commit object of the house. Content goes to a temporary name in the
 // folder of the target, which is opened without following links and without truncation and is locked; only
-// then it is emptied and written. Where the target is a symbolic link, the file at its end is replaced and
+// then it is written. Where the target is a symbolic link, the file at its end is replaced and
 // the link stays; the temporary file then lies beside that file. Übernehmen flushes it, gives it mode, owner
 // (where possible) and extended attributes of the old file, renames it over the target and flushes the
 // folder. The destructor without Übernehmen removes the temporary file and leaves the target as it was.
@@ -153,10 +158,12 @@ class Dateiersatz {
     Dateiersatz& operator=(const Dateiersatz&) = delete;
     ~Dateiersatz();
 
-    // Prepares the replacement of Ziel through Temporär (same folder). An unlocked file of ours that lies
-    // there is taken over and emptied; a link, a folder or another kind of file is an error. A file that is
-    // new under its name gets mode, owner and attributes of Vorbild when one is named.
-    Öffnung Öffnen(std::string Ziel, std::string Temporär, std::string Vorbild = {});
+    // Prepares the replacement of Ziel through Temporär (same folder). An unlocked file of this user that
+    // lies there is the rest of a run that was cut off and goes, so that name must be one that nobody else
+    // uses; a link, a folder or another kind of file is an error. A file that is new under its name gets
+    // mode, owner and attributes of Vorbild when one is named, else what FürNeue says.
+    Öffnung Öffnen(std::string Ziel, std::string Temporär, std::string Vorbild = {},
+                   Zugang FürNeue = Zugang::Üblich);
     // Appends bytes; large pieces go straight to the system, small ones are collected. False after the first
     // error.
     bool Schreiben(std::string_view Bytes);
@@ -198,6 +205,11 @@ class Dateiersatz {
 // refused too, the error says that the file may be damaged.
 Dateifehler DateiÜberschreiben(std::string_view Pfad, const Dateistand& Erwartet, std::uint64_t Stelle,
                                std::string_view Bytes);
+
+// The name under which the new content of a file lies until it takes its place: beside the file, at the end
+// of links. Its ending is ours; editors keep a person's older content under a mere "~".
+inline constexpr std::string_view VorläufigeEndung = "~lwitmp";
+std::string VorläufigerName(std::string_view Datei);
 
 // The path behind symbolic links at the end of Pfad, also when nothing lies there yet; Pfad itself when it is
 // no link or the links do not end.

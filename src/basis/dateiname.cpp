@@ -70,6 +70,19 @@ std::string KennzahlText(std::string_view Bytes) {
     return Text.data();
 }
 
+std::string PfadMitEndung(std::string_view Pfad, std::string_view Endung) {
+    constexpr std::size_t HöchsterName = 255;
+    const std::string_view Name = DateinameVon(Pfad);
+    if (Name.size() + Endung.size() <= HöchsterName) return std::string(Pfad).append(Endung);
+    const std::string Schluss = "~" + KennzahlText(Name) + std::string(Endung);
+    Pfad.remove_suffix(Name.size() + Schluss.size() - HöchsterName);
+    // Not in the midst of a character.
+    while ((static_cast<unsigned char>(Pfad.back()) & 0xC0U) == 0x80U)
+        Pfad.remove_suffix(1);
+    if (static_cast<unsigned char>(Pfad.back()) >= 0xC0U) Pfad.remove_suffix(1);
+    return std::string(Pfad) + Schluss;
+}
+
 bool IstUnfertigeKopie(std::string_view Name) {
     constexpr std::size_t Stellen = 16;
     if (!Name.ends_with(KopieEndung)) return false;

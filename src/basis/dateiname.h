@@ -23,6 +23,10 @@ std::uint64_t Kennzahl(std::string_view Bytes);
 // The same as 16 hexadecimal digits.
 std::string KennzahlText(std::string_view Bytes);
 
+// A path with something behind it. A name that is too long for that on common file systems is shortened and
+// told from others of the same beginning by a number of the whole of it.
+std::string PfadMitEndung(std::string_view Pfad, std::string_view Endung);
+
 // The ending of a copy that is being made: a "~", a number of the target's path, and this. A copy that was
 // interrupted leaves such a file behind.
 inline constexpr std::string_view KopieEndung = "~lwikopie";

@@ -14,7 +14,7 @@
 namespace liedwerk {
 
 // What stands behind a media file's path while it is rewritten.
-inline constexpr std::string_view TagTemporärEndung = "~lwitmp";
+inline constexpr std::string_view TagTemporärEndung = VorläufigeEndung;
 
 // The name under which the file's new content is prepared; a name that is too long for it is
 // shortened and holds a number of the whole one.

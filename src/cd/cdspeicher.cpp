@@ -87,10 +87,11 @@ bool CDDBCDSpeichern(CDStand& Stand, const CDSpeicherumgebung& Umgebung, std::st
             "CDDBCDSpeichern: CD kann nicht gespeichert werden, da entweder ID oder Daten fehlen");
         return false;
     }
-    if (const auto Fehler = OrdnerAnlegen(Umgebung.Ordner); Fehler && !OrdnerExistiert(Umgebung.Ordner))
+    if (const auto Fehler = OrdnerAnlegen(Umgebung.Ordner, Zugang::NurEigener);
+        Fehler && !OrdnerExistiert(Umgebung.Ordner))
         return NichtGespeichert(Umgebung, Datei, "der Ordner nicht angelegt werden konnte: " + Fehler.Text);
     Dateiersatz Ersatz;
-    const std::string Temporär = Datei + "~";
+    const std::string Temporär = VorläufigerName(Datei);
     if (const auto Öffnung = Ersatz.Öffnen(Datei, Temporär); Öffnung != Dateiersatz::Öffnung::Bereit)
         return NichtGespeichert(Umgebung, Datei, Öffnungshindernis(Temporär, Öffnung, Ersatz.Fehler()));
     const std::string Text = CDDBTextErstellen(Daten, Umgebung.Programm);

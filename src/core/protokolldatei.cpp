@@ -1,7 +1,6 @@
 #include "core/protokolldatei.h"
 
-#include <filesystem>
-#include <fstream>
+#include <algorithm>
 
 #include "basis/ansi.h"
 #include "basis/datei.h"
@@ -17,13 +16,12 @@ std::string Protokolldatei::Datei() const {
 
 void Protokolldatei::Schreiben(std::string_view Zeile) {
     if (!Aktiv()) return;
+    std::string Bytes = Utf8NachAnsi(Zeile).value_or(std::string(Zeile));
+    // A line end in a file's name or a server's reply would make lines of its own.
+    std::ranges::replace_if(
+        Bytes, [](char Zeichen) { return Zeichen == '\r' || Zeichen == '\n'; }, ' ');
     const std::lock_guard Halten(Sperre);
-    const std::string Name = Datei();
-    // A pipe or a device under this name would hold us up.
-    if (const auto Stand = DateistandLesen(Name); Stand && !Stand->IstDatei) return;
-    std::ofstream Ausgabe(std::filesystem::path(Name), std::ios::binary | std::ios::app);
-    const auto Bytes = Utf8NachAnsi(Zeile);
-    Ausgabe << (Bytes ? std::string_view(*Bytes) : Zeile) << "\r\n";
+    static_cast<void>(DateiAnhängen(Datei(), Bytes + "\r\n"));
 }
 
 bool ProtokollSchreiben(Protokolldatei& Log, Oberfläche& Person, std::string_view Text, bool Neu) {

@@ -14,7 +14,8 @@ class Protokolldatei final : public Protokoll {
   public:
     explicit Protokolldatei(std::string Programmordner);
     // May be called from several threads; the file is opened and closed for each line, so that the log
-    // survives a crash. A line is Windows-1252, or its own bytes when that cannot hold it.
+    // survives a crash. A line is Windows-1252, or its own bytes when that cannot hold it; line ends within
+    // it become blanks.
     void Schreiben(std::string_view Zeile) override;
     bool Aktiv() const override { return LogDatei > 0; }
 

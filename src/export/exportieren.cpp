@@ -12,7 +12,6 @@ namespace liedwerk {
 namespace {
 
 constexpr std::string_view Bytefolgemarke = "\xEF\xBB\xBF";
-constexpr std::string_view TemporärEnde = "~lwitmp";
 constexpr std::size_t Schreibblock = std::size_t{1} << 20;
 
 enum class Kodierung { Ansi, Utf8, Utf8MitMarke };
@@ -145,7 +144,7 @@ std::optional<Exportfehler> DateiSchreiben(const Katalog& Index, std::span<const
     const bool Vorhanden = DateiExistiert(Auftrag.Datei);
     for (;;) {
         Dateiersatz Ersatz;
-        const auto Öffnung = Ersatz.Öffnen(Auftrag.Datei, Auftrag.Datei + std::string(TemporärEnde));
+        const auto Öffnung = Ersatz.Öffnen(Auftrag.Datei, VorläufigerName(Auftrag.Datei));
         if (Öffnung == Dateiersatz::Öffnung::Gesperrt)
             return Exportfehler{{1, "Die Datei wird gerade von einem anderen Programm geschrieben"}};
         if (Öffnung == Dateiersatz::Öffnung::Fehler) return Exportfehler{Ersatz.Fehler(), Vorhanden};

@@ -232,7 +232,7 @@ std::optional<std::string> ImportdateiLesen(const Feldimport& Lauf, const std::s
 
 bool IndexFelderSpeichern(const Katalog& Index, const Indexumgebung& Umgebung, const std::string& Dateiname,
                           bool MitFortschritt) {
-    const std::string Temporär = Dateiname + std::string(TemporärEndung);
+    const std::string Temporär = VorläufigerName(Dateiname);
     const bool Vorhanden = DateiExistiert(Dateiname);
     const bool HatVorgänger = DateiExistiert(Temporär);
     const auto Scheitern = [&](const Dateifehler& Fehler) {

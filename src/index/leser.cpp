@@ -98,6 +98,7 @@ std::optional<bool> IndexSuchen(const Ladevorgang& Lauf) {
 }
 
 bool NeuErstellen(const Ladevorgang& Lauf) {
+    if (const auto Fremdes = TemporärnamePrüfen(Lauf.Datei)) return Lauf.ZugriffGescheitert(Fremdes);
     Dateiersatz Ersatz;
     const auto Öffnung = Ersatz.Öffnen(Lauf.Datei, TemporärnameVon(Lauf.Datei));
     if (Öffnung == Dateiersatz::Öffnung::Gesperrt) {

@@ -235,14 +235,16 @@ Speicherergebnis DateiSpeichern(Katalog& Index, const Einstellungen& Werte, cons
     }
     Dateiersatz Ersatz;
     const bool HatVorgänger = DateiExistiert(Lauf.Temporär);
-    const auto Öffnung = TemporärÖffnen(Lauf, Ersatz);
+    const Dateifehler Fremdes = TemporärnamePrüfen(Lauf.Ziel);
+    const auto Öffnung = Fremdes ? Dateiersatz::Öffnung::Fehler : TemporärÖffnen(Lauf, Ersatz);
     if (Öffnung == Dateiersatz::Öffnung::Gesperrt ||
         (Öffnung == Dateiersatz::Öffnung::Fehler && HatVorgänger)) {
-        Dateifehler Fehler = Ersatz.Fehler();
+        Dateifehler Fehler = Fremdes ? Fremdes : Ersatz.Fehler();
         if (!Fehler) Fehler = {1, "Die temporäre Datei wird gerade von einem anderen Programm geschrieben"};
         return Lauf.Scheitern("Die Indexdatei '" + Lauf.Ziel +
                                   "' konnte nicht gespeichert werden, da die temporäre Datei '" +
-                                  Lauf.Temporär + "' nicht überschrieben werden konnte.",
+                                  Lauf.Temporär + "' nicht überschrieben werden konnte." +
+                                  (Fremdes ? "\n" + Fremdes.Text + "." : std::string()),
                               Fehler);
     }
     if (Öffnung == Dateiersatz::Öffnung::Fehler) return Lauf.Scheitern(Ersatz.Fehler());

@@ -59,6 +59,16 @@ std::string TemporärnameVon(const std::string& Datei) {
     return VerweiseAuflösen(Datei) + std::string(TemporärEndung);
 }
 
+Dateifehler TemporärnamePrüfen(const std::string& Datei) {
+    const std::string Temporär = TemporärnameVon(Datei);
+    // What cannot be read is for the opening to judge.
+    const std::string Anfang = Lesedatei::Öffnen(Temporär).Lesen(0, IndexVersionAnfang.size());
+    if (IndexVersionAnfang.starts_with(Anfang)) return {};
+    return {1, "'" + Temporär +
+                   "' stammt nicht von diesem Programm. Benennen Sie diese Datei um oder löschen "
+                   "Sie sie"};
+}
+
 bool SpeicherendeAbwarten(const std::string& Datei, bool MitFortschritt, const Indexumgebung& Umgebung) {
     const std::string Temporär = TemporärnameVon(Datei);
     UnfertigeKopienEntfernen(VerweiseAuflösen(Datei), Umgebung.Ordner);

@@ -254,7 +254,7 @@ TEST(Abspielen, PlaylistenOhnePlatzBeimSpielerSindEinzelnUndVergehen) {
     W.Datei("lauf/fremd.m3u");
     // A list beside the player does not help where its folder takes no new file.
     W.Datei("voll/liedwerk.m3u");
-    std::filesystem::create_directory(W.Ordner + "/voll/liedwerk.m3u~");
+    std::filesystem::create_directory(W.Ordner + "/voll/liedwerk.m3u~lwitmp");
     EXPECT_TRUE(PlaylistdateiWählen(W.Ordner + "/voll/vlc", Lauf, W.Zeit.Jetzt()).starts_with(Lauf));
     W.Zeit.Punkt.Jahr = 2100;
     AltePlaylistenLöschen(W.Leser, W.Zeit, Lauf);

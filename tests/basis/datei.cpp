@@ -154,6 +154,35 @@ TEST_F(Dateien, InhaltPrivaterDateienIstAuchUnterwegsPrivat) {
     Dateiersatz Ersatz;
     ASSERT_EQ(Ersatz.Öffnen(Ziel, Ziel + "~"), Öffnung::Bereit);
     EXPECT_EQ(Rechte(Ziel + "~"), 0600U);
+    Ersatz.Verwerfen();
+    // Who has opened what an earlier run has left behind must not see the new content either.
+    ::chmod(Anlegen("a~", "Rest").c_str(), 0644);
+    const Lesedatei Mitleser = Lesedatei::Öffnen(Ziel + "~");
+    ASSERT_EQ(Ersatz.Öffnen(Ziel, Ziel + "~"), Öffnung::Bereit);
+    EXPECT_EQ(Rechte(Ziel + "~"), 0600U);
+    EXPECT_TRUE(Ersatz.Schreiben("noch geheimer") && Ersatz.Übernehmen());
+    EXPECT_EQ(Mitleser.Lesen(0, 99), "Rest");
+}
+
+TEST_F(Dateien, AngehängtWirdNurAnEigeneGewöhnlicheDateien) {
+    for (const char* Bytes : {"eins", "zwei"})
+        EXPECT_FALSE(DateiAnhängen(Pfad("log"), Bytes));
+    EXPECT_EQ(DateiLesen(Pfad("log")), "einszwei");
+    EXPECT_EQ(Rechte(Pfad("log")), 0600U);
+    fs::create_symlink(Pfad("log"), Pfad("verweis"));
+    ::mkfifo(Pfad("leitung").c_str(), 0600);
+    for (const char* Name : {"verweis", "leitung", "", "fehlt/log"})
+        EXPECT_TRUE(DateiAnhängen(Pfad(Name), "x")) << Name;
+    EXPECT_EQ(DateiLesen(Pfad("log")), "einszwei");
+}
+
+TEST_F(Dateien, VorläufigeNamenSindNurUnsereUndTreffenSichHinterVerknüpfungen) {
+    fs::create_directory(Pfad("fern"));
+    fs::create_symlink(Pfad("fern/ziel"), Pfad("hier"));
+    EXPECT_EQ(VorläufigerName(Pfad("hier")), Pfad("fern/ziel~lwitmp"));
+    const auto Lang = Anlegen(std::string(250, 'x'), "alt");
+    Dateiersatz Ersatz;
+    ASSERT_EQ(Ersatz.Öffnen(Lang, VorläufigerName(Lang)), Öffnung::Bereit) << "no name is too long for it";
 }
 
 TEST_F(Dateien, ErsatzHinterEinerVerknüpfungLässtSieBestehen) {

@@ -35,7 +35,7 @@ TEST_F(Speicherprobe, GespeichertesKommtWiederUndWirdNichtZweimalGelesen) {
     ASSERT_TRUE(Inhalt);
     EXPECT_TRUE(Inhalt->starts_with("lwifcddb1\r\n# xmcd\r\n"));
     EXPECT_TRUE(Inhalt->ends_with("TTITLE0=\xC4\r\nEXTD=YEAR:  ID3G: 145\r\nEXTT0=\r\nPLAYORDER=\r\n"));
-    EXPECT_FALSE(DateiExistiert(Datei + "~"));
+    EXPECT_FALSE(DateiExistiert(VorläufigerName(Datei)));
 
     Stand.Daten.Laufwerk = "/dev/sr1";
     ASSERT_TRUE(CDDBCDLesen(Stand, Umgebung, "8a0b2c0d", false));
@@ -62,14 +62,17 @@ TEST_F(Speicherprobe, KennungenVonAußenWerdenKeineNamen) {
 TEST_F(Speicherprobe, EinGescheitertesSchreibenLässtDieAlteDatei) {
     ASSERT_TRUE(CDDBCDSpeichern(Stand, Umgebung, "8a0b2c0d", Album("Alt")));
     const auto Vorher = DateiLesen(Datei);
-    Ordner.Datei("CDDB/8a0b2c0d.dat~/im Weg");
+    Ordner.Datei("CDDB/8a0b2c0d.dat~lwitmp/im Weg");
     EXPECT_FALSE(CDDBCDSpeichern(Stand, Umgebung, "8a0b2c0d", Album("Neu")));
     EXPECT_NE(Log.Zeilen.back().find("nicht gelöscht werden konnte: "), std::string::npos);
     EXPECT_EQ(DateiLesen(Datei), Vorher);
-    std::filesystem::remove_all(Datei + "~");
+    std::filesystem::remove_all(VorläufigerName(Datei));
+    Ordner.Datei("CDDB/8a0b2c0d.dat~", "von einem Texteditor");
+    ASSERT_TRUE(CDDBCDSpeichern(Stand, Umgebung, "8a0b2c0d", Album("Alt")));
+    EXPECT_EQ(DateiLesen(Datei + "~"), "von einem Texteditor");
     {
         Dateiersatz Anderer;
-        ASSERT_EQ(Anderer.Öffnen(Datei, Datei + "~"), Dateiersatz::Öffnung::Bereit);
+        ASSERT_EQ(Anderer.Öffnen(Datei, VorläufigerName(Datei)), Dateiersatz::Öffnung::Bereit);
         EXPECT_FALSE(CDDBCDSpeichern(Stand, Umgebung, "8a0b2c0d", Album("Neu")));
         EXPECT_NE(Log.Zeilen.back().find("ein anderes Programm"), std::string::npos);
     }

@@ -34,6 +34,9 @@ TEST_F(Starttest, DieStufenStehenInIhrerReihenfolgeImProtokoll) {
     EXPECT_EQ(Zeilen[1], "");
     EXPECT_EQ(Zeilen[3], "Betriebssystem: Testsystem 1");
     EXPECT_EQ(Zeilen[8], "Es folgen Aktionen...");
+    P->Log.Schreiben("ein\r\nMain: gefälschter\nName");
+    EXPECT_EQ(Logzeilen().back(), "ein  Main: gef\xE4lschter Name");
+    EXPECT_EQ(std::filesystem::status(P->Log.Datei()).permissions(), std::filesystem::perms(0600));
     const Texte Erwartet = {"Main: Start vorbereiten",
                             "Main: Variablen vorbereiten",
                             "Main: Steuerelemente pr\xFC"

@@ -131,8 +131,11 @@ TEST_F(Feldertest, FehlschlägeLassenAllesWieEsWar) {
     EXPECT_EQ(Stand(1), "5||alt|5");
 
     Person.AbbruchBei = 0;
-    fs::create_symlink(Ordner + "/sonstwo", Felddatei + "~");
+    Ablegen(Felddatei + "~", Inhalt(Felddatei));
+    EXPECT_TRUE(IndexFelderSpeichern(Index, Umgebung(), Felddatei, true));
     const std::string Vorher = Inhalt(Felddatei);
+    EXPECT_NE(Inhalt(Felddatei + "~"), Vorher) << "an editor's backup copy is nobody's leftover";
+    fs::create_symlink(Ordner + "/sonstwo", VorläufigerName(Felddatei));
     EXPECT_FALSE(IndexFelderSpeichern(Index, Umgebung(), Felddatei, true));
     EXPECT_EQ(Inhalt(Felddatei), Vorher);
     EXPECT_FALSE(fs::exists(Ordner + "/sonstwo"));

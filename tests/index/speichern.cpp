@@ -203,6 +203,29 @@ TEST_F(SpeichernTest, SicherungenEntstehenNachAbstandUndVergehenNachTagen) {
     EXPECT_EQ(Sicherungen(), (std::vector<std::string>{Große, Neue, Fremde}));
     EXPECT_EQ(Inhalt(Neue), Kopf());
     EXPECT_TRUE(Person.Meldungen.empty());
+
+    // While no new one can be made, an old one stays.
+    fs::remove(Neue);
+    fs::create_directories(Neue + "/im Weg");
+    Ablegen(Alte, "alt");
+    Altern(Alte, 24 * 6);
+    EXPECT_EQ(Speichern(), Speicherergebnis::Gespeichert);
+    EXPECT_EQ(Inhalt(Alte), "alt");
+    EXPECT_EQ(Person.Meldungen.size(), 1U);
+}
+
+TEST_F(SpeichernTest, FremdesUnterDemVorläufigenNamenBleibtUndWirdGenannt) {
+    Ablegen(Datei, Kopf());
+    Laden(Datei);
+    Ablegen(Datei + "~", "von einem anderen Programm");
+    EXPECT_EQ(Speichern(), Speicherergebnis::Fehlgeschlagen);
+    EXPECT_EQ(Inhalt(Datei + "~"), "von einem anderen Programm");
+    ASSERT_EQ(Person.Meldungen.size(), 1U);
+    EXPECT_NE(Person.Meldungen[0].find("'" + Datei + "~' stammt nicht von diesem"), std::string::npos);
+    for (const char* Rest : {"", "#TAG:lw102\r\nangefangen"}) {
+        Ablegen(Datei + "~", Rest);
+        EXPECT_EQ(Speichern(), Speicherergebnis::Gespeichert) << "the rest of a save of ours";
+    }
 }
 
 TEST_F(SpeichernTest, DateimanagerSchreibtNurDenKopfInDenTemporärenIndex) {

@@ -107,6 +107,9 @@ TEST(Orte, JederProzessHatSeinenTemporärenIndex) {
             Ordner.Datei(std::filesystem::path(ZweiterPfad).filename().string());
         }
         EXPECT_FALSE(DateiExistiert(ZweiterPfad));
+        Ordner.Datei(std::filesystem::path(ZweiterPfad).filename().string(), "fremd");
+        EXPECT_NE(Temporärindex(Ordner.Pfad).Pfad(), ZweiterPfad);
+        EXPECT_EQ(DateiLesen(ZweiterPfad), "fremd");
     }
     EXPECT_EQ(Temporärindex(Ordner.Pfad).Pfad(), Ordner.In("tmp.lwi"));
 }

@@ -87,7 +87,7 @@ TEST_F(Wertdateiprobe, WasNichtLesbarIstWirdNieÜberschrieben) {
     Datei.Schreiben("A", 1);
     EXPECT_NE(Datei.Sichern().find(Pfad), std::string::npos);
     EXPECT_TRUE(OrdnerExistiert(Pfad));
-    EXPECT_FALSE(DateiExistiert(Pfad + "~"));
+    EXPECT_FALSE(DateiExistiert(VorläufigerName(Pfad)));
     // Nor what is too large to be ours.
     const std::string Riese = Ordner.Datei("riese.ini", "A=2\n");
     std::filesystem::resize_file(Riese, (64U << 20U) + 1);
@@ -97,10 +97,27 @@ TEST_F(Wertdateiprobe, WasNichtLesbarIstWirdNieÜberschrieben) {
     EXPECT_EQ(std::filesystem::file_size(Riese), (64U << 20U) + 1);
 }
 
+TEST_F(Wertdateiprobe, GehörtNurDemEigenerUndLässtDessenKopieStehen) {
+    const auto Sichern = [&](int Wert) {
+        Wertdatei Datei(Pfad);
+        Datei.Schreiben("A", Wert);
+        return Datei.Sichern();
+    };
+    const auto Rechte = [](const std::string& Name) { return std::filesystem::status(Name).permissions(); };
+    ASSERT_EQ(Sichern(1), "");
+    EXPECT_EQ(Rechte(Pfad), std::filesystem::perms(0600));
+    EXPECT_EQ(Rechte(Ordner.In("tief")), std::filesystem::perms(0700));
+    std::filesystem::permissions(Pfad, std::filesystem::perms(0640));
+    Ordner.Datei("tief/einstellungen.ini~", "von einem Texteditor");
+    ASSERT_EQ(Sichern(2), "");
+    EXPECT_EQ(Rechte(Pfad), std::filesystem::perms(0640)) << "an existing file keeps its mode";
+    EXPECT_EQ(DateiLesen(Pfad + "~"), "von einem Texteditor");
+}
+
 TEST_F(Wertdateiprobe, EineGehalteneSperreLässtDieAlteDateiGanz) {
     Ordner.Datei("tief/einstellungen.ini", "A=1\n");
     Dateiersatz Anderer;
-    ASSERT_EQ(Anderer.Öffnen(Pfad, Pfad + "~"), Dateiersatz::Öffnung::Bereit);
+    ASSERT_EQ(Anderer.Öffnen(Pfad, VorläufigerName(Pfad)), Dateiersatz::Öffnung::Bereit);
     Wertdatei Datei(Pfad);
     Datei.Schreiben("A", 2);
     EXPECT_NE(Datei.Sichern(), "");

@@ -196,7 +196,7 @@ Dateifehler DateiUmbenennen(std::string_view Alt, std::string_view Neu, Vorhande
     return {};
 }
 
-Dateifehler OrdnerAnlegen(std::string_view Pfad) {
+Dateifehler OrdnerAnlegen(std::string_view Pfad, Zugang FürNeue) {
     const auto Ganz = Systempfad(Pfad);
     if (!Ganz || Ganz->empty()) return Systemfehler(Ganz ? ENOENT : EINVAL);
     for (std::size_t Ende = 0; Ende < Ganz->size();) {
@@ -204,7 +204,7 @@ Dateifehler OrdnerAnlegen(std::string_view Pfad) {
         const std::string Teil = Ganz->substr(0, Ende);
         // What exists need not be writable, and mkdir asks about that first on some file systems.
         if (OrdnerExistiert(Teil)) continue;
-        if (::mkdir(Teil.c_str(), 0777) == 0) continue;
+        if (::mkdir(Teil.c_str(), FürNeue == Zugang::Üblich ? 0777 : 0700) == 0) continue;
         auto Fehler = LetzterSystemfehler();
         // Another program may have made it meanwhile.
         if (!OrdnerExistiert(Teil)) return Fehler;
@@ -237,6 +237,19 @@ Dateifehler DateiNeuAnlegen(std::string_view Pfad) {
     if (!Griff) return LetzterSystemfehler();
     OrdnerFestschreiben(OrdnerVon(*Name));
     return {};
+}
+
+Dateifehler DateiAnhängen(std::string_view Pfad, std::string_view Bytes) {
+    const auto Name = Systempfad(Pfad);
+    if (!Name) return LetzterSystemfehler();
+    constexpr int Art = O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY;
+    const Griffhalter Griff(Beharrlich([&] { return ::open(Name->c_str(), Art, S_IRUSR | S_IWUSR); }));
+    struct stat Angaben {};
+    if (!Griff || ::fstat(Griff.Wert(), &Angaben) != 0) return LetzterSystemfehler();
+    if (!S_ISREG(Angaben.st_mode)) return Systemfehler(EINVAL, "Sie ist keine gewöhnliche Datei");
+    const auto Anzahl = Beharrlich([&] { return ::write(Griff.Wert(), Bytes.data(), Bytes.size()); });
+    if (Anzahl < 0) return LetzterSystemfehler();
+    return static_cast<std::size_t>(Anzahl) == Bytes.size() ? Dateifehler() : Systemfehler(ENOSPC);
 }
 
 Dateifehler OrdnerLöschen(std::string_view Pfad) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "basis/datei.h"
+#include "basis/dateiname.h"
 #include "plattform/linux/griff.h"
 #include "plattform/linux/systemfehler.h"
 
@@ -82,7 +83,7 @@ int TemporärÖffnen(const std::string& Temporär, mode_t Rechte, bool& Selbst) 
 }
 
 // One attempt to get the temporary file into our hands: opened, ours, locked, still under its name, and
-// empty.
+// new. What a run of ours has left behind is removed for the next attempt.
 Versuch TemporärSperren(const std::string& Temporär, mode_t Rechte, Griffhalter& Ergebnis,
                         Dateifehler& Fehler) {
     bool Selbst = false;
@@ -118,8 +119,10 @@ Versuch TemporärSperren(const std::string& Temporär, mode_t Rechte, Griffhalte
         Fehler = FremderName(Temporär);
         return Versuch::Gescheitert;
     }
-    // What we have created is empty.
-    if (!Selbst && Beharrlich([&] { return ::ftruncate(Neu.Wert(), 0); }) != 0) {
+    // What was left behind goes instead of being emptied: it has the mode of its time, and somebody may have
+    // it open.
+    if (!Selbst) {
+        if (::unlink(Temporär.c_str()) == 0 || errno == ENOENT) return Versuch::Nochmals;
         Fehler = LetzterSystemfehler();
         return Versuch::Gescheitert;
     }
@@ -188,6 +191,10 @@ bool AllesSchreiben(int Griff, std::string_view Bytes, Dateifehler& Fehler) {
 
 }  // namespace
 
+std::string VorläufigerName(std::string_view Datei) {
+    return PfadMitEndung(VerweiseAuflösen(Datei), VorläufigeEndung);
+}
+
 std::string VerweiseAuflösen(std::string_view Pfad) {
     const auto Name = Systempfad(Pfad);
     return Name ? LetztesZiel(*Name).value_or(*Name) : std::string(Pfad);
@@ -197,7 +204,8 @@ Dateiersatz::~Dateiersatz() {
     Verwerfen();
 }
 
-Dateiersatz::Öffnung Dateiersatz::Öffnen(std::string Ziel, std::string Temporär, std::string Vorbild) {
+Dateiersatz::Öffnung Dateiersatz::Öffnen(std::string Ziel, std::string Temporär, std::string Vorbild,
+                                         Zugang FürNeue) {
     Verwerfen();
     ErsterFehler = {};
     const auto Scheitern = [&](Dateifehler Grund) {
@@ -214,7 +222,7 @@ Dateiersatz::Öffnung Dateiersatz::Öffnen(std::string Ziel, std::string Tempor�
         Temporär = OrdnerVon(*Letztes) + "/" + Temporär.substr(Temporär.rfind('/') + 1);
     }
     // The content of a file that others may not read must not be readable meanwhile either.
-    mode_t Rechte = Vorbild.empty() ? 0666 : S_IRUSR | S_IWUSR;
+    mode_t Rechte = Vorbild.empty() && FürNeue == Zugang::Üblich ? 0666 : S_IRUSR | S_IWUSR;
     struct stat Alt {};
     if (NameLesen(*Letztes, Alt)) {
         if (S_ISDIR(Alt.st_mode)) return Scheitern(Systemfehler(EISDIR));

@@ -81,11 +81,21 @@ int NameBelegen(const std::string& Ordner) {
     return Sockel.Lösen();
 }
 
+// A name that nothing lies under, so that what goes with the run is its own.
+std::string FreierName(std::string_view Programmordner) {
+    const std::string Anfang = PfadVerbinden(Programmordner, "tmp-" + std::to_string(::getpid()));
+    std::string Name = Anfang + ".lwi";
+    struct stat Angaben {};
+    for (int Nummer = 2; ::lstat(Name.c_str(), &Angaben) == 0; ++Nummer)
+        Name = Anfang + "-" + std::to_string(Nummer) + ".lwi";
+    return Name;
+}
+
 }  // namespace
 
 std::string Programmordner() {
     std::string Ordner = GewählterOrdner();
-    static_cast<void>(OrdnerAnlegen(Ordner));
+    static_cast<void>(OrdnerAnlegen(Ordner, Zugang::NurEigener));
     return Ordner;
 }
 
@@ -109,11 +119,10 @@ std::string Rechnereinstellungsdatei() {
 
 Temporärindex::Temporärindex(std::string_view Programmordner)
     : Anspruch(NameBelegen(std::string(Programmordner))),
-      Name(PfadVerbinden(Programmordner,
-                         Anspruch ? "tmp.lwi" : "tmp-" + std::to_string(::getpid()) + ".lwi")) {}
+      Name(Anspruch ? PfadVerbinden(Programmordner, "tmp.lwi") : FreierName(Programmordner)) {}
 
 Temporärindex::~Temporärindex() {
-    if (!Anspruch) static_cast<void>(DateiLöschen(Name));
+    if (!Anspruch && EigeneDatei(Name)) static_cast<void>(DateiLöschen(Name));
 }
 
 }  // namespace liedwerk

@@ -76,7 +76,7 @@ std::optional<Eimer> EimerWählen(const std::string& Pfad) {
     const std::string Daten = LinksFolgen(Datenordner());
     if (GerätVon(Daten) == Gerät) {
         const std::string Ordner = PfadVerbinden(Daten, "Trash");
-        if (!OrdnerAnlegen(Daten) && EigenerOrdner(Ordner)) return Eimer{Ordner, {}};
+        if (!OrdnerAnlegen(Daten, Zugang::NurEigener) && EigenerOrdner(Ordner)) return Eimer{Ordner, {}};
         return std::nullopt;
     }
     return EimerDesLaufwerks(WurzelVon(OrdnerVon(Pfad), *Gerät));
@@ -137,7 +137,8 @@ bool Belegt(const Eimer& Wohin, const std::string& Name) {
 Dateifehler AngabenSchreiben(const Eimer& Wohin, const std::string& Inhalt, const std::string& Name) {
     const std::string Datei = OrtDerAngaben(Wohin, Name);
     Dateiersatz Ersatz;
-    if (Ersatz.Öffnen(Datei, Datei + "~") == Dateiersatz::Öffnung::Gesperrt) return Systemfehler(EEXIST);
+    if (Ersatz.Öffnen(Datei, VorläufigerName(Datei)) == Dateiersatz::Öffnung::Gesperrt)
+        return Systemfehler(EEXIST);
     if (Ersatz.Schreiben(Inhalt) && Ersatz.Übernehmen(false, Vorhandenes::Lassen)) return {};
     return Ersatz.Fehler();
 }

@@ -200,7 +200,7 @@ Dateiersatz::Öffnung Sperren(Dateiersatz& Ersatz, const std::string& Pfad) {
     constexpr int Versuche = 40;
     constexpr std::chrono::milliseconds Pause(25);
     for (int Nummer = 1;; ++Nummer) {
-        const auto Zustand = Ersatz.Öffnen(Pfad, Pfad + "~");
+        const auto Zustand = Ersatz.Öffnen(Pfad, VorläufigerName(Pfad), {}, Zugang::NurEigener);
         if (Zustand != Dateiersatz::Öffnung::Gesperrt || Nummer == Versuche) return Zustand;
         std::this_thread::sleep_for(Pause);
     }
@@ -247,7 +247,7 @@ std::string Wertdatei::Sichern() {
         return "Die Einstellungen konnten nicht in der Datei '" + Datei +
                "' gespeichert werden: " + std::string(Grund) + ".";
     };
-    if (const auto Fehler = OrdnerAnlegen(PfadVon(Datei))) return Meldung(Fehler.Text);
+    if (const auto Fehler = OrdnerAnlegen(PfadVon(Datei), Zugang::NurEigener)) return Meldung(Fehler.Text);
     Dateiersatz Ersatz;
     switch (Sperren(Ersatz, Datei)) {
         case Dateiersatz::Öffnung::Gesperrt:

@@ -20,16 +20,16 @@ bool DateiPrüfen(const std::string& Pfad) {
     return false;
 }
 
-struct Zugang {
+struct Zuwachs {
     std::vector<std::string> Dateien;
     bool Gelungen = true;
 };
 
 // Adds the folders and the files of the play lists among the paths, and collects the other files; what is
 // none of them is told and passed over.
-Zugang SammlungenHinzufügen(Programmlauf& Lauf, const std::vector<std::string>& Pfade,
-                            const Befehlseingabe& Eingabe) {
-    Zugang Ergebnis;
+Zuwachs SammlungenHinzufügen(Programmlauf& Lauf, const std::vector<std::string>& Pfade,
+                             const Befehlseingabe& Eingabe) {
+    Zuwachs Ergebnis;
     for (const auto& Pfad : Pfade) {
         if (AlsOrdnerHinzufügbar(Pfad)) {
             Ordnerauftrag Auftrag;
@@ -112,7 +112,7 @@ Ausgang HinzufügenAusführen(const Globaloptionen& Global, const Befehlseingabe
     if (!Lauf.Bereit() || !Lauf.IndexLaden(true)) return Ausgang::Fehlgeschlagen;
     const Katalog& Index = Lauf.Programm().Index;
     const Satznummer Vorher = Index.IndexAnzahl();
-    Zugang Ergebnis = SammlungenHinzufügen(Lauf, Pfade, Eingabe);
+    Zuwachs Ergebnis = SammlungenHinzufügen(Lauf, Pfade, Eingabe);
     if (!Ergebnis.Dateien.empty() &&
         DateienHinzufügenLauf(Lauf.Programm(), Ergebnis.Dateien, {false, false}, true) < 0)
         Ergebnis.Gelungen = false;

@@ -79,11 +79,14 @@ bool Bestätigt(Programmlauf& Lauf, const std::string& Frage) {
 // Puts an empty index in the place of an existing file, in one step.
 bool DurchLeerenErsetzen(const std::string& Name) {
     Dateiersatz Ersatz;
-    if (Ersatz.Öffnen(Name, TemporärnameVon(Name)) == Dateiersatz::Öffnung::Bereit &&
+    const auto Fremdes = TemporärnamePrüfen(Name);
+    if (!Fremdes && Ersatz.Öffnen(Name, TemporärnameVon(Name)) == Dateiersatz::Öffnung::Bereit &&
         Ersatz.Schreiben(std::string(IndexVersionNeu) + std::string(Zeilenende)) && Ersatz.Übernehmen())
         return true;
     Fehlermelden("Die Indexdatei '" + Name + "' konnte nicht ersetzt werden: " +
-                 (Ersatz.Fehler() ? Ersatz.Fehler().Text : "Sie wird gerade gespeichert."));
+                 (Fremdes           ? Fremdes.Text
+                  : Ersatz.Fehler() ? Ersatz.Fehler().Text
+                                    : "Sie wird gerade gespeichert."));
     return false;
 }
 
