@@ -22,17 +22,18 @@ void PlaylistePrüfen(std::string_view Eingabe) {
     constexpr Listenart Arten[] = {Listenart::M3u, Listenart::Pls, Listenart::Namen};
     const auto Art = Arten[static_cast<unsigned char>(Eingabe.front()) % std::size(Arten)];
     Eingabe.remove_prefix(1);
-    const Listeninhalt Inhalt = ListeZerlegen(Eingabe, Art);
     const Listenort Ort{Ablage(), "/"};
     Namensfunde Funde;
-    for (const Listenname& Name : Inhalt.Namen) {
+    ListeZerlegen(Eingabe, Art, [&](const Listenname& Name, std::size_t Gelesen) {
+        Fordern(Gelesen <= Eingabe.size(), "Eine Liste wird nicht über ihr Ende hinaus gelesen");
         Fordern(Name.Text.find_first_of(std::string_view("\r\n\0", 3)) == std::string::npos,
                 "Ein Name aus einer Liste hat kein Zeilenende und kein NUL");
         // Looks for a name on the disk many times over; a few of them show what there is to see.
         if (Funde.Zeilen.size() < 8) {
             if (auto Fund = NamenAuflösen(Name, Ort)) Funde.Zeilen.push_back(*Fund);
         }
-    }
+        return true;
+    });
     NamenKorrigieren(Funde, {"/a/x.mp3", "C:\\b\\X.MP3"});
 
     PfadAusUri(Eingabe);

@@ -6,6 +6,7 @@
 #include "basis/pfad.h"
 #include "basis/text.h"
 #include "basis/zahl.h"
+#include "core/regelvertrauen.h"
 #include "core/terminlauf.h"
 #include "medien/cdtitel.h"
 
@@ -130,7 +131,10 @@ Indexumgebung IndexumgebungVon(Anwendung& Programm) {
             MedienleserVon(Programm),
             std::move(Prüfen),
             Programm.Dienst.Temporärindex,
-            [&Programm](std::string_view Datei) { TerminvertrauenMerken(Programm, Datei); }};
+            [&Programm](std::string_view Datei) {
+                TerminvertrauenMerken(Programm, Datei);
+                RegelvertrauenMerken(Programm, Datei);
+            }};
 }
 
 Hinzufügeumgebung HinzufügeumgebungVon(Anwendung& Programm) {

@@ -1,6 +1,7 @@
 #include "core/indexoptionenlauf.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "basis/pfad.h"
 #include "basis/text.h"
@@ -155,7 +156,8 @@ void IndexoptionenÜbernehmen(Anwendung& Programm, Indexoptionen Neu) {
     Neu.DateitypenLeer = Neu.Dateitypen.empty() ? 1 : 0;
     if (Neu == Programm.Index.Optionen) return;
     const bool Tags = Neu.SpaltenBeideTags != Programm.Index.Optionen.SpaltenBeideTags;
-    Programm.Index.Optionen = std::move(Neu);
+    const Indexoptionen Alt = std::exchange(Programm.Index.Optionen, std::move(Neu));
+    RegelnEingetragen(Programm, Alt);
     Programm.Index.IndexGeändert = true;
     SpaltenAusIndex(Programm);
     // What the running search finds may hang on it.

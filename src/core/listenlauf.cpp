@@ -26,24 +26,30 @@ bool Brauchbar(const Anwendung& Programm, const Namensfund& Fund) {
 // The files that the bytes of a list name; nothing when the person cancelled.
 std::optional<Namensfunde> NamenSuchen(Anwendung& Programm, std::string_view Bytes, Listenart Art,
                                        const std::string& Quelle) {
-    const Listeninhalt Inhalt = ListeZerlegen(Bytes, Art);
+    const bool ZuGroß = Bytes.size() > ListeHöchstens;
+    if (ZuGroß) Bytes = Bytes.substr(0, ListeHöchstens);
     const Listenort Ort = OrtVon(Programm, Quelle);
-    Namensfunde Funde{Quelle, {}, Inhalt.Ströme, Inhalt.ZuLang, false};
+    Namensfunde Funde{Quelle, {}, 0, 0, false};
     Oberfläche& Person = Programm.Dienst.Person;
     if (Programm.Werte.StartBildschirm == 1)
         Person.FortschrittStarten("Suche die Dateien der Liste", true,
-                                  static_cast<std::int64_t>(Inhalt.Namen.size()));
-    bool Weiter = true;
-    std::int64_t Position = 0;
-    for (const Listenname& Name : Inhalt.Namen) {
-        Weiter = Person.FortschrittZeigen({}, ++Position);
-        if (!Weiter) break;
+                                  static_cast<std::int64_t>(Bytes.size()));
+    bool Abgebrochen = false;
+    std::uint64_t Pfadbytes = 0;
+    const auto Bilanz = ListeZerlegen(Bytes, Art, [&](const Listenname& Name, std::size_t Gelesen) {
+        Abgebrochen = !Person.FortschrittZeigen({}, static_cast<std::int64_t>(Gelesen));
+        if (Abgebrochen) return false;
         auto Fund = NamenAuflösen(Name, Ort);
-        if (Fund && (Art != Listenart::Namen || Brauchbar(Programm, *Fund)))
-            Funde.Zeilen.push_back(std::move(*Fund));
-    }
+        if (!Fund || (Art == Listenart::Namen && !Brauchbar(Programm, *Fund))) return true;
+        Pfadbytes += Fund->Pfad.size();
+        Funde.Zeilen.push_back(std::move(*Fund));
+        return Pfadbytes <= FundeHöchstens;
+    });
     Person.FortschrittSchließen();
-    return Weiter ? std::optional(std::move(Funde)) : std::nullopt;
+    Funde.Ströme = Bilanz.Ströme;
+    Funde.ZuLang = Bilanz.ZuLang;
+    Funde.Gekürzt = ZuGroß || Bilanz.Gekürzt || Pfadbytes > FundeHöchstens;
+    return Abgebrochen ? std::nullopt : std::optional(std::move(Funde));
 }
 
 std::optional<Namensfunde> ListeLesen(Anwendung& Programm, const std::string& Datei, Listenart Art) {
@@ -55,9 +61,8 @@ std::optional<Namensfunde> ListeLesen(Anwendung& Programm, const std::string& Da
                                           "\n\n" + std::string(ZugriffsHinweis));
         return std::nullopt;
     }
-    auto Funde = NamenSuchen(Programm, Offen.Lesen(0, ListeHöchstens), Art, Datei);
-    if (Funde) Funde->Gekürzt = Offen.Größe() > ListeHöchstens;
-    return Funde;
+    // One byte more tells that there is more.
+    return NamenSuchen(Programm, Offen.Lesen(0, ListeHöchstens + 1), Art, Datei);
 }
 
 // What the person should know about a list, whose summary was not shown; empty when all is well.
@@ -75,7 +80,7 @@ std::string Bilanz(const Namensfunde& Funde) {
     }
     Zeile(Funde.Ströme, " Internet-Adresse(n) wurden übergangen, da sie keine Dateien sind.");
     Zeile(Funde.ZuLang, " Zeile(n) wurden übergangen, da sie keinen Dateinamen enthalten können.");
-    if (Funde.Gekürzt) Text += "\nDie Liste ist zu lang; nur ihre ersten 64 MB wurden gelesen.";
+    if (Funde.Gekürzt) Text += "\nDie Liste ist zu lang; nur ihr Anfang wurde gelesen.";
     Zeile(Fehlend, " Datei(en) wurden nicht gefunden:");
     if (Fehlend > 0) Text += Namen + (Fehlend > Höchstens ? "\n..." : "");
     return Text.empty() ? Text : "Hinweise über " + Liste + ":" + Text;

@@ -63,12 +63,15 @@ std::vector<std::string> Namen(std::string_view Pfad, std::string_view Zeichen) 
 // root.
 std::string Zusammen(std::string_view Ordner, const std::vector<std::string>& Rest) {
     std::string Pfad(Ordner);
+    const char Trennzeichen = Trenner(Ordner);
     for (const auto& Name : Rest) {
         if (Name == "..") {
             if (Pfad.empty() || Pfad == "/") return {};
             Pfad = PfadVon(Pfad);
         } else {
-            Pfad = PfadVerbinden(Pfad, Name);
+            // In place: to make each of the longer and longer paths anew takes its time with many names.
+            if (!Pfad.empty() && !Pfad.ends_with(Trennzeichen)) Pfad += Trennzeichen;
+            Pfad += Name;
         }
     }
     return Pfad;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 #include "basis/pfad.h"
 #include "basis/text.h"
@@ -40,11 +41,13 @@ std::string Utf16NachUtf8(std::string_view Bytes, bool HohesZuerst) {
 // The names of a list on their way out of its lines.
 class Zerleger {
   public:
-    explicit Zerleger(Listenart Form) : Art(Form) {}
+    Zerleger(Listenart Form, const Namensempfänger& Wohin) : Art(Form), Empfänger(Wohin) {}
 
-    void Zeile(std::string_view Text) {
+    // One line, Ende bytes of the list being gone through with it.
+    void Zeile(std::string_view Text, std::size_t Ende) {
+        Stelle = Ende;
         if (Text.size() > LängsteZeile || Text.find('\0') != std::string_view::npos) {
-            ++Inhalt.ZuLang;
+            ++Bilanz.ZuLang;
             return;
         }
         Text = Kürzen(Text);
@@ -59,11 +62,17 @@ class Zerleger {
         }
     }
 
-    Listeninhalt Fertig() {
+    // Nobody wants to have more.
+    bool Voll() const { return Beendet; }
+
+    Listenbilanz Fertig() {
         // The numbers tell the order, whatever the order of the lines.
-        for (auto& [Nummer, Wert] : Nummeriert)
+        std::ranges::stable_sort(Nummeriert, {}, &Nummerierter::first);
+        for (const auto& [Nummer, Wert] : Nummeriert) {
+            if (Beendet) break;
             Name(Wert);
-        return std::move(Inhalt);
+        }
+        return Bilanz;
     }
 
   private:
@@ -72,7 +81,12 @@ class Zerleger {
         if (Gleich == std::string_view::npos || !BeginntMitOhneGroß(Text, "file")) return;
         const auto Nummer = GanzzahlLesen<std::int32_t>(Kürzen(Text.substr(4, Gleich - 4)));
         const auto Wert = Kürzen(Text.substr(Gleich + 1));
-        if (Nummer && !Wert.empty()) Nummeriert.emplace(*Nummer, Wert);
+        if (!Nummer || Wert.empty()) return;
+        if (Nummeriert.size() < ListennamenHöchstens) {
+            Nummeriert.emplace_back(*Nummer, Wert);
+        } else {
+            Bilanz.Gekürzt = true;
+        }
     }
 
     // One column or quoted value of several: which of them is a file name shows on the disk only.
@@ -94,16 +108,26 @@ class Zerleger {
         const auto Schema = UriSchema(Text);
         if (Text.substr(Schema.size()).starts_with("://") && !Schema.empty() &&
             !GleichOhneGroß(Schema, "file")) {
-            ++Inhalt.Ströme;
+            ++Bilanz.Ströme;
             return;
         }
         // "#1 Hit.mp3" may be a remark and may be a file.
-        Inhalt.Namen.push_back({std::string(Text), NurVorhanden || Text.front() == '#'});
+        if (Anzahl == ListennamenHöchstens) {
+            Bilanz.Gekürzt = Beendet = true;
+        } else if (!Beendet) {
+            ++Anzahl;
+            Beendet = !Empfänger({std::string(Text), NurVorhanden || Text.front() == '#'}, Stelle);
+        }
     }
 
     Listenart Art;
-    Listeninhalt Inhalt;
-    std::multimap<std::int32_t, std::string> Nummeriert;
+    const Namensempfänger& Empfänger;
+    Listenbilanz Bilanz;
+    std::size_t Anzahl = 0;
+    std::size_t Stelle = 0;
+    bool Beendet = false;
+    using Nummerierter = std::pair<std::int32_t, std::string_view>;
+    std::vector<Nummerierter> Nummeriert;
 };
 
 }  // namespace
@@ -116,7 +140,8 @@ Listenart PlaylistenArt(std::string_view Pfad) {
     return EndetMitOhneGroß(Pfad, ".pls") ? Listenart::Pls : Listenart::M3u;
 }
 
-Listeninhalt ListeZerlegen(std::string_view Bytes, Listenart Art) {
+Listenbilanz ListeZerlegen(std::string_view Bytes, Listenart Art, const Namensempfänger& Empfänger) {
+    const std::size_t Größe = Bytes.size();
     std::string Umgewandelt;
     if (Bytes.starts_with(Utf8Marke)) {
         Bytes.remove_prefix(Utf8Marke.size());
@@ -124,10 +149,11 @@ Listeninhalt ListeZerlegen(std::string_view Bytes, Listenart Art) {
         Umgewandelt = Utf16NachUtf8(Bytes.substr(2), Bytes.front() == '\xFE');
         Bytes = Umgewandelt;
     }
-    Zerleger Lauf(Art);
-    while (!Bytes.empty()) {
+    Zerleger Lauf(Art, Empfänger);
+    while (!Bytes.empty() && !Lauf.Voll()) {
         const std::size_t Ende = std::min(Bytes.find_first_of("\r\n"), Bytes.size());
-        Lauf.Zeile(Bytes.substr(0, Ende));
+        // Text that was converted is longer or shorter than it was.
+        Lauf.Zeile(Bytes.substr(0, Ende), Größe - std::min(Größe, Bytes.size() - Ende));
         Bytes.remove_prefix(std::min(Ende + 1, Bytes.size()));
     }
     return Lauf.Fertig();

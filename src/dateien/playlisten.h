@@ -1,11 +1,12 @@
 // Lists of file names (play lists, plain texts, the clipboard): the names in them, and the files they mean.
 //
-// ListeZerlegen takes the bytes apart and is pure; NamenAuflösen looks on the disk for what a name may mean,
-// since such a list often comes from another program, another system or another place.
+// ListeZerlegen takes the bytes apart, name by name; NamenAuflösen looks on the disk for what a name may
+// mean, since such a list often comes from another program, another system or another place.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,15 +33,23 @@ struct Listenname {
     bool operator==(const Listenname&) const = default;
 };
 
-struct Listeninhalt {
-    std::vector<Listenname> Namen;  // in the order of the list
-    std::size_t Ströme = 0;         // addresses on the net
-    std::size_t ZuLang = 0;         // lines that are longer than any path, or hold a zero byte
+// What a list held beside its names.
+struct Listenbilanz {
+    std::size_t Ströme = 0;  // addresses on the net
+    std::size_t ZuLang = 0;  // lines that are longer than any path, or hold a zero byte
+    bool Gekürzt = false;    // it has more names than ListennamenHöchstens; the others were left out
 };
 
-// The names in the bytes of a list. Lines end with CR, LF or both; a byte-order mark of UTF-8 or UTF-16 is
-// understood.
-Listeninhalt ListeZerlegen(std::string_view Bytes, Listenart Art);
+// So many names of one list count.
+inline constexpr std::size_t ListennamenHöchstens = 1'000'000;
+
+// Takes one name after the other, in the order of the list, with the number of bytes of it that have been
+// gone through; false ends the list.
+using Namensempfänger = std::function<bool(const Listenname& Name, std::size_t Bytes)>;
+
+// Hands the names in the bytes of a list to Empfänger. Lines end with CR, LF or both; a byte-order mark of
+// UTF-8 or UTF-16 is understood. Of names that nobody keeps, none is held in memory.
+Listenbilanz ListeZerlegen(std::string_view Bytes, Listenart Art, const Namensempfänger& Empfänger);
 
 // A path that a name stands for.
 struct Namensfund {
@@ -55,11 +64,12 @@ struct Namensfunde {
     std::vector<Namensfund> Zeilen;
     std::size_t Ströme = 0;
     std::size_t ZuLang = 0;
-    bool Gekürzt = false;  // the list is longer than ListeHöchstens; its end was not read
+    bool Gekürzt = false;  // the list was too long; its end was not read
 };
 
-// Of a longer list only so many bytes are read.
+// Of a longer list only so many bytes are read, and the paths found in one hold no more than so many.
 inline constexpr std::uint64_t ListeHöchstens = 64ULL << 20;
+inline constexpr std::uint64_t FundeHöchstens = 256ULL << 20;
 
 // Where a list lies: its folder, and the drive that holds it (no name is looked for outside of it but by its
 // full path). Both empty for a list without a place.

@@ -1,6 +1,7 @@
 #include "index/dateitypen.h"
 
 #include <algorithm>
+#include <span>
 
 #include "basis/pfad.h"
 #include "basis/text.h"
@@ -28,6 +29,17 @@ const std::vector<Dateityp>& WeitereTypen() {
         {"mp4=1", "010"},  {"ape=1", "010"},  {"aif=1", "010"}, {"aiff=1", "010"},
     };
     return Weitere;
+}
+
+// The first of the deciding entries that is meant.
+template <typename Bedingung>
+const Dateityp* ErsterTyp(std::span<const Dateityp> Typen, const Bedingung& Gemeint) {
+    const auto Vorn = Typen.first(std::min(Typen.size(), HöchsteTypen / 2));
+    const auto Rest = Typen.subspan(Vorn.size());
+    for (const auto Teil : {Vorn, Rest.last(std::min(Rest.size(), HöchsteTypen / 2))}) {
+        if (const auto Fund = std::ranges::find_if(Teil, Gemeint); Fund != Teil.end()) return &*Fund;
+    }
+    return nullptr;
 }
 
 }  // namespace
@@ -68,20 +80,22 @@ std::string_view EintragsEndung(std::string_view Eintrag) {
     return Eintrag.substr(0, Eintrag.find('='));
 }
 
+const Dateityp* TypFinden(const std::vector<Dateityp>& Dateitypen, std::string_view Endung) {
+    return ErsterTyp(
+        Dateitypen, [&](const Dateityp& Typ) { return GleichOhneGroß(EintragsEndung(Typ.Eintrag), Endung); });
+}
+
 bool DateiTypErlaubt(const std::vector<Dateityp>& Dateitypen, std::string_view Pfad, bool NurMpeg,
                      bool NurBilder, bool NurAudio, bool NurVerwaltete) {
     std::string_view Endung = EndungVon(Pfad);
     const bool HatEndung = !Endung.empty();
     if (HatEndung) Endung.remove_prefix(1);
-    bool AlleVerwaltet = false;
-    for (const auto& [Eintrag, Schalter] : Dateitypen) {
-        if (HatEndung && GleichOhneGroß(EintragsEndung(Eintrag), Endung)) {
-            if (NurVerwaltete && Eintrag.ends_with('0')) return false;
-            return SchalterErlauben(Schalter, NurMpeg, NurBilder, NurAudio);
-        }
-        if (Eintrag == "*=1") AlleVerwaltet = true;
+    if (const Dateityp* const Typ = HatEndung ? TypFinden(Dateitypen, Endung) : nullptr) {
+        if (NurVerwaltete && Typ->Eintrag.ends_with('0')) return false;
+        return SchalterErlauben(Typ->Schalter, NurMpeg, NurBilder, NurAudio);
     }
-    return NurVerwaltete && AlleVerwaltet;
+    return NurVerwaltete &&
+           ErsterTyp(Dateitypen, [](const Dateityp& Typ) { return Typ.Eintrag == "*=1"; }) != nullptr;
 }
 
 }  // namespace liedwerk

@@ -1,6 +1,7 @@
 // The file-type table of an index: which extensions are managed and what kind of media they are.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +24,13 @@ std::vector<Dateityp> Grundtypen(bool MitWeiteren);
 std::vector<Dateityp> FehlendeGrundtypen(const std::vector<Dateityp>& Dateitypen, bool MitWeiteren);
 // True for the extension (with its dot) of a further format.
 bool IstWeiteresFormat(std::string_view Endung);
+
+// So many entries of a table decide, half of them at its beginning and half at its end, where those of the
+// program stand. No person has as many; a longer table stays whole, but no file costs a walk through it.
+inline constexpr std::size_t HöchsteTypen = 1000;
+
+// The first deciding entry of the table for an extension (without its dot, in any spelling); none: nullptr.
+const Dateityp* TypFinden(const std::vector<Dateityp>& Dateitypen, std::string_view Endung);
 
 // The file-type test. The first entry whose extension equals the path's (without regard to case) decides.
 bool DateiTypErlaubt(const std::vector<Dateityp>& Dateitypen, std::string_view Pfad, bool NurMpeg,

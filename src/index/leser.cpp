@@ -225,6 +225,10 @@ void DateitypenErgänzen(const Ladevorgang& Lauf) {
         Lauf.Umgebung.Log.Schreiben("DateiLesen: DateitypenVerwalten erstellen für Endung '" +
                                     Vorgabe.Eintrag + "'");
     }
+    if (Optionen.Dateitypen.size() > HöchsteTypen)
+        Lauf.Umgebung.Log.Schreiben("DateiLesen: Zu viele Dateitypen - von " +
+                                    std::to_string(Optionen.Dateitypen.size()) + " entscheiden nur " +
+                                    std::to_string(HöchsteTypen));
 }
 
 // The other two ways begin with the options of the temporary index, but with rules of their own.

@@ -38,10 +38,8 @@ std::optional<Dateiart> DateiartFinden(const Medienumgebung& Umgebung, std::stri
     const std::vector<Dateityp>* const Dateitypen = Umgebung.Dateitypen;
     const std::string_view Endung = EndungVon(Pfad);
     if (Dateitypen == nullptr || Endung.empty()) return std::nullopt;
-    const auto Eintrag = std::find_if(Dateitypen->begin(), Dateitypen->end(), [&](const Dateityp& Typ) {
-        return GleichOhneGroß(EintragsEndung(Typ.Eintrag), Endung.substr(1));
-    });
-    if (Eintrag == Dateitypen->end()) return std::nullopt;
+    const Dateityp* const Eintrag = TypFinden(*Dateitypen, Endung.substr(1));
+    if (Eintrag == nullptr) return std::nullopt;
     const auto Gesetzt = [&](std::size_t Stelle) {
         return Stelle < Eintrag->Schalter.size() && Eintrag->Schalter[Stelle] == '1';
     };

@@ -1,8 +1,12 @@
 // Lists of file names and the synchronisation: what comes in, what goes, and what must never go.
 #include <chrono>
+#include <deque>
+#include <functional>
 
+#include "core/indexoptionenlauf.h"
 #include "core/laden.h"
 #include "core/listenlauf.h"
+#include "core/regelvertrauen.h"
 #include "core/synchronisierlauf.h"
 #include "welt.h"
 
@@ -283,6 +287,73 @@ TEST_F(Aufnahmetest, EinAbbruchDerPrüfungEntferntNichts) {
     P->Index.Programmmodus = ModusDateimanager;
     EXPECT_FALSE(SynchronisierenLauf(*P).Gelungen);
     EXPECT_EQ(Person.Meldungen.back(), "Diese Funktion steht im Dateimanager-Modus nicht zur Verfügung.");
+}
+
+TEST_F(Aufnahmetest, FremdeRegelnVerschiebenErstNachEinerFrage) {
+    const SyncRegel Fremde{"/home/anna", 1, "/srv/alle"};
+    const auto Neustart = [&] {
+        NeuerLauf();
+        P->Dienst.DateiPrüfsumme = [](std::string_view Pfad) { return DateiLesen(Pfad).value_or(""); };
+        StandardDateiLaden(*P, ModusNichtsGeladen, true);
+        Person.Gefragt.clear();
+    };
+    // What becomes of the index before it is loaded, whether the rules may run, and the questions it takes.
+    struct Fall {
+        const char* Name;
+        std::function<void()> Vorher;
+        std::deque<Antwort> Antworten;
+        bool Erlaubt;
+        std::size_t Fragen;
+    };
+    const auto Ablegen = [&](std::string_view Zeilen) {
+        return [=, this] { Datei("programm/lwStamm.lwi", "#TAG:lw102\r\n" + std::string(Zeilen)); };
+    };
+    const auto Fremd = Ablegen("#OPT:SYNC=/home/anna,1,/srv/alle\r\n");
+    const std::vector<Fall> Fälle = {
+        {"nothing is moved", Ablegen("#OPT:SYNC=/home/anna,1,\r\n"), {}, true, 0},
+        {"a stranger's", Fremd, {}, false, 1},
+        {"asked again after no", [] {}, {Antwort::Ja}, true, 1},
+        {"kept with the file", [] {}, {}, true, 0},
+        {"one more in the file",
+         Ablegen("#OPT:SYNC=/home/anna,1,/srv/alle\r\n#OPT:SYNC=/etc,0,/srv/b\r\n"),
+         {Antwort::Ja, Antwort::Nein},
+         false,
+         2},
+        {"what was allowed does not come back with another file", Fremd, {}, false, 1},
+    };
+    for (const auto& [Name, Vorher, Antworten, Erlaubt, Fragen] : Fälle) {
+        Vorher();
+        Neustart();
+        Person.Antworten = {Antworten.begin(), Antworten.end()};
+        EXPECT_EQ(RegelnErlauben(*P), Erlaubt) << Name;
+        EXPECT_EQ(Person.Gefragt.size(), Fragen) << Name;
+        if (Erlaubt) {
+            EXPECT_TRUE(RegelnErlauben(*P)) << Name;
+            EXPECT_EQ(Person.Gefragt.size(), Fragen) << "once for each rule";
+        }
+    }
+    EXPECT_NE(Person.Gefragt[0].find("'/home/anna' und seinen Unterordnern\nin den Ordner\n'/srv/alle'"),
+              std::string::npos);
+    // What the person enters needs no question, neither after a save; what stood there still does.
+    Indexoptionen Neu = P->Index.Optionen;
+    Neu.SyncOrdner.push_back({"/m/neu", 0, "/m/alle"});
+    Neu.SyncLeer = 0;
+    IndexoptionenÜbernehmen(*P, Neu);
+    Person.Gefragt.clear();
+    EXPECT_FALSE(RegelnErlauben(*P));
+    EXPECT_EQ(Person.Gefragt.size(), 1U);
+    ASSERT_TRUE(IndexSpeichern(*P));
+    Neustart();
+    EXPECT_FALSE(RegelnErlauben(*P)) << "a save alone makes nobody's rule trusted";
+    std::erase(Neu.SyncOrdner, Fremde);
+    Neu.SyncOrdner.push_back({"/m/zwei", 0, "/m/alle"});
+    IndexoptionenÜbernehmen(*P, Neu);
+    Person.Antworten = {Antwort::Ja};
+    EXPECT_TRUE(RegelnErlauben(*P));
+    ASSERT_TRUE(IndexSpeichern(*P));
+    Neustart();
+    EXPECT_TRUE(RegelnErlauben(*P));
+    EXPECT_TRUE(Person.Gefragt.empty());
 }
 
 TEST_F(Aufnahmetest, EineListeGehtÜberDieZusammenfassungUndIhreKorrektur) {

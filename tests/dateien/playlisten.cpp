@@ -12,11 +12,14 @@ using namespace std::string_literals;
 
 using Texte = std::vector<std::string>;
 
-Texte Namen(const Listeninhalt& Inhalt) {
+std::pair<Texte, Listenbilanz> Zerlegen(std::string_view Bytes, Listenart Art, std::size_t Höchstens = -1) {
     Texte Alle;
-    for (const auto& Name : Inhalt.Namen)
+    const auto Bilanz = ListeZerlegen(Bytes, Art, [&](const Listenname& Name, std::size_t Gelesen) {
+        EXPECT_LE(Gelesen, Bytes.size());
         Alle.push_back((Name.NurVorhanden ? "?" : "") + Name.Text);
-    return Alle;
+        return Alle.size() < Höchstens;
+    });
+    return {Alle, Bilanz};
 }
 
 TEST(Playliste, ZerlegtJedeFormInIhreNamen) {
@@ -48,14 +51,27 @@ TEST(Playliste, ZerlegtJedeFormInIhreNamen) {
         {"", Listenart::Pls, {}},
     };
     for (const auto& [Bytes, Art, Erwartet, Ströme] : Fälle) {
-        const auto Inhalt = ListeZerlegen(Bytes, Art);
-        EXPECT_EQ(Namen(Inhalt), Erwartet) << Bytes;
-        EXPECT_EQ(Inhalt.Ströme, Ströme) << Bytes;
+        const auto [Namen, Bilanz] = Zerlegen(Bytes, Art);
+        EXPECT_EQ(Namen, Erwartet) << Bytes;
+        EXPECT_EQ(Bilanz.Ströme, Ströme) << Bytes;
+        EXPECT_FALSE(Bilanz.Gekürzt) << Bytes;
+        // Whoever has enough gets no more.
+        EXPECT_EQ(Zerlegen(Bytes, Art, 1).first.size(), std::min<std::size_t>(Erwartet.size(), 1));
     }
-    const auto Müll =
-        ListeZerlegen(std::string(1 << 20, 'x') + "\na\0b\n"s + std::string(9, '\0'), Listenart::M3u);
-    EXPECT_TRUE(Müll.Namen.empty());
+    const auto [Keine, Müll] =
+        Zerlegen(std::string(1 << 20, 'x') + "\na\0b\n"s + std::string(9, '\0'), Listenart::M3u);
+    EXPECT_TRUE(Keine.empty());
     EXPECT_EQ(Müll.ZuLang, 3U);
+    // More names than anybody has: the first ones count, and it is told.
+    for (const auto& [Zeile, Art] :
+         {std::pair{"a\n"s, Listenart::M3u}, {"a\n"s, Listenart::Namen}, {"file1=a\n"s, Listenart::Pls}}) {
+        std::string Viele;
+        for (std::size_t Anzahl = 0; Anzahl <= ListennamenHöchstens; ++Anzahl)
+            Viele += Zeile;
+        const auto [Erste, Bilanz] = Zerlegen(Viele, Art);
+        EXPECT_EQ(Erste.size(), ListennamenHöchstens) << Zeile;
+        EXPECT_TRUE(Bilanz.Gekürzt) << Zeile;
+    }
 }
 
 TEST(Playliste, FindetDieGemeinteDatei) {

@@ -185,6 +185,13 @@ TEST(Dateitypen, DieErsteGleicheEndungEntscheidet) {
         }
         EXPECT_EQ(Ist, Soll) << Pfad;
     }
+    // A table that nobody has made by hand: its ends decide, and a test costs the same for any length.
+    std::vector<Dateityp> Viele(300'000, {"x=1", "010"});
+    Viele[0].Eintrag = "vorn=1";
+    Viele[150'000].Eintrag = "mitten=1";
+    Viele.back().Eintrag = "hinten=1";
+    for (const auto& [Endung, Soll] : {std::pair{"VORN", true}, {"mitten", false}, {"hinten", true}})
+        EXPECT_EQ(TypFinden(Viele, Endung) != nullptr, Soll) << Endung;
 }
 
 }  // namespace

@@ -130,6 +130,12 @@ TEST_F(Aufnahme, SynchronisierenStehtInMenüUndFunktionsleiste) {
     std::filesystem::remove(Welt.Ordner() + "/Musik/zwei.mp3");
     Auslösen(Eins, u"mnuListeAufräumen"_s);
     EXPECT_EQ(Eins.Zeilen(), 2);
+    // A rule that moves files, which nobody has entered here: the preset answer is no.
+    Eins.Programm.Index.Optionen.SyncOrdner[0].KopierenInOrdner = Welt.Ordner() + "/anderswo";
+    Auslösen(Eins, u"mnuListeAufräumen"_s);
+    EXPECT_FALSE(OrdnerExistiert(Welt.Ordner() + "/anderswo"));
+    Eins.Programm.Index.Optionen.SyncOrdner[0].KopierenInOrdner.clear();
+    Auslösen(Eins, u"mnuListeAufräumen"_s);
     EXPECT_EQ(Eins.Person.Status.back(),
               "Synchronisation fertig: 1 Datei(en) entfernt, 0 Datei(en) hinzugefügt");
 }

@@ -73,6 +73,10 @@ std::optional<std::string> Systempfad(std::string_view Pfad) {
         errno = EINVAL;
         return std::nullopt;
     }
+    if (!IstPosixPfad(Pfad)) {
+        errno = ENOENT;
+        return std::nullopt;
+    }
     return std::string(Pfad);
 }
 
@@ -198,7 +202,7 @@ Dateifehler DateiUmbenennen(std::string_view Alt, std::string_view Neu, Vorhande
 
 Dateifehler OrdnerAnlegen(std::string_view Pfad, Zugang FürNeue) {
     const auto Ganz = Systempfad(Pfad);
-    if (!Ganz || Ganz->empty()) return Systemfehler(Ganz ? ENOENT : EINVAL);
+    if (!Ganz) return LetzterSystemfehler();
     for (std::size_t Ende = 0; Ende < Ganz->size();) {
         Ende = std::min(Ganz->find('/', Ende + 1), Ganz->size());
         const std::string Teil = Ganz->substr(0, Ende);

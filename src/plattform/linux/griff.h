@@ -15,8 +15,9 @@ namespace liedwerk {
 inline constexpr std::string_view DateiVerändert =
     "Die Datei wurde inzwischen von einem anderen Programm verändert";
 
-// The path as the system takes it; nothing (and errno is EINVAL) when it holds a NUL byte, behind which the
-// system would not read on.
+// The path as the system takes it; nothing when it holds a NUL byte (errno is EINVAL), behind which the
+// system would not read on, or is no full path (errno is ENOENT): an index from elsewhere may hold a relative
+// one, which would mean a file of the folder that the program happens to stand in.
 std::optional<std::string> Systempfad(std::string_view Pfad);
 
 // Repeats a system call that a signal has interrupted.

@@ -1,6 +1,7 @@
 #include "ui/qt/indexaktionen.h"
 
 #include "core/ordnerwechsel.h"
+#include "core/regelvertrauen.h"
 #include "core/synchronisierlauf.h"
 #include "ui/qt/erscheinung.h"
 #include "ui/qt/frmindexhinzufuegenzusammenfassung.h"
@@ -13,7 +14,7 @@ namespace {
 void cmdListeAufräumen_Click(Fensterplatz& Platz) {
     if (auto* const Knopf = Platz.Fenster.findChild<QToolButton*>(u"cmdListeAufräumen"_s))
         BesuchtFärben(*Knopf, Platz.Programm.Werte);
-    SynchronisierenLauf(Platz.Programm);
+    if (RegelnErlauben(Platz.Programm)) SynchronisierenLauf(Platz.Programm);
 }
 
 }  // namespace
