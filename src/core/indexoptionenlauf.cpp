@@ -5,6 +5,7 @@
 
 #include "basis/pfad.h"
 #include "basis/text.h"
+#include "core/regelvertrauen.h"
 #include "core/suchlauf.h"
 #include "index/optionszeilen.h"
 

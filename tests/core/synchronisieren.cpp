@@ -7,6 +7,7 @@
 #include "core/laden.h"
 #include "core/listenlauf.h"
 #include "core/regelvertrauen.h"
+#include "core/suchlauf.h"
 #include "core/synchronisierlauf.h"
 #include "welt.h"
 
@@ -330,6 +331,7 @@ TEST_F(Aufnahmetest, FremdeRegelnVerschiebenErstNachEinerFrage) {
         if (Erlaubt) {
             EXPECT_TRUE(RegelnErlauben(*P)) << Name;
             EXPECT_EQ(Person.Gefragt.size(), Fragen) << "once for each rule";
+            EXPECT_TRUE(IndexSpeichern(*P));
         }
     }
     EXPECT_NE(Person.Gefragt[0].find("'/home/anna' und seinen Unterordnern\nin den Ordner\n'/srv/alle'"),
