@@ -29,6 +29,10 @@ bauen() {
         cat "$protokoll" >&2
         scheitern "Der Bau „$vorgabe“ ließ sich nicht einrichten (siehe oben)."
     }
+    # A build folder of another compiler is set up anew; else it would keep nothing of the preset.
+    if grep -q 'cache to be deleted' "$protokoll"; then
+        (cd "$WURZEL" && cmake --fresh --preset "$vorgabe" >"$protokoll" 2>&1)
+    fi
     (cd "$WURZEL" && cmake --build --preset "$vorgabe" -j "$KERNE" "${ziele[@]}" -- --quiet) |
         sed '/^ninja: no work to do/d' ||
         scheitern "Der Bau „$vorgabe“ ist fehlgeschlagen (siehe oben)."
