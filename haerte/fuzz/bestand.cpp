@@ -118,10 +118,13 @@ void Exportieren(const Katalog& Index, const Indexwelt& Welt) {
         const std::string Text = DateiInhalt(Auftrag.Datei);
         if (Modus == Exportmodus::Json) Fordern(IstUtf8(Text), "JSON ist gültiges UTF-8");
         if (!Passend || !IstPlayliste(Auftrag.Datei)) continue;
-        const auto Gelesen = ListeZerlegen(Text, PlaylistenArt(Auftrag.Datei));
-        Fordern(Gelesen.Namen.size() == Namen.size(), "Eine Playliste kommt mit allen Namen wieder");
-        for (std::size_t Stelle = 0; Stelle < Namen.size(); ++Stelle)
-            Gleich("Ein Name kommt aus der Playliste wieder", Namen[Stelle], Gelesen.Namen[Stelle].Text);
+        std::size_t Stelle = 0;
+        ListeZerlegen(Text, PlaylistenArt(Auftrag.Datei), [&](const Listenname& Einer, std::size_t) {
+            Fordern(Stelle < Namen.size(), "Eine Playliste kommt ohne weitere Namen wieder");
+            Gleich("Ein Name kommt aus der Playliste wieder", Namen[Stelle++], Einer.Text);
+            return true;
+        });
+        Fordern(Stelle == Namen.size(), "Eine Playliste kommt mit allen Namen wieder");
     }
 }
 

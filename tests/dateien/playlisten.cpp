@@ -12,7 +12,8 @@ using namespace std::string_literals;
 
 using Texte = std::vector<std::string>;
 
-std::pair<Texte, Listenbilanz> Zerlegen(std::string_view Bytes, Listenart Art, std::size_t Höchstens = -1) {
+std::pair<Texte, Listenbilanz> Zerlegen(std::string_view Bytes, Listenart Art,
+                                        std::size_t Höchstens = std::string::npos) {
     Texte Alle;
     const auto Bilanz = ListeZerlegen(Bytes, Art, [&](const Listenname& Name, std::size_t Gelesen) {
         EXPECT_LE(Gelesen, Bytes.size());
