@@ -190,7 +190,15 @@ void Prüfung::Fortsetzen(const Laufergebnis& Lauf, const std::string& Wie) {
     const bool Nochmals = Wer.Wiederholbar;
     // What was interrupted is made again.
     if (Wer.Grenze || Wer.Erneut) Laufen(Wo, Aufruf(Wo, MitJa(Wer.Befehl)), Grundstörung());
-    const auto Danach = Laufen(Wo, Aufruf(Wo, MitJa(Nochmals ? Wer.Befehl : Ansehen)), Grundstörung());
+    const Befehlszeile Nächster = MitJa(Nochmals ? Wer.Befehl : Ansehen);
+    auto Danach = Laufen(Wo, Aufruf(Wo, Nächster), Grundstörung());
+    // Which content is the right one only the person can say, and only in the window.
+    if (Wer.MehrereNamen && !Danach.Gelungen() &&
+        Danach.Meldungen.find("welcher Inhalt gilt") != std::string::npos) {
+        if (!Laufen(Wo, Aufruf(Wo, {"!retten"}), Grundstörung()).Gelungen())
+            Wohin.Bruch(Wie + ": nicht gerettet");
+        Danach = Laufen(Wo, Aufruf(Wo, Nächster), Grundstörung());
+    }
     const Welt Jetzt = WeltAufnehmen(Wo.Welt);
     const std::string Später = Wie + ", nächster Start: ";
     // A tag that is gone cannot be removed again.

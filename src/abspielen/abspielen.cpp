@@ -42,6 +42,12 @@ class Abspiellauf {
         Ergebnis.Gelungen = true;
         for (Stelle = 0; Stelle < Dateien.size(); ++Stelle) {
             const Satznummer Nummer = Dateien[Stelle];
+            // What a stranger's index calls a path may be an address or a switch. Neither reaches a program.
+            if (const std::string Pfad = Umgebung.Index.Sätze.Pfad(Nummer); !IstVollerPfad(Pfad)) {
+                Unvollständige.push_back(Pfad);
+                Ergebnis.Gelungen = false;
+                continue;
+            }
             const auto Antwort =
                 DateiNichtVerfügbarPrüfen(Umgebung.Index, Nummer, Umgebung.Medium, Umgebung.Datenträger,
                                           Umgebung.Spieler.Person, false);
@@ -91,11 +97,6 @@ class Abspiellauf {
     void AnAnwendung(Satznummer Nummer, std::string_view Programm) {
         const std::string Pfad = Umgebung.Index.Sätze.Pfad(Nummer);
         Melden(Pfad, "mit Standard-Anwendung aus (gewünscht)");
-        // What a stranger's index calls a path may be an address or a switch. Neither reaches a program.
-        if (!IstVollerPfad(Pfad)) {
-            Gestartet({0, "Das ist kein vollständiger Pfad."}, Pfad);
-            return;
-        }
         const bool Läuft = Gestartet(Programm.empty() ? Umgebung.Spieler.Programme.MitAnwendungÖffnen(Pfad)
                                                       : Umgebung.Spieler.Programme.Starten(Programm, {Pfad}),
                                      Pfad);
@@ -160,14 +161,28 @@ class Abspiellauf {
         return true;
     }
 
-    void CdTitelMelden() {
+    static std::string Genannte(const std::vector<std::string>& Pfade) {
         constexpr std::size_t GenanntHöchstens = 10;
+        std::string Text;
+        for (std::size_t i = 0; i < std::min(Pfade.size(), GenanntHöchstens); ++i)
+            Text += "\n" + Pfade[i];
+        if (Pfade.size() > GenanntHöchstens)
+            Text += "\n... und " + std::to_string(Pfade.size() - GenanntHöchstens) + " weitere";
+        return Text;
+    }
+
+    void UnvollständigeMelden() {
+        if (Unvollständige.empty()) return;
+        Umgebung.Spieler.Person.Melden(
+            Symbol::Ausrufezeichen,
+            "Diese Dateien können nicht übergeben werden, weil der Index keinen vollständigen Pfad nennt:" +
+                Genannte(Unvollständige) + "\n\nBitte fügen Sie die Dateien neu hinzu.");
+    }
+
+    void CdTitelMelden() {
         if (CdTitel.empty()) return;
-        std::string Text = "Diese Titel einer Audio-CD können nicht an Ihren Audioplayer übergeben werden:";
-        for (std::size_t i = 0; i < std::min(CdTitel.size(), GenanntHöchstens); ++i)
-            Text += "\n" + CdTitel[i];
-        if (CdTitel.size() > GenanntHöchstens)
-            Text += "\n... und " + std::to_string(CdTitel.size() - GenanntHöchstens) + " weitere";
+        std::string Text = "Diese Titel einer Audio-CD können nicht an Ihren Audioplayer übergeben werden:" +
+                           Genannte(CdTitel);
         if (std::ranges::any_of(CdTitel, LiegtInLaufwerk)) {
             Text +=
                 "\n\n'" + std::string(DateinameVon(Umgebung.Spieler.Werte.WinampPfad)) +
@@ -218,6 +233,7 @@ class Abspiellauf {
         }
         Ergebnis.Anzahl += Übergebene;
         CdTitelMelden();
+        UnvollständigeMelden();
         if (Übergebene > 0 && !Gescheitert && Umgebung.Spieler.Werte.AudioplayerNachrichtZeigen == 1 &&
             Umgebung.NachrichtZeigen)
             Umgebung.NachrichtZeigen();
@@ -235,6 +251,7 @@ class Abspiellauf {
     Playliste Liste;
     std::vector<Satznummer> Eingetragen;  // in the open list
     std::vector<std::string> CdTitel;     // that the player does not take
+    std::vector<std::string> Unvollständige;
     Abspielergebnis Ergebnis;
     int Übergebene = 0;  // files that went the way of the play list
     bool Geleert = false;
@@ -299,15 +316,6 @@ bool PlaylisteEintrag(Abspielumgebung& Umgebung, Playliste& Liste, Satznummer Nu
             "Die Datei '" + Pfad +
                 "' kann nicht an Ihren Audioplayer übergeben werden, weil ihr Name einen Zeilenumbruch "
                 "enthält.\nBitte benennen Sie die Datei um.");
-        return false;
-    }
-    // Players take any other line for an address, a comment or a file beside the list.
-    if (!IstVollerPfad(Pfad)) {
-        Umgebung.Spieler.Person.Melden(Symbol::Ausrufezeichen,
-                                       "Die Datei '" + Pfad +
-                                           "' kann nicht an Ihren Audioplayer übergeben werden, weil der "
-                                           "Index keinen vollständigen Pfad "
-                                           "nennt.\nBitte fügen Sie die Datei neu hinzu.");
         return false;
     }
     if (Umgebung.Spieler.Werte.PlaylistFürWinamp == 1) {

@@ -161,7 +161,8 @@ class Dateiersatz {
     // Prepares the replacement of Ziel through Temporär (same folder). An unlocked file of this user that
     // lies there is the rest of a run that was cut off and goes, so that name must be one that nobody else
     // uses; a link, a folder or another kind of file is an error. A file that is new under its name gets
-    // mode, owner and attributes of Vorbild when one is named, else what FürNeue says.
+    // mode, owner and attributes of Vorbild when one is named, else what FürNeue says. With NurEigener
+    // a file that stands there already is no longer for everybody either.
     Öffnung Öffnen(std::string Ziel, std::string Temporär, std::string Vorbild = {},
                    Zugang FürNeue = Zugang::Üblich);
     // Appends bytes; large pieces go straight to the system, small ones are collected. False after the first
@@ -192,6 +193,7 @@ class Dateiersatz {
     std::string Vorbildpfad;
     std::string Puffer;
     int Griff = -1;
+    bool NurFürEigenen = false;
     bool ZeitBehalten = false;
     std::int64_t ZeitSekunden = 0;
     std::int64_t ZeitNanosekunden = 0;

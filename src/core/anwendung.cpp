@@ -6,7 +6,6 @@
 #include "basis/pfad.h"
 #include "basis/text.h"
 #include "basis/zahl.h"
-#include "core/regelvertrauen.h"
 #include "core/terminlauf.h"
 #include "medien/cdtitel.h"
 
@@ -131,10 +130,7 @@ Indexumgebung IndexumgebungVon(Anwendung& Programm) {
             MedienleserVon(Programm),
             std::move(Prüfen),
             Programm.Dienst.Temporärindex,
-            [&Programm](std::string_view Datei) {
-                TerminvertrauenMerken(Programm, Datei);
-                RegelvertrauenMerken(Programm, Datei);
-            }};
+            [&Programm](std::string_view Datei) { TerminvertrauenMerken(Programm, Datei); }};
 }
 
 Hinzufügeumgebung HinzufügeumgebungVon(Anwendung& Programm) {

@@ -108,7 +108,6 @@ struct Anwendung {
     bool TerminePrüfenLäuft = false;
     std::function<void(std::size_t Nummer)> TerminzeileAuffrischen;  // while the list of events is open
     std::set<std::string, std::less<>> VertrauteProgramme;           // reminders' programs that start unasked
-    std::vector<SyncRegel> VertrauteRegeln;                          // rules that move files unasked
     // frmIndexHinzufügenZusammenfassung, modal: true when the rows, some of them corrected by now, shall be
     // added. Empty: nobody looks them over.
     std::function<bool(Namensfunde& Funde)> ZusammenfassungZeigen;

@@ -27,8 +27,11 @@ namespace {
 // beginning, which an editor may have put a byte order mark in front of.
 bool GiltAlsIndexdatei(const std::string& Datei) {
     if (!DateistandLesen(Datei)) return false;
-    // Its backups and unfinished saves carry its whole name.
-    if (PositionOhneGroß(DateinameVon(Datei), Indexendung) != std::string_view::npos) return true;
+    // Its backups and unfinished saves carry its whole name; so may a list that was made from it.
+    const std::string_view Name = DateinameVon(Datei);
+    if (EndetMitOhneGroß(Name, Indexendung) || EndetMitOhneGroß(Name, std::string(Indexendung) + "~") ||
+        (EndetMitOhneGroß(Name, Sicherungsendung) && PositionOhneGroß(Name, Indexendung) != Name.npos))
+        return true;
     constexpr std::string_view Bytefolgemarke = "\xEF\xBB\xBF";
     const std::string Anfang =
         Lesedatei::Öffnen(Datei).Lesen(0, Bytefolgemarke.size() + IndexVersionAnfang.size());

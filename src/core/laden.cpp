@@ -6,7 +6,6 @@
 #include "basis/pfad.h"
 #include "core/beenden.h"
 #include "core/hinzufuegelauf.h"
-#include "core/regelvertrauen.h"
 #include "core/startauftrag.h"
 #include "core/suchlauf.h"
 #include "core/terminlauf.h"
@@ -42,7 +41,6 @@ Ladeergebnis LadenOhneListe(Anwendung& Programm, const std::string& Name, std::i
     const auto Ergebnis = DateiLaden(Programm.Index, Programm.Werte, IndexumgebungVon(Programm), Name, true,
                                      StillErstellen || TemporärerIndex, Modus);
     TerminvertrauenLesen(Programm);
-    RegelvertrauenLesen(Programm);
     if (Ergebnis == Ladeergebnis::TagEditor && !Programm.TagLesenNurLauf) {
         Programm.TagLesenNurLauf = true;
         Programm.TagLesenGemerkt = TagLesenVorher;

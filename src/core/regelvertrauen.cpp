@@ -2,56 +2,47 @@
 
 #include <algorithm>
 
-#include "core/terminlauf.h"
+#include "basis/text.h"
 
 namespace liedwerk {
 namespace {
 
-// Names in the person's settings of what a program keeps for itself, no choice of the person.
-constexpr std::string_view SyncIndex = "SyncIndex";
-constexpr std::string_view SyncIndexPrüfsumme = "SyncIndexPrüfsumme";
+// Name in the person's settings of what a program keeps for itself, no choice of the person: the trusted
+// rules, the oldest first, a line each.
+constexpr std::string_view Regelwert = "SyncRegeln";
+constexpr std::size_t HöchsteRegelzahl = 200;
 
 bool Verschiebt(const SyncRegel& Regel) {
     return !Regel.KopierenInOrdner.empty();
 }
 
-bool Vertraut(const Anwendung& Programm, const SyncRegel& Regel) {
-    return !Verschiebt(Regel) ||
-           std::ranges::find(Programm.VertrauteRegeln, Regel) != Programm.VertrauteRegeln.end();
+// A rule of the loaded index. No path of an index holds a line end.
+std::string Regelzeile(const Anwendung& Programm, const SyncRegel& Regel) {
+    return Programm.Index.IndexDateiname + "\t" + Regel.Ordner + "\t" + std::to_string(Regel.Unterordner) +
+           "\t" + Regel.KopierenInOrdner;
 }
 
-void Vertrauen(Anwendung& Programm, const SyncRegel& Regel) {
-    if (!Vertraut(Programm, Regel)) Programm.VertrauteRegeln.push_back(Regel);
-}
-
-std::string Gemerkt(const Anwendung& Programm, std::string_view Name) {
-    const auto Wert = Programm.Dienst.Nutzerwerte.Lesen(Name);
+std::vector<std::string> Vertraute(const Anwendung& Programm) {
+    const auto Wert = Programm.Dienst.Nutzerwerte.Lesen(Regelwert);
     const auto* const Text = Wert ? std::get_if<std::string>(&*Wert) : nullptr;
-    return Text == nullptr ? std::string() : *Text;
+    return Text == nullptr || Text->empty() ? std::vector<std::string>() : Teilen(*Text, "\n");
+}
+
+bool Vertraut(const Anwendung& Programm, const SyncRegel& Regel) {
+    return !Verschiebt(Regel) || std::ranges::count(Vertraute(Programm), Regelzeile(Programm, Regel)) > 0;
+}
+
+// Written at once: a run that is cut off would otherwise ask for what it was told.
+void Vertrauen(Anwendung& Programm, const SyncRegel& Regel) {
+    if (Vertraut(Programm, Regel)) return;
+    auto Zeilen = Vertraute(Programm);
+    if (Zeilen.size() >= HöchsteRegelzahl) Zeilen.erase(Zeilen.begin());
+    Zeilen.push_back(Regelzeile(Programm, Regel));
+    Programm.Dienst.Nutzerwerte.Schreiben(Regelwert, Verbinden(Zeilen, "\n"));
+    Programm.Dienst.Nutzerwerte.Sichern();
 }
 
 }  // namespace
-
-void RegelvertrauenLesen(Anwendung& Programm) {
-    Programm.VertrauteRegeln.clear();
-    const auto& Regeln = Programm.Index.Optionen.SyncOrdner;
-    if (std::ranges::none_of(Regeln, Verschiebt)) return;
-    if (IstGeladeneDatei(Programm, Gemerkt(Programm, SyncIndex), Gemerkt(Programm, SyncIndexPrüfsumme)))
-        std::ranges::copy_if(Regeln, std::back_inserter(Programm.VertrauteRegeln), Verschiebt);
-}
-
-void RegelvertrauenMerken(Anwendung& Programm, std::string_view Datei) {
-    const Katalog& Index = Programm.Index;
-    const auto& Regeln = Index.Optionen.SyncOrdner;
-    if (Datei != Index.IndexDateiname || std::ranges::none_of(Regeln, Verschiebt)) return;
-    if (!std::ranges::all_of(Regeln, [&](const SyncRegel& Regel) { return Vertraut(Programm, Regel); }))
-        return;
-    Wertspeicher& Nutzer = Programm.Dienst.Nutzerwerte;
-    Nutzer.Schreiben(SyncIndex, std::string(Datei));
-    Nutzer.Schreiben(SyncIndexPrüfsumme, IndexprüfsummeVon(Programm, Datei));
-    // Written at once: a run that is cut off would otherwise ask for what it was told.
-    Nutzer.Sichern();
-}
 
 void RegelnEingetragen(Anwendung& Programm, const Indexoptionen& Alt) {
     for (const SyncRegel& Regel : Programm.Index.Optionen.SyncOrdner) {
@@ -62,7 +53,6 @@ void RegelnEingetragen(Anwendung& Programm, const Indexoptionen& Alt) {
 bool RegelnErlauben(Anwendung& Programm) {
     const Laufsperre Sperre(Programm);
     const Katalog& Index = Programm.Index;
-    bool Gefragt = false;
     // A copy: the event loop gets turns meanwhile.
     for (const SyncRegel& Regel : std::vector<SyncRegel>(Index.Optionen.SyncOrdner)) {
         if (Vertraut(Programm, Regel)) continue;
@@ -80,11 +70,7 @@ bool RegelnErlauben(Anwendung& Programm) {
             return false;
         }
         Vertrauen(Programm, Regel);
-        Gefragt = true;
     }
-    // What lies in the file is what was asked about.
-    if (Gefragt && !Index.IndexGeändert && DateistandLesen(Index.IndexDateiname) == Index.IndexDateiZeit)
-        RegelvertrauenMerken(Programm, Index.IndexDateiname);
     return true;
 }
 

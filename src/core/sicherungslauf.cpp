@@ -66,8 +66,8 @@ bool Gefragt(Anwendung& Programm, const Sicherungskopie& Kopie) {
 }
 
 // What was to take the index's place cannot be used: the file that stood there comes back. Its copy stays.
-void Zurückholen(Anwendung& Programm, const std::string& Anfang, const std::string& Ziel,
-                 const std::string& Ersetzte) {
+void Zurückholen(Anwendung& Programm, const std::string& Ziel, const std::string& Ersetzte) {
+    const std::string Anfang = "Die Sicherungskopie konnte nicht geladen werden.\n";
     if (const Dateifehler Fehler = DateiKopieren(Ersetzte, VerweiseAuflösen(Ziel))) {
         Programm.Dienst.Person.Melden(Symbol::Ausrufezeichen,
                                       Anfang + "Die vorherige Indexdatei liegt unter '" + Ersetzte +
@@ -140,6 +140,7 @@ bool SicherungskopieWiederherstellen(Anwendung& Programm, const Sicherungskopie&
     const std::string Ersetzte = NameFürErsetzte(Programm, Ziel);
     const std::string Misslungen =
         "Die Indexdatei '" + Ziel + "' konnte nicht durch die Sicherungskopie ersetzt werden.";
+    const auto Vorher = DateistandLesen(Ziel);
     if (Vorhanden) {
         if (const Dateifehler Fehler = DateiKopieren(Ziel, Ersetzte, Vorhandenes::Lassen)) {
             ScheiternMelden(Programm,
@@ -149,24 +150,21 @@ bool SicherungskopieWiederherstellen(Anwendung& Programm, const Sicherungskopie&
         }
     }
     // A link stays one; the index lies where it leads.
-    const auto Vorher = DateistandLesen(Ziel);
     if (const Dateifehler Fehler = DateiKopieren(Kopie.Pfad, VerweiseAuflösen(Ziel))) {
-        if (Vorhanden && DateistandLesen(Ziel) != Vorher) {
-            // It failed behind the replacement: what stands there now may be anything.
-            Zurückholen(Programm, Misslungen + "\n" + Fehler.Text + "\n", Ziel, Ersetzte);
-            return false;
-        }
-        // The file that was to be replaced stands where it was; its copy is not needed.
-        if (Vorhanden) DateiLöschen(Ersetzte);
-        ScheiternMelden(Programm, Misslungen, Fehler, Gespeichert);
+        // What stands there now may be a replacement that failed late, or what another program has saved
+        // meanwhile: nothing is written over it. Where it is the old file, its copy is not needed.
+        const bool Unberührt = !Vorhanden || DateistandLesen(Ziel) == Vorher;
+        if (Vorhanden && Unberührt) DateiLöschen(Ersetzte);
+        ScheiternMelden(
+            Programm, Unberührt ? Misslungen : Misslungen + " Die vorherige liegt unter '" + Ersetzte + "'.",
+            Fehler, Gespeichert);
         return false;
     }
     if (StandardDateiLaden(Programm, ModusNichtsGeladen, false)) {
         Programm.Dienst.Person.StatusZeigen("Die Indexdatei wurde ersetzt und geladen");
         return true;
     }
-    if (Vorhanden)
-        Zurückholen(Programm, "Die Sicherungskopie konnte nicht geladen werden.\n", Ziel, Ersetzte);
+    if (Vorhanden) Zurückholen(Programm, Ziel, Ersetzte);
     return false;
 }
 

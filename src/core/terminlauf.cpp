@@ -11,6 +11,10 @@ bool HatProgramme(const Katalog& Index) {
     return std::ranges::any_of(Index.Termine, [](const Termin& Einer) { return !Einer.Anwendung.empty(); });
 }
 
+std::string PrüfsummeVon(const Anwendung& Programm, std::string_view Datei) {
+    return Programm.Dienst.DateiPrüfsumme ? Programm.Dienst.DateiPrüfsumme(Datei) : std::string();
+}
+
 bool Starterlaubnis(Anwendung& Programm, const Termin& Eintrag) {
     if (Programm.VertrauteProgramme.contains(Eintrag.Anwendung)) return true;
     const Antwort Erlaubt = Programm.Dienst.Person.JaNein(
@@ -40,16 +44,6 @@ void ProgrammStarten(Anwendung& Programm, const Termin& Eintrag) {
 
 }  // namespace
 
-std::string IndexprüfsummeVon(const Anwendung& Programm, std::string_view Datei) {
-    return Programm.Dienst.DateiPrüfsumme ? Programm.Dienst.DateiPrüfsumme(Datei) : std::string();
-}
-
-bool IstGeladeneDatei(const Anwendung& Programm, std::string_view Datei, std::string_view Prüfsumme) {
-    const Katalog& Index = Programm.Index;
-    return Datei == Index.IndexDateiname && !Prüfsumme.empty() &&
-           IndexprüfsummeVon(Programm, Datei) == Prüfsumme && DateistandLesen(Datei) == Index.IndexDateiZeit;
-}
-
 void TerminePrüfenEinrichten(Anwendung& Programm) {
     Programm.TerminePrüfen = [&Programm] {
         const Dienste& Dienst = Programm.Dienst;
@@ -75,7 +69,12 @@ void TerminvertrauenLesen(Anwendung& Programm) {
     Programm.VertrauteProgramme.clear();
     const Einstellungen& Werte = Programm.Werte;
     const Katalog& Index = Programm.Index;
-    if (!HatProgramme(Index) || !IstGeladeneDatei(Programm, Werte.TermineIndex, Werte.TermineIndexPrüfsumme))
+    if (!HatProgramme(Index) || Werte.TermineIndex != Index.IndexDateiname ||
+        Werte.TermineIndexPrüfsumme.empty())
+        return;
+    // What was loaded, not what lies there now.
+    if (PrüfsummeVon(Programm, Index.IndexDateiname) != Werte.TermineIndexPrüfsumme ||
+        DateistandLesen(Index.IndexDateiname) != Index.IndexDateiZeit)
         return;
     for (const Termin& Einer : Index.Termine)
         Programm.VertrauteProgramme.insert(Einer.Anwendung);
@@ -90,7 +89,7 @@ void TerminvertrauenMerken(Anwendung& Programm, std::string_view Datei) {
     });
     if (!AlleVertraut) return;
     Werte.TermineIndex = Datei;
-    Werte.TermineIndexPrüfsumme = IndexprüfsummeVon(Programm, Datei);
+    Werte.TermineIndexPrüfsumme = PrüfsummeVon(Programm, Datei);
     // Written at once: a run that is cut off would otherwise ask for what it was told.
     Wertspeicher& Nutzer = Programm.Dienst.Nutzerwerte;
     Nutzer.Schreiben("TermineIndex", Werte.TermineIndex);

@@ -5,7 +5,6 @@
 // else starts nothing by itself.
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "core/anwendung.h"
@@ -20,11 +19,5 @@ void TerminGespeichert(Anwendung& Programm, std::size_t Nummer);
 void TerminvertrauenLesen(Anwendung& Programm);
 // The index has been saved to Datei: if all its programs are trusted, the settings keep what tells the file.
 void TerminvertrauenMerken(Anwendung& Programm, std::string_view Datei);
-
-// The check sum of an index file as the settings keep it; empty when there is none.
-std::string IndexprüfsummeVon(const Anwendung& Programm, std::string_view Datei);
-// True when the loaded index is the file of that name and check sum: what was loaded, not what lies there
-// now.
-bool IstGeladeneDatei(const Anwendung& Programm, std::string_view Datei, std::string_view Prüfsumme);
 
 }  // namespace liedwerk

@@ -326,7 +326,8 @@ Neulesung GeänderteNeuLesen(const Hinzufügeumgebung& Umgebung, const Uhr& Zeit
                             const Neuleseauftrag& Auftrag) {
     Neulesung Ergebnis;
     const std::int64_t Beginn = Frühestens(Auftrag.Beginn, Zeit);
-    Änderungssuche Suche(Umgebung, Zeit, LetzterLauf(Umgebung.Index, Beginn));
+    const auto Voriger = LetzterLauf(Umgebung.Index, Beginn);
+    Änderungssuche Suche(Umgebung, Zeit, Voriger);
     Ergebnis.Abgebrochen =
         !Suche.Suchen(Auftrag.Letzter) || !Neuleser(Umgebung, Ergebnis).Lesen(Suche.Geänderte);
     if (Ergebnis.Abgebrochen) return Ergebnis;
@@ -345,6 +346,9 @@ Neulesung GeänderteNeuLesen(const Hinzufügeumgebung& Umgebung, const Uhr& Zeit
     const bool Gelesen = Suche.Geänderte.size() > Ergebnis.Unlesbar.size();
     Index.IndexGeändert = Index.IndexGeändert || Gelesen || Index.Optionen.SyncStand.empty();
     Index.Optionen.SyncStand = std::move(*Stand);
+    // The person is told once of each; a message that comes every time is not read.
+    std::erase_if(Ergebnis.Unlesbar,
+                  [&](const std::string& Pfad) { return Voriger.Fehlten.contains(Standname(Pfad)); });
     return Ergebnis;
 }
 

@@ -13,7 +13,8 @@ namespace liedwerk {
 struct Neulesung {
     bool Abgebrochen = false;           // by the person; what was read by then is in the index
     Satznummer Geändert = 0;            // records that tell something else now
-    std::vector<std::string> Unlesbar;  // files that could not be read: their records are as they were
+    std::vector<std::string> Unlesbar;  // files that could not be read, and were not among those of the run
+                                        // before: their records are as they were
 };
 
 struct Neuleseauftrag {

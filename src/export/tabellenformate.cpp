@@ -34,8 +34,7 @@ bool WäreFormel(std::string_view Wert) {
     if (Wert.empty() || std::string_view("=+-@\t\r").find(Wert.front()) == std::string_view::npos)
         return false;
     const bool Vorzeichen = Wert.front() == '+' || Wert.front() == '-';
-    return !Vorzeichen || Wert.size() == 1 ||
-           Wert.find_first_not_of("0123456789.,", 1) != std::string_view::npos;
+    return !Vorzeichen || Wert.find_first_not_of("0123456789.,", 1) != std::string_view::npos;
 }
 
 // A field of RFC 4180: in quotation marks, doubled within, where it needs them. An apostrophe in front makes

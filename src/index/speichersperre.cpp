@@ -63,7 +63,8 @@ Dateifehler TemporärnamePrüfen(const std::string& Datei) {
     const std::string Temporär = TemporärnameVon(Datei);
     // What cannot be read is for the opening to judge.
     const std::string Anfang = Lesedatei::Öffnen(Temporär).Lesen(0, IndexVersionAnfang.size());
-    if (IndexVersionAnfang.starts_with(Anfang)) return {};
+    // A system that was cut off may leave zeros.
+    if (IndexVersionAnfang.starts_with(Anfang) || Anfang.find_first_not_of('\0') == Anfang.npos) return {};
     return {1, "'" + Temporär +
                    "' stammt nicht von diesem Programm. Benennen Sie diese Datei um oder löschen "
                    "Sie sie"};

@@ -106,10 +106,16 @@ std::optional<Medienangaben> AuskunftHolen(const Medienumgebung& Umgebung, std::
     return Angaben;
 }
 
+// Of a file that TagLib tells nothing about: whether it answers at all.
+void OhneAuskunftLassen(std::string_view Pfad, Datensatz& Satz) {
+    UngelesenLassen(Satz);
+    Satz.Lesegestört = DateiExistiert(Pfad) && !IstLesbar(Pfad);
+}
+
 // MediaPlayerLesen with its texts.
 void WindowsMediaLesen(const Medienumgebung& Umgebung, std::string_view Pfad, Datensatz& Satz) {
     auto Angaben = AuskunftHolen(Umgebung, Pfad, Satz);
-    if (!Angaben) return UngelesenLassen(Satz);
+    if (!Angaben) return OhneAuskunftLassen(Pfad, Satz);
     Satz.HatId3v1 = TagVorhanden;
     Satz.HatId3v2 = Satz.HatLyrics = TagFehlt;
     Satz.Dauer = Gerundet<std::int32_t>(Angaben->Dauer).value_or(Satz.Dauer);
@@ -135,7 +141,7 @@ std::string Kanalmodus(int Kanäle) {
 void WeiteresFormatLesen(const Medienumgebung& Umgebung, std::string_view Pfad, bool ZeilenEntfernen,
                          Datensatz& Satz) {
     auto Angaben = AuskunftHolen(Umgebung, Pfad, Satz);
-    if (!Angaben) return UngelesenLassen(Satz);
+    if (!Angaben) return OhneAuskunftLassen(Pfad, Satz);
     Satz.HatId3v1 = Satz.HatId3v2 = Satz.HatLyrics = TagFehlt;
     const auto Zahlentext = [](unsigned Zahl) { return Zahl == 0 ? std::string() : std::to_string(Zahl); };
     Satz.Dauer = Gerundet<std::int32_t>(Angaben->Dauer).value_or(Satz.Dauer);
@@ -236,7 +242,9 @@ void RandangabenLesen(const Medienumgebung& Umgebung, std::string_view Pfad, con
     if (!Auftrag.GrößeLesen && !Auftrag.WechselmediumLesen && !DatumFehlt) return;
     // A file that could not be opened, or was not, may exist all the same.
     if (!Stand && DateiExistiert(Pfad)) Stand = DateistandLesen(Pfad);
-    if (Auftrag.GrößeLesen) Satz.Größe = Stand ? static_cast<std::int64_t>(Stand->Größe) : -1;
+    // By its size a file is known for changed: one that did not answer keeps that of the last time.
+    if (Auftrag.GrößeLesen && !(Stand && Satz.Lesegestört))
+        Satz.Größe = Stand ? static_cast<std::int64_t>(Stand->Größe) : -1;
     if (Auftrag.WechselmediumLesen && Stand && Umgebung.Wechselmedium) {
         Satz.Wechselmedium = Umgebung.Wechselmedium(Pfad);
     }

@@ -245,6 +245,7 @@ Dateiersatz::Öffnung Dateiersatz::Öffnen(std::string Ziel, std::string Tempor�
                 Zielpfad = *Letztes;
                 Temporärpfad = std::move(Temporär);
                 Vorbildpfad = std::move(Vorbild);
+                NurFürEigenen = FürNeue == Zugang::NurEigener;
                 return Öffnung::Bereit;
         }
     }
@@ -312,6 +313,9 @@ bool Dateiersatz::Übernehmen(bool BehalteTemporär, Vorhandenes Regel) {
     if (!Neu) EigenschaftenÜbertragen(Zielpfad, Alt, Griff);
     if (Neu && !Vorbildpfad.empty() && ::stat(Vorbildpfad.c_str(), &Alt) == 0)
         EigenschaftenÜbertragen(VerweiseAuflösen(Vorbildpfad), Alt, Griff);
+    struct stat Jetzige {};
+    if (NurFürEigenen && ::fstat(Griff, &Jetzige) == 0 && (Jetzige.st_mode & S_IRWXO) != 0)
+        ::fchmod(Griff, Jetzige.st_mode & 07770);
     if (ZeitBehalten) {
         const timespec Zeiten[2] = {{0, UTIME_OMIT}, {ZeitSekunden, ZeitNanosekunden}};
         ::futimens(Griff, Zeiten);

@@ -95,7 +95,9 @@ std::string FreierName(std::string_view Programmordner) {
 
 std::string Programmordner() {
     std::string Ordner = GewählterOrdner();
-    static_cast<void>(OrdnerAnlegen(Ordner, Zugang::NurEigener));
+    // A folder that the person has named may be meant for others too.
+    const bool Genannt = !Umgebungswert("LIEDWERK_ORDNER").empty();
+    static_cast<void>(OrdnerAnlegen(Ordner, Genannt ? Zugang::Üblich : Zugang::NurEigener));
     return Ordner;
 }
 

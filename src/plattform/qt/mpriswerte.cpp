@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "basis/pfad.h"
+#include "basis/steuerzeichen.h"
 
 namespace liedwerk {
 namespace {
@@ -40,14 +41,13 @@ bool IstHier(const QString& Wirt) {
 
 // A line end would break out of the one line in which texts are shown, other control characters reach a
 // terminal.
-bool IstSteuerzeichen(QChar Zeichen) {
-    const ushort Code = Zeichen.unicode();
-    return (Code < 32 && Code != '\t') || (Code >= 0x7F && Code < 0xA0) || Code == 0x2028 || Code == 0x2029;
+bool StörtDieZeile(QChar Zeichen) {
+    return Zeichen != u'\t' && IstSteuerzeichen(char32_t{Zeichen.unicode()});
 }
 
 QString Anzeigezeile(QString Text) {
     Text.truncate(LängsterText);
-    std::replace_if(Text.begin(), Text.end(), IstSteuerzeichen, u' ');
+    std::replace_if(Text.begin(), Text.end(), StörtDieZeile, u' ');
     return Text.trimmed();
 }
 

@@ -14,6 +14,8 @@ namespace {
 void cmdListeAufräumen_Click(Fensterplatz& Platz) {
     if (auto* const Knopf = Platz.Fenster.findChild<QToolButton*>(u"cmdListeAufräumen"_s))
         BesuchtFärben(*Knopf, Platz.Programm.Werte);
+    // A refusal is no run that has come to its end.
+    Platz.Programm.AbgleichGelungen = false;
     if (RegelnErlauben(Platz.Programm)) SynchronisierenLauf(Platz.Programm);
 }
 

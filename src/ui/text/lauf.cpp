@@ -92,7 +92,7 @@ Programmlauf::Programmlauf(const Globaloptionen& Global)
     EndesignaleMerken();
     Anwendung& P = Alles->Programm;
     if (!OrdnerExistiert(P.Dienst.Programmordner)) {
-        if (const auto Fehler = OrdnerAnlegen(P.Dienst.Programmordner, Zugang::NurEigener)) {
+        if (const auto Fehler = OrdnerAnlegen(P.Dienst.Programmordner)) {
             Fehlermelden("Der Programm-Ordner '" + P.Dienst.Programmordner +
                          "' konnte nicht angelegt werden: " + Fehler.Text);
             return;
