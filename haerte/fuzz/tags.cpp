@@ -1,6 +1,7 @@
 // The tags of MPEG files: read, written, read again, removed.
 #include <algorithm>
 
+#include "basis/ansi.h"
 #include "basis/datei.h"
 #include "basis/zahl.h"
 #include "fuzz/ziel.h"
@@ -170,13 +171,16 @@ void LyricsPrüfen(std::string_view Eingabe) {
     };
     const Datensatz Satz = Lesen();
     // A damaged tag counts as none and stays: its marker hides the one that a save puts behind it.
-    const bool HatMarke =
-        Eingabe.find("LYRICS200") != Eingabe.npos || Eingabe.find("LYRICSEND") != Eingabe.npos;
-    if (HatMarke && Satz.HatLyrics != TagVorhanden) return;
-    // Nor does a marker, or most of one, in the text: the first one counts.
-    if (Satz.LyricsText.find("LYRICS") != std::string::npos) return;
+    const auto HatMarke = [](std::string_view Bytes) {
+        return Bytes.find("LYRICS200") != Bytes.npos || Bytes.find("LYRICSEND") != Bytes.npos;
+    };
+    if (HatMarke(Eingabe) && Satz.HatLyrics != TagVorhanden) return;
+    // So does one in the sound in front of it, once the tag is shorter.
+    if (HatMarke(OhneTag(Eingabe, Tagblock::Lyrics, {}))) return;
+    // Nor does a marker, or most of one, in the text or another field: the first one counts.
+    if ((Satz.LyricsText + Satz.LyricsWeitereFelder).find("LYRICS") != std::string::npos) return;
     // A last field of fewer than two characters is not looked at.
-    if (Satz.LyricsWeitereFelder.empty() ? Satz.LyricsText.size() == 1
+    if (Satz.LyricsWeitereFelder.empty() ? Utf8NachAnsiErsatz(Satz.LyricsText).size() == 1
                                          : LetzterWert(Satz.LyricsWeitereFelder).size() < 2)
         return;
     // A tag that does not end where it should leaves bytes behind it, in which a marker is found first.
